@@ -1,0 +1,9 @@
+#pragma once
+
+#include <any>
+
+namespace Vetra {
+
+using any = std::any;
+
+} // namespace Vetra

@@ -1,0 +1,12 @@
+#include "vetra/referenced.h"
+
+namespace Vetra {
+
+Referenced::~Referenced() = default;
+
+void Referenced::destroy()
+{
+    delete this;
+}
+
+} // namespace Vetra
