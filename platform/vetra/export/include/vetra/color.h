@@ -10,11 +10,11 @@ class Color {
 public:
     /// Opaque black.
     constexpr Color() noexcept = default;
-    /// Channels from 0 to 1, rounded to the nearest of 256 steps; values outside are clamped, NaN counts as 0.
+    /// Channels from 0 to 1, rounded to the nearest of 256 steps; values outside are clamped, NaN
+    /// counts as 0.
     constexpr Color(double r, double g, double b, double a = 1.0) noexcept
         : m_packed(channel(a) << 24 | channel(r) << 16 | channel(g) << 8 | channel(b))
-    {
-    }
+    {}
     static constexpr Color fromPacked(std::uint32_t packed) noexcept
     {
         Color color;

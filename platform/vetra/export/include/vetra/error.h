@@ -7,8 +7,8 @@
 
 namespace Vetra {
 
-/// The exception of every library failure: a message group such as "tova:nodes" and a key in it, by which the host
-/// looks up its own text.
+/// The exception of every library failure: a message group such as "tova:nodes" and a key in it, by
+/// which the host looks up its own text.
 class VETRA_EXPORT Error : public std::runtime_error {
 public:
     /// `what()` reads "group/key", followed by ": detail" where there is one.

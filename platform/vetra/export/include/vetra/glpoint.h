@@ -2,7 +2,8 @@
 
 namespace Vetra {
 
-/// A point or a displacement, y growing downwards. It carries no unit; scene code uses points (1/72 inch).
+/// A point or a displacement, y growing downwards. It carries no unit; scene code uses points (1/72
+/// inch).
 template <class T>
 struct GLPoint {
     T x{}, y{};

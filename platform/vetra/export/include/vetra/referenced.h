@@ -3,8 +3,8 @@
 #include "vetra/vetra_export.h"
 
 #include <atomic>
-#include <type_traits>
 #include <cstddef>
+#include <type_traits>
 #include <utility>
 
 namespace Vetra {
@@ -30,15 +30,16 @@ public:
 protected:
     // Order of the virtual operations matters to those who derive: destructor, then destroy.
     virtual ~Referenced();
-    /// The count has reached zero. Deletes the object unless a class has a better way to dispose of it.
+    /// The count has reached zero. Deletes the object unless a class has a better way to dispose of
+    /// it.
     virtual void destroy();
 
 private:
     mutable std::atomic<int> m_count{0};
 };
 
-/// Owning pointer to a `Referenced` object; empty by default. Holders of one object may live in several threads,
-/// one holder may not.
+/// Owning pointer to a `Referenced` object; empty by default. Holders of one object may live in
+/// several threads, one holder may not.
 template <class T>
 class Holder {
 public:
@@ -48,10 +49,8 @@ public:
     Holder(const Holder& other) noexcept : m_object(other.m_object) { acquire(); }
     Holder(Holder&& other) noexcept : m_object(std::exchange(other.m_object, nullptr)) {}
     template <class U>
-        requires std::is_convertible_v<U*, T*>
-    Holder(const Holder<U>& other) noexcept : Holder(other.get())
-    {
-    }
+    requires std::is_convertible_v<U*, T*> Holder(const Holder<U>& other)
+    noexcept : Holder(other.get()) {}
     ~Holder() { drop(m_object); }
 
     Holder& operator=(Holder other) noexcept

@@ -9,8 +9,8 @@
 
 namespace Vetra {
 
-/// Interned identifier: equal texts share one entry for the life of the process, so that comparing and hashing cost
-/// one pointer. Safe to make from any thread.
+/// Interned identifier: equal texts share one entry for the life of the process, so that comparing
+/// and hashing cost one pointer. Safe to make from any thread.
 class VETRA_EXPORT StringID {
 public:
     /// The empty identifier; equal to `StringID("")`.
@@ -25,7 +25,10 @@ public:
     /// By identity, which is equality of texts.
     bool operator==(const StringID&) const = default;
     /// A stable order within one process, by address; not alphabetical.
-    bool operator<(const StringID& other) const noexcept { return std::less<>()(m_entry, other.m_entry); }
+    bool operator<(const StringID& other) const noexcept
+    {
+        return std::less<>()(m_entry, other.m_entry);
+    }
 
     friend std::size_t hash_value(const StringID& id) noexcept
     {

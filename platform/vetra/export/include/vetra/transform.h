@@ -18,7 +18,8 @@ struct VETRA_EXPORT Transform {
     {
         return {sx, 0, 0, sy, 0, 0};
     }
-    /// Positive angles turn clockwise on screen, since y grows downwards. Multiples of a right angle are exact.
+    /// Positive angles turn clockwise on screen, since y grows downwards. Multiples of a right
+    /// angle are exact.
     static Transform fromRotateDegrees(double degrees) noexcept;
     static Transform fromRotateRadians(double radians) noexcept;
 
@@ -43,9 +44,9 @@ struct VETRA_EXPORT Transform {
     /// Left to right: `a * b` maps by `a` first, then by `b`.
     constexpr Transform operator*(const Transform& b) const noexcept
     {
-        return {m11 * b.m11 + m12 * b.m21,         m11 * b.m12 + m12 * b.m22,
-                m21 * b.m11 + m22 * b.m21,         m21 * b.m12 + m22 * b.m22,
-                dx * b.m11 + dy * b.m21 + b.dx,    dx * b.m12 + dy * b.m22 + b.dy};
+        return {m11 * b.m11 + m12 * b.m21,      m11 * b.m12 + m12 * b.m22,
+                m21 * b.m11 + m22 * b.m21,      m21 * b.m12 + m22 * b.m22,
+                dx * b.m11 + dy * b.m21 + b.dx, dx * b.m12 + dy * b.m22 + b.dy};
     }
 
     bool operator==(const Transform&) const = default;
