@@ -1,0 +1,28 @@
+#pragma once
+
+#include "tova/nodes/geometry/bounds.h"
+#include "tova/tova_export.h"
+#include "vetra/glpoint.h"
+#include "vetra/glrect.h"
+#include "vetra/referenced.h"
+
+namespace Tova2 {
+
+class Node;
+
+/// Answers hit tests in a node's stead. Shared by reference count: each node that uses it holds one reference.
+/// Everything is in the node's own coordinates; `tolerance` widens the hit area, in the same unit.
+class TOVA_EXPORT CustomHitTestFunctor : public Vetra::Referenced {
+public:
+    virtual bool contains(const Node& node, double tolerance,
+                          const Vetra::GLPoint<double>& point) const = 0;
+    virtual bool intersects(const Node& node, double tolerance,
+                            const Vetra::GLRect<double>& rect) const = 0;
+    virtual bool intersects(const Node& node, double tolerance, const Bounds& bounds) const = 0;
+    virtual Bounds hitTestBounds(const Node& node, double tolerance) const = 0;
+
+protected:
+    ~CustomHitTestFunctor() override;
+};
+
+} // namespace Tova2

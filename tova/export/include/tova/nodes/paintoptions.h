@@ -1,0 +1,17 @@
+#pragma once
+
+#include "vetra/glrect.h"
+
+#include <cstdint>
+
+namespace Tova2 {
+
+/// What a node may know of the paint it takes part in. It never learns what device it is drawn on.
+struct PaintOptions {
+    double viewScale = 1.0;          ///< device pixels a scene unit
+    std::uint8_t quality = 2;        ///< 0 coarsest, 2 full
+    bool offScreen = false;          ///< an image, a picture or a printer instead of a canvas
+    Vetra::GLRect<double> exposed{}; ///< the part to paint, in scene coordinates
+};
+
+} // namespace Tova2
