@@ -1,0 +1,49 @@
+// What a host needs from the installed libraries: headers that stand alone, a picture with the
+// right pixels, and errors that can be caught on this side of a shared library.
+#include <tova/tova.h>
+
+#include <QApplication>
+#include <QImage>
+
+#include <cstdio>
+
+namespace {
+
+bool paintsItsFill()
+{
+    const auto scene = Tova2::Scene::createScene();
+    Tova2::RectNode block(Vetra::GLRect<double>{0, 0, 40, 40});
+    block.setFill(Tova2::Fill(Vetra::Color(0, 0, 1, 1)));
+    scene->addNode(block);
+
+    QImage picture(60, 60, QImage::Format_ARGB32_Premultiplied);
+    picture.fill(Qt::white);
+    scene->render(picture, {0, 0, 60, 60}, {-10, -10, 60, 60});
+    return picture.pixelColor(30, 30) == Qt::blue && picture.pixelColor(5, 5) == Qt::white;
+}
+
+bool errorsCrossTheLibrary()
+{
+    try {
+        Tova2::Node().setPosition({1, 1});
+    } catch (const Vetra::Error& error) {
+        return error.key() == "InvalidNode";
+    }
+    return false;
+}
+
+bool check(const char* what, bool passed)
+{
+    std::printf("consumer: %s: %s\n", what, passed ? "yes" : "NO");
+    return passed;
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    const QApplication application(argc, argv);
+    const bool painted = check("a block is painted in its colour", paintsItsFill());
+    const bool caught = check("an error can be caught by its type", errorsCrossTheLibrary());
+    return painted && caught ? 0 : 1;
+}
