@@ -1,0 +1,153 @@
+#include "nodes/nodeextras.h"
+#include "nodes/nodeimpl.h"
+
+#include "vetra/qt.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace Tova2 {
+
+QRectF NodeImpl::strokedRect() const
+{
+    const QRectF rect = geometryRect();
+    const Stroke& stroke = m_style.stroke();
+    if (stroke.isNoStroke())
+        return rect;
+    const double reach = stroke.width(1.0) * strokeReach();
+    return rect.adjusted(-reach, -reach, reach, reach);
+}
+
+Bounds NodeImpl::outline() const
+{
+    return Bounds(strokedRect());
+}
+
+bool NodeImpl::outlineContains(const QPointF& point) const
+{
+    return outline().contains(Vetra::fromQt(point));
+}
+
+bool NodeImpl::outlineIntersects(const Bounds& area) const
+{
+    return outline().intersectsWith(area);
+}
+
+bool NodeImpl::hitContains(const QPointF& point)
+{
+    if (m_extras && m_extras->hitTester) {
+        const auto functor = m_extras->hitTester;
+        return functor->contains(handle(), 0.0, Vetra::fromQt(point));
+    }
+    return outlineContains(point);
+}
+
+bool NodeImpl::hitIntersects(const QRectF& rect)
+{
+    if (m_extras && m_extras->hitTester) {
+        const auto functor = m_extras->hitTester;
+        return functor->intersects(handle(), 0.0, Vetra::fromQt(rect));
+    }
+    return outlineIntersects(Bounds(rect));
+}
+
+bool NodeImpl::hitIntersects(const Bounds& area)
+{
+    if (m_extras && m_extras->hitTester) {
+        const auto functor = m_extras->hitTester;
+        return functor->intersects(handle(), 0.0, area);
+    }
+    return outlineIntersects(area);
+}
+
+void NodeImpl::setDrawStyle(const DrawStyle& style)
+{
+    if (style == m_style)
+        return;
+    geometryChanging();
+    m_style = style;
+    reportChange(ChangeLevel::Geometry);
+}
+
+bool NodeImpl::isVisibleItself() const
+{
+    // Not QGraphicsItem::isVisible, which is false as well when an ancestor is hidden.
+    return m_isReady && isVisibleTo(parentItem());
+}
+
+bool NodeImpl::isVisibleToScene() const
+{
+    return m_isReady && isVisibleTo(nullptr);
+}
+
+void NodeImpl::setNodeVisible(bool visible)
+{
+    if (visible == isVisibleTo(parentItem()))
+        return;
+    QGraphicsItem::setVisible(visible);
+    reportChange(ChangeLevel::Presence);
+}
+
+void NodeImpl::setNodeOpacity(double opacity)
+{
+    if (!std::isfinite(opacity))
+        return;
+    const double clamped = std::clamp(opacity, 0.0, 1.0);
+    if (clamped == QGraphicsItem::opacity())
+        return;
+    QGraphicsItem::setOpacity(clamped);
+    reportChange(ChangeLevel::Presence);
+}
+
+void NodeImpl::setCacheType(CacheType type)
+{
+    if (type == m_cacheType || type > CacheType::DeviceCoordinateCache)
+        return;
+    m_cacheType = type;
+    reportChange(ChangeLevel::Appearance);
+}
+
+void NodeImpl::setMinLODQuality(std::uint8_t quality)
+{
+    if (quality == m_minQuality)
+        return;
+    m_minQuality = quality;
+    reportChange(ChangeLevel::Appearance);
+}
+
+bool NodeImpl::canRenderAtLODQuality(std::uint8_t quality, double) const
+{
+    return quality >= m_minQuality;
+}
+
+void NodeImpl::setClipsChildren(bool clips)
+{
+    if (clips == m_clipsChildren)
+        return;
+    m_clipsChildren = clips;
+    reportChange(ChangeLevel::Presence);
+}
+
+bool NodeImpl::stacksBehindParent() const
+{
+    return flags() & ItemStacksBehindParent;
+}
+
+void NodeImpl::setStacksBehindParent(bool behind)
+{
+    if (behind == stacksBehindParent())
+        return;
+    setFlag(ItemStacksBehindParent, behind);
+    reportChange(ChangeLevel::Stacking);
+}
+
+void NodeImpl::setIgnoresTransformations(bool ignores)
+{
+    if (ignores == m_ignoresTransformations)
+        return;
+    geometryChanging();
+    m_ignoresTransformations = ignores;
+    reportChange(ChangeLevel::Placement);
+}
+
+} // namespace Tova2

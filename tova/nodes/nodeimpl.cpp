@@ -1,0 +1,154 @@
+#include "nodes/nodeimpl.h"
+
+#include "nodes/destruction.h"
+#include "nodes/nodechangesink.h"
+#include "nodes/nodeextras.h"
+#include "nodes/nodepool.h"
+#include "nodes/paintcontext.h"
+#include "nodes/reparentguard.h"
+#include "nodes/scenelink.h"
+
+#include "host/diagnosticscounter.h"
+
+#include <QPainter>
+
+#include <cstring>
+
+namespace Tova2 {
+
+namespace {
+
+Host::DiagnosticsCounter& instances()
+{
+    static auto& counter = Host::counter("Node:Node raw instance count");
+    return counter;
+}
+
+} // namespace
+
+NodeChangeSink& NodeChangeSink::fallback()
+{
+    struct Nowhere final : NodeChangeSink {
+        void nodeChanged(NodeImpl&, ChangeLevel) override {}
+    };
+    static Nowhere nowhere;
+    return nowhere;
+}
+
+void* NodeImpl::operator new(std::size_t size)
+{
+    return NodePool::allocate(size);
+}
+
+void NodeImpl::operator delete(void* block, std::size_t size) noexcept
+{
+    NodePool::release(block, size);
+}
+
+NodeImpl::NodeImpl()
+{
+    instances().increment();
+}
+
+NodeImpl::~NodeImpl()
+{
+    Q_ASSERT(!m_scene && !m_isMember && !ReparentGuard::isMoving(*this));
+    m_isReady = false;
+    detachChildren();
+    instances().decrement();
+}
+
+void NodeImpl::destroy()
+{
+    dispose(this);
+}
+
+void NodeImpl::detachChildren()
+{
+    // The toolkit would delete them with their parent. From the front: it removes the first child in constant time.
+    const auto children = childItems();
+    for (QGraphicsItem* const item : children) {
+        item->setParentItem(nullptr);
+        nodeOf(item)->setMembership(false);
+    }
+}
+
+bool NodeImpl::isa(const char* name) const
+{
+    return name && (name == typeName() || std::strcmp(name, typeName()) == 0 ||
+                    std::strcmp(name, "Tova2.Node") == 0);
+}
+
+void NodeImpl::setSceneLink(SceneLink* scene)
+{
+    m_scene = scene;
+    sceneChanged();
+}
+
+void NodeImpl::setMembership(bool isMember)
+{
+    if (isMember == m_isMember)
+        return;
+    m_isMember = isMember;
+    if (isMember)
+        increment();
+    else
+        unreference();
+}
+
+NodeExtras& NodeImpl::madeExtras()
+{
+    if (!m_extras)
+        m_extras = std::make_unique<NodeExtras>();
+    return *m_extras;
+}
+
+void NodeImpl::setChangeSink(NodeChangeSink* sink)
+{
+    if (sink || m_extras)
+        madeExtras().sink = sink;
+}
+
+void NodeImpl::reportChange(ChangeLevel level)
+{
+    dropCaches(level);
+    if (m_scene)
+        m_scene->noteChange(*this, level);
+    // The sink may drop the last reference.
+    const Vetra::Holder<NodeImpl> keep(referenceCount() > 0 ? this : nullptr);
+    NodeChangeSink* const own = m_extras ? m_extras->sink : nullptr;
+    if (own)
+        own->nodeChanged(*this, level);
+    else if (m_scene)
+        m_scene->changeSink().nodeChanged(*this, level);
+    else
+        NodeChangeSink::fallback().nodeChanged(*this, level);
+}
+
+QPainterPath NodeImpl::shape() const
+{
+    return outline().asQPainterPath();
+}
+
+void NodeImpl::paint(QPainter* painter, const QStyleOptionGraphicsItem*, QWidget*)
+{
+    PaintContext context(*painter, painter->worldTransform(), PaintOptions{});
+    context.enter(QTransform());
+    paintNode(context);
+}
+
+std::vector<NodeImpl*> subtreeOf(NodeImpl& root)
+{
+    std::vector<NodeImpl*> nodes, pending{&root};
+    while (!pending.empty()) {
+        NodeImpl* const node = pending.back();
+        pending.pop_back();
+        nodes.push_back(node);
+        const auto children = node->childItems();
+        for (auto child = children.rbegin(); child != children.rend(); ++child)
+            pending.push_back(nodeOf(*child));
+    }
+    return nodes;
+}
+
+} // namespace Tova2

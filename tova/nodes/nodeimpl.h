@@ -1,0 +1,170 @@
+#pragma once
+
+#include "nodes/changelevel.h"
+#include "tova/nodes/cachetype.h"
+#include "tova/nodes/geometry/bounds.h"
+#include "tova/nodes/node.h"
+#include "tova/nodes/style/drawstyle.h"
+#include "vetra/referenced.h"
+
+#include <QGraphicsItem>
+
+#include <cstdint>
+#include <memory>
+#include <vector>
+
+namespace Tova2 {
+
+class NodeChangeSink;
+class PaintContext;
+class SceneLink;
+struct NodeExtras;
+
+/// What the scene's packed records keep in a node to find it again. Only the scene reads or writes it.
+struct SceneRecord {
+    static constexpr std::uint32_t kNone = 0xffffffff;
+    std::uint32_t slot = kNone;          ///< in the display list
+    std::uint32_t topLevelIndex = kNone; ///< among the scene's top-level nodes
+    bool isStale = false;                ///< its bounds are to be computed again
+    bool isSubtreeStale = false;         ///< so are those of all below it
+};
+
+/// The shared half of a node and its toolkit item: parent, position, transform, z-value, opacity and visibility are
+/// kept in the item. The toolkit only stores; it never paints, searches or deletes it.
+///
+/// Derived classes hold the geometry. Their setters refuse bad values, return if equal, call `geometryChanging`,
+/// store, and call `reportChange`.
+class NodeImpl : public Vetra::Referenced, public QGraphicsItem {
+public:
+    static void* operator new(std::size_t size);
+    static void operator delete(void* block, std::size_t size) noexcept;
+
+    // Identity
+    virtual const char* typeName() const { return "Tova2.Node"; }
+    virtual bool isa(const char* name) const;
+    Node handle() { return Node(this); }
+    /// Only for the loop that takes nodes down.
+    void deleteNow() { delete this; }
+
+    // Hierarchy
+    NodeImpl* parentNode() const { return static_cast<NodeImpl*>(parentItem()); }
+    /// Null takes the node from its parent and leaves it in its scene.
+    void setParent(NodeImpl* parent);
+    bool isAncestorOfNode(const NodeImpl& other) const;
+    SceneLink* sceneLink() const { return m_scene; }
+    /// Called by the scene for each node of a subtree that enters or leaves it.
+    void setSceneLink(SceneLink* scene);
+    /// Whether a scene or a parent holds a reference on the node.
+    void setMembership(bool isMember);
+    SceneRecord& sceneRecord() { return m_record; }
+
+    // Geometry
+    QTransform localTransform() const; ///< to the parent's coordinates
+    QTransform sceneTransform() const;
+    QTransform nodeToDevice(const QTransform& view) const;
+    bool isTranslatedOnly() const { return !m_hasTransform; }
+    void setPosition(const QPointF& position);
+    void setLocalTransform(const QTransform& transform);
+    virtual QRectF geometryRect() const { return {}; }
+    /// `geometryRect` with the stroke as it is at a view scale of 1.
+    virtual QRectF strokedRect() const;
+    /// How far the stroke may reach beyond the geometry, as a multiple of its width.
+    virtual double strokeReach() const { return 0.5; }
+    /// False for what scene bounds leave out although it has bounds.
+    virtual bool countsInBounds() const { return true; }
+
+    // Hit tests, in local coordinates, by the outline grown by half the stroke; without the custom functor.
+    virtual Bounds outline() const;
+    virtual bool outlineContains(const QPointF& point) const;
+    virtual bool outlineIntersects(const Bounds& area) const;
+    // The same by way of the custom functor, if there is one.
+    bool hitContains(const QPointF& point);
+    bool hitIntersects(const QRectF& rect);
+    bool hitIntersects(const Bounds& area);
+
+    // Appearance
+    const DrawStyle& drawStyle() const { return m_style; }
+    void setDrawStyle(const DrawStyle& style);
+    void setNodeVisible(bool visible);
+    bool isVisibleItself() const;
+    bool isVisibleToScene() const;
+    void setNodeOpacity(double opacity);
+    CacheType cacheType() const { return m_cacheType; }
+    void setCacheType(CacheType type);
+    std::uint8_t minLODQuality() const { return m_minQuality; }
+    void setMinLODQuality(std::uint8_t quality);
+    virtual bool canRenderAtLODQuality(std::uint8_t quality, double scale) const;
+    bool clipsChildren() const { return m_clipsChildren; }
+    void setClipsChildren(bool clips);
+    bool stacksBehindParent() const;
+    void setStacksBehindParent(bool behind);
+    bool ignoresTransformations() const { return m_ignoresTransformations; }
+    void setIgnoresTransformations(bool ignores);
+    virtual void paintNode(PaintContext& context) const = 0;
+
+    // Changes
+    /// Before a change of geometry: tells the toolkit.
+    void geometryChanging() { prepareGeometryChange(); }
+    /// After any change: drops what depends on it, then tells the scene and the sink. May throw what a host throws.
+    void reportChange(ChangeLevel level);
+    void setChangeSink(NodeChangeSink* sink);
+
+    NodeExtras* extras() const { return m_extras.get(); }
+    NodeExtras& madeExtras();
+
+protected:
+    NodeImpl();
+    ~NodeImpl() override;
+    void destroy() override;
+
+    virtual void parentChanged() {}
+    virtual void sceneChanged() {}
+    /// Something that the picture or the outline depends on is about to be different.
+    virtual void dropCaches(ChangeLevel) {}
+
+private:
+    QRectF boundingRect() const final { return strokedRect(); }
+    QPainterPath shape() const final;
+    /// For a toolkit view that somebody puts over the scene; the library paints through its own pipeline.
+    void paint(QPainter* painter, const QStyleOptionGraphicsItem* option, QWidget* widget) final;
+
+    void checkParent(const NodeImpl* parent) const;
+    bool canHangUnder(const NodeImpl* parent) const;
+    void hangUnder(NodeImpl* parent);
+    void detachChildren();
+
+    SceneLink* m_scene = nullptr;
+    std::unique_ptr<NodeExtras> m_extras;
+    DrawStyle m_style;
+    SceneRecord m_record;
+    CacheType m_cacheType = CacheType::NoCache;
+    std::uint8_t m_minQuality = 0;
+    bool m_isReady : 1 = false; ///< between the end of construction and the start of destruction
+    bool m_hasTransform : 1 = false;
+    bool m_isMember : 1 = false;
+    bool m_clipsChildren : 1 = false;
+    bool m_ignoresTransformations : 1 = false;
+
+    template <class Impl, class... Arguments>
+    friend Impl* makeNode(Arguments&&... arguments);
+};
+
+/// Makes an implementation that is ready to be held by a handle.
+template <class Impl, class... Arguments>
+Impl* makeNode(Arguments&&... arguments)
+{
+    auto* const impl = new Impl(std::forward<Arguments>(arguments)...);
+    static_cast<NodeImpl*>(impl)->m_isReady = true;
+    return impl;
+}
+
+/// The node's children from the bottom to the top of the stacking order.
+inline NodeImpl* nodeOf(QGraphicsItem* item)
+{
+    return static_cast<NodeImpl*>(item);
+}
+
+/// The node and all below it, parents before children, as bare pointers; a loop, so that depth costs no stack.
+std::vector<NodeImpl*> subtreeOf(NodeImpl& root);
+
+} // namespace Tova2

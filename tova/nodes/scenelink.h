@@ -1,0 +1,42 @@
+#pragma once
+
+#include "nodes/changelevel.h"
+
+#include <QPointF>
+
+namespace Tova2 {
+
+class NodeChangeSink;
+class NodeImpl;
+class Scene;
+
+/// What a node asks of the scene it is in. Lets nodes stay below scenes.
+class SceneLink {
+public:
+    /// Null once the last owner of the content is gone.
+    virtual Scene* scene() noexcept = 0;
+    virtual void addNode(NodeImpl& node) = 0;
+    virtual void removeNode(NodeImpl& node) = 0;
+
+    /// Keeps the scene's own records true; always called, before the change is reported to any sink.
+    virtual void noteChange(NodeImpl& node, ChangeLevel level) noexcept = 0;
+    /// The node is about to hang under another parent of this scene, or under none.
+    virtual void noteReparenting(NodeImpl& node) noexcept = 0;
+    virtual void noteReparented(NodeImpl& node) noexcept = 0;
+    virtual NodeChangeSink& changeSink() noexcept = 0;
+
+    virtual void setZValue(NodeImpl& node, double z) = 0;
+    virtual void stackOnTop(NodeImpl& node) = 0;
+    virtual void toTop(NodeImpl& node) = 0;
+    virtual void toBottom(NodeImpl& node) = 0;
+    virtual void placeAbove(NodeImpl& node, const NodeImpl& reference) = 0;
+    virtual void placeBelow(NodeImpl& node, const NodeImpl& reference) = 0;
+
+    /// The scene point nearest to `point` that lies on a pixel's corner in the paint under way.
+    virtual QPointF pixelAligned(const QPointF& point) const = 0;
+
+protected:
+    ~SceneLink() = default;
+};
+
+} // namespace Tova2
