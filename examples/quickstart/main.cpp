@@ -1,4 +1,4 @@
-// The ten lines of the README: a diagram of two blocks, written as a picture.
+// The lines that the README quotes: two blocks and a line between them, written as a picture.
 #include <tova/tova.h>
 
 #include <QApplication>
@@ -12,12 +12,12 @@ int main(int argc, char** argv)
     Tova2::RectNode source({0, 0, 120, 60});
     source.setFill(Tova2::Fill(Vetra::Color(0.98, 0.85, 0.55, 1)));
     scene->addNode(source);
-    Tova2::EllipseNode sink({180, 0, 60, 60});
+    Tova2::RoundedRectNode sink({200, 0, 120, 60}, 12);
     scene->addNode(sink);
-    scene->addNode(Tova2::LineNode({120, 30}, {180, 30}));
+    scene->addNode(Tova2::LineNode({120, 30}, {200, 30}));
 
-    QImage picture(280, 100, QImage::Format_ARGB32_Premultiplied);
+    QImage picture(360, 100, QImage::Format_ARGB32_Premultiplied);
     picture.fill(Qt::white);
-    scene->render(picture, {0, 0, 280, 100}, {-20, -20, 280, 100});
+    scene->render(picture, {}, {-20, -20, 360, 100}); // the part of the scene to show, in points
     return picture.save(argc > 1 ? argv[1] : "quickstart.png") ? 0 : 1;
 }
