@@ -1,0 +1,34 @@
+#pragma once
+
+#include "vemit/link.h"
+
+#include <utility>
+
+namespace Vemit {
+
+/// Handle to one connection between an emitter and a callable; empty by default. Copies share the
+/// connection. A handle owns neither end, and the connection stays when the last handle goes.
+class Connection {
+public:
+    Connection() noexcept = default;
+
+    /// False once either end has gone, too.
+    bool connected() const noexcept { return m_link && m_link->isConnected(); }
+    /// From here on the callable gets no further call, not even in an emission under way.
+    void disconnect() noexcept
+    {
+        // A copy, since destroying the callable may destroy this handle.
+        if (const Detail::LinkPtr link = m_link)
+            link->disconnect();
+    }
+    bool operator==(const Connection& other) const noexcept { return m_link == other.m_link; }
+
+private:
+    template <class...>
+    friend class Emitter;
+    explicit Connection(Detail::LinkPtr link) noexcept : m_link(std::move(link)) {}
+
+    Detail::LinkPtr m_link;
+};
+
+} // namespace Vemit
