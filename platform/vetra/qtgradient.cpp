@@ -23,21 +23,33 @@ QGradient makeQtGradient(const Gradient& gradient)
     return QLinearGradient(toQt(gradient.start()), toQt(gradient.end()));
 }
 
+// None where the factory refused what it was given.
+std::optional<Gradient> ifKept(const Gradient& made, Gradient::Type type, const QPointF& start,
+                               const QPointF& end)
+{
+    const bool kept =
+        made.type() == type && made.start() == fromQt(start) && made.end() == fromQt(end);
+    return kept ? std::optional(made) : std::nullopt;
+}
+
 std::optional<Gradient> makeGradient(const QGradient& from)
 {
     switch (from.type()) {
     case QGradient::LinearGradient: {
         const auto& linear = static_cast<const QLinearGradient&>(from);
-        return Gradient::linear(fromQt(linear.start()), fromQt(linear.finalStop()));
+        return ifKept(Gradient::linear(fromQt(linear.start()), fromQt(linear.finalStop())),
+                      Gradient::Type::Linear, linear.start(), linear.finalStop());
     }
     case QGradient::RadialGradient: {
         const auto& radial = static_cast<const QRadialGradient&>(from);
-        return Gradient::radial(fromQt(radial.center()), radial.radius(),
-                                fromQt(radial.focalPoint()));
+        return ifKept(
+            Gradient::radial(fromQt(radial.center()), radial.radius(), fromQt(radial.focalPoint())),
+            Gradient::Type::Radial, radial.center(), radial.focalPoint());
     }
     case QGradient::ConicalGradient: {
         const auto& conical = static_cast<const QConicalGradient&>(from);
-        return Gradient::conical(fromQt(conical.center()), conical.angle());
+        return ifKept(Gradient::conical(fromQt(conical.center()), conical.angle()),
+                      Gradient::Type::Conical, conical.center(), conical.center());
     }
     case QGradient::NoGradient:
         break;

@@ -4,9 +4,14 @@
 /// toolkit types.
 
 #include "vetra/color.h"
+#include "vetra/cursor.h"
+#include "vetra/font.h"
 #include "vetra/glpoint.h"
 #include "vetra/glrect.h"
 #include "vetra/gradient.h"
+#include "vetra/image.h"
+#include "vetra/picture.h"
+#include "vetra/pixmap.h"
 #include "vetra/shape.h"
 #include "vetra/size.h"
 #include "vetra/transform.h"
@@ -14,11 +19,20 @@
 
 #include <QBrush>
 #include <QColor>
+#include <QCursor>
+#include <QFont>
+#include <QImage>
 #include <QPainterPath>
+#include <QPicture>
+#include <QPixmap>
 #include <QPointF>
 #include <QRectF>
 #include <QSizeF>
 #include <QTransform>
+
+#include <functional>
+
+class QPainter;
 
 namespace Vetra {
 
@@ -102,5 +116,34 @@ VETRA_EXPORT Gradient fromQt(const QGradient& gradient);
 VETRA_EXPORT QPainterPath toQt(const Shape& shape);
 /// Empty when any element of the path is not finite.
 VETRA_EXPORT Shape fromQt(const QPainterPath& path);
+
+VETRA_EXPORT QFont toQt(const Font& font);
+/// A size in pixels is taken for points; what `Font` does not know is left out.
+VETRA_EXPORT Font fromQt(const QFont& font);
+
+VETRA_EXPORT QCursor toQt(const Cursor& cursor);
+/// The arrow for a cursor with pixels of its own.
+VETRA_EXPORT Cursor fromQt(const QCursor& cursor);
+
+/// A vector drawing at its natural size.
+VETRA_EXPORT QImage toQt(const Image& image);
+/// Never an empty holder: a picture that is null or not of an acceptable size gives a null image.
+VETRA_EXPORT Holder<Image> fromQt(const QImage& image);
+/// Fills `target` with the part `source` (in units of the image's size), a vector drawing without
+/// going through pixels. Nothing for a null image or a rectangle that is not valid.
+VETRA_EXPORT void paint(QPainter& painter, const Image& image, const GLRect<double>& target,
+                        const GLRect<double>& source);
+VETRA_EXPORT void paint(QPainter& painter, const Image& image, const GLRect<double>& target);
+
+VETRA_EXPORT QPixmap toQt(const Pixmap& pixmap);
+VETRA_EXPORT Pixmap fromQt(const QPixmap& pixmap);
+
+VETRA_EXPORT QPicture toQt(const Picture& picture);
+/// Only for what this process recorded itself, never for a picture read from a file or a message.
+VETRA_EXPORT Picture fromQt(const QPicture& picture);
+/// Empty when `draw` is, or draws nothing.
+VETRA_EXPORT Picture recordPicture(const std::function<void(QPainter&)>& draw);
+/// Draws it in the painter's coordinates and leaves the painter's state as it was.
+VETRA_EXPORT void play(QPainter& painter, const Picture& picture);
 
 } // namespace Vetra
