@@ -41,6 +41,13 @@ if(TOVA_SANITIZE)
   add_compile_definitions(TOVA_SANITIZED)
 endif()
 
+# Of every ctest entry: no display needed, and under the sanitizers leaks that are not the toolkit's are errors.
+set(TOVA_TEST_ENVIRONMENT
+    QT_QPA_PLATFORM=offscreen
+    ASAN_OPTIONS=detect_leaks=1
+    LSAN_OPTIONS=suppressions=${CMAKE_SOURCE_DIR}/tests/lsan.supp:print_suppressions=0
+    UBSAN_OPTIONS=print_stacktrace=1)
+
 # tova_library(NAME vetra NAMESPACE Vetra [PCH header] SOURCES ... [DEPS public...] [PRIVATE_DEPS ...])
 #
 # Makes <Namespace>::<name> from sources beside the CMakeLists.txt, with its public headers under
@@ -89,6 +96,5 @@ function(tova_test)
     target_link_libraries(${T_NAME} PRIVATE GTest::gmock_main)
   endif()
   add_test(NAME ${T_NAME} COMMAND ${T_NAME})
-  set_tests_properties(${T_NAME} PROPERTIES TIMEOUT 600 ENVIRONMENT
-    "QT_QPA_PLATFORM=offscreen;ASAN_OPTIONS=detect_leaks=1;LSAN_OPTIONS=suppressions=${CMAKE_SOURCE_DIR}/tests/lsan.supp")
+  set_tests_properties(${T_NAME} PROPERTIES TIMEOUT 600 ENVIRONMENT "${TOVA_TEST_ENVIRONMENT}")
 endfunction()
