@@ -10,6 +10,7 @@
 #include "vetra/glrect.h"
 #include "vetra/gradient.h"
 #include "vetra/image.h"
+#include "vetra/imagecompositor.h"
 #include "vetra/picture.h"
 #include "vetra/pixmap.h"
 #include "vetra/shape.h"
@@ -134,6 +135,12 @@ VETRA_EXPORT Holder<Image> fromQt(const QImage& image);
 VETRA_EXPORT void paint(QPainter& painter, const Image& image, const GLRect<double>& target,
                         const GLRect<double>& source);
 VETRA_EXPORT void paint(QPainter& painter, const Image& image, const GLRect<double>& target);
+
+// The same for a composition.
+VETRA_EXPORT void paint(QPainter& painter, const ImageCompositor::Node& node,
+                        const GLRect<double>& target, const GLRect<double>& source);
+VETRA_EXPORT void paint(QPainter& painter, const ImageCompositor::Node& node,
+                        const GLRect<double>& target);
 
 VETRA_EXPORT QPixmap toQt(const Pixmap& pixmap);
 VETRA_EXPORT Pixmap fromQt(const QPixmap& pixmap);
