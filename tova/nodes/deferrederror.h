@@ -5,8 +5,8 @@
 
 namespace Tova2 {
 
-/// Lets an operation that calls out to a host run to its end: the first exception is kept and thrown again when the
-/// state is whole.
+/// Lets an operation that calls out to a host run to its end: the first exception is kept and
+/// thrown again when the state is whole.
 class DeferredError {
 public:
     template <class Step>

@@ -4,8 +4,9 @@ namespace Tova2 {
 
 class NodeImpl;
 
-/// While one is open, nodes whose count falls to zero wait for the outermost to close: whoever walks over bare node
-/// pointers, or calls out to a host in the middle of such a walk, opens one. Closing never throws.
+/// While one is open, nodes whose count falls to zero wait for the outermost to close: whoever
+/// walks over bare node pointers, or calls out to a host in the middle of such a walk, opens one.
+/// Closing never throws.
 class DestructionDelay {
 public:
     DestructionDelay() noexcept;
@@ -14,8 +15,8 @@ public:
     DestructionDelay& operator=(const DestructionDelay&) = delete;
 };
 
-/// Deletes the node, or queues it while a delay is open or another node is being deleted, so that a deep tree is
-/// taken down by a loop.
+/// Deletes the node, or queues it while a delay is open or another node is being deleted, so that a
+/// deep tree is taken down by a loop.
 void dispose(NodeImpl* node);
 
 } // namespace Tova2

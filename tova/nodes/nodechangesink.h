@@ -6,8 +6,8 @@ namespace Tova2 {
 
 class NodeImpl;
 
-/// Where a node's changes are reported: its own sink, else that of its scene, else the library's default one.
-/// Called when the change is complete; it may edit the node or throw.
+/// Where a node's changes are reported: its own sink, else that of its scene, else the library's
+/// default one. Called when the change is complete; it may edit the node or throw.
 class NodeChangeSink {
 public:
     virtual void nodeChanged(NodeImpl& node, ChangeLevel level) = 0;

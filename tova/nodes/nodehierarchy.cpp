@@ -39,7 +39,8 @@ void NodeImpl::setParent(NodeImpl* parent)
     DeferredError error;
     bool isStacked = false;
     if (parent && parent->m_scene != m_scene) {
-        // Out, in, then under the parent: the toolkit crashes on any shorter way between two scenes.
+        // Out, in, then under the parent: the toolkit crashes on any shorter way between two
+        // scenes.
         if (m_scene)
             error.run([&] { m_scene->removeNode(*this); });
         if (SceneLink* const entered = parent->m_scene) {

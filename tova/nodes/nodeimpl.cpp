@@ -20,7 +20,7 @@ namespace {
 
 Host::DiagnosticsCounter& instances()
 {
-    static auto& counter = Host::counter("Node:Node raw instance count");
+    static auto& counter = Host::DiagnosticsCounter::counter("Node:Node raw instance count");
     return counter;
 }
 
@@ -65,7 +65,8 @@ void NodeImpl::destroy()
 
 void NodeImpl::detachChildren()
 {
-    // The toolkit would delete them with their parent. From the front: it removes the first child in constant time.
+    // The toolkit would delete them with their parent. From the front: it removes the first child
+    // in constant time.
     const auto children = childItems();
     for (QGraphicsItem* const item : children) {
         item->setParentItem(nullptr);

@@ -20,7 +20,8 @@ class PaintContext;
 class SceneLink;
 struct NodeExtras;
 
-/// What the scene's packed records keep in a node to find it again. Only the scene reads or writes it.
+/// What the scene's packed records keep in a node to find it again. Only the scene reads or writes
+/// it.
 struct SceneRecord {
     static constexpr std::uint32_t kNone = 0xffffffff;
     std::uint32_t slot = kNone;          ///< in the display list
@@ -29,11 +30,12 @@ struct SceneRecord {
     bool isSubtreeStale = false;         ///< so are those of all below it
 };
 
-/// The shared half of a node and its toolkit item: parent, position, transform, z-value, opacity and visibility are
-/// kept in the item. The toolkit only stores; it never paints, searches or deletes it.
+/// The shared half of a node and its toolkit item: parent, position, transform, z-value, opacity
+/// and visibility are kept in the item. The toolkit only stores; it never paints, searches or
+/// deletes it.
 ///
-/// Derived classes hold the geometry. Their setters refuse bad values, return if equal, call `geometryChanging`,
-/// store, and call `reportChange`.
+/// Derived classes hold the geometry. Their setters refuse bad values, return if equal, call
+/// `geometryChanging`, store, and call `reportChange`.
 class NodeImpl : public Vetra::Referenced, public QGraphicsItem {
 public:
     static void* operator new(std::size_t size);
@@ -73,7 +75,8 @@ public:
     /// False for what scene bounds leave out although it has bounds.
     virtual bool countsInBounds() const { return true; }
 
-    // Hit tests, in local coordinates, by the outline grown by half the stroke; without the custom functor.
+    // Hit tests, in local coordinates, by the outline grown by half the stroke; without the custom
+    // functor.
     virtual Bounds outline() const;
     virtual bool outlineContains(const QPointF& point) const;
     virtual bool outlineIntersects(const Bounds& area) const;
@@ -105,7 +108,8 @@ public:
     // Changes
     /// Before a change of geometry: tells the toolkit.
     void geometryChanging() { prepareGeometryChange(); }
-    /// After any change: drops what depends on it, then tells the scene and the sink. May throw what a host throws.
+    /// After any change: drops what depends on it, then tells the scene and the sink. May throw
+    /// what a host throws.
     void reportChange(ChangeLevel level);
     void setChangeSink(NodeChangeSink* sink);
 
@@ -125,7 +129,8 @@ protected:
 private:
     QRectF boundingRect() const final { return strokedRect(); }
     QPainterPath shape() const final;
-    /// For a toolkit view that somebody puts over the scene; the library paints through its own pipeline.
+    /// For a toolkit view that somebody puts over the scene; the library paints through its own
+    /// pipeline.
     void paint(QPainter* painter, const QStyleOptionGraphicsItem* option, QWidget* widget) final;
 
     void checkParent(const NodeImpl* parent) const;
@@ -158,13 +163,14 @@ Impl* makeNode(Arguments&&... arguments)
     return impl;
 }
 
-/// The node's children from the bottom to the top of the stacking order.
+/// Every item that the library makes is a node.
 inline NodeImpl* nodeOf(QGraphicsItem* item)
 {
     return static_cast<NodeImpl*>(item);
 }
 
-/// The node and all below it, parents before children, as bare pointers; a loop, so that depth costs no stack.
+/// The node and all below it, parents before children, as bare pointers; a loop, so that depth
+/// costs no stack.
 std::vector<NodeImpl*> subtreeOf(NodeImpl& root);
 
 } // namespace Tova2

@@ -19,7 +19,7 @@ constexpr std::size_t kBlocksAtFirst = 64;
 
 Host::DiagnosticsCounter& pooled()
 {
-    static auto& counter = Host::counter("Node:Node pool instance count");
+    static auto& counter = Host::DiagnosticsCounter::counter("Node:Node pool instance count");
     return counter;
 }
 
@@ -81,7 +81,8 @@ struct Quarantined {
     std::size_t size;
 };
 
-// Debug builds overwrite a dead node and keep its block for a while: a stale pointer then fails at its first use.
+// Debug builds overwrite a dead node and keep its block for a while: a stale pointer then fails at
+// its first use.
 void retire(void* block, std::size_t size) noexcept
 {
     constexpr std::size_t kKept = 1000;

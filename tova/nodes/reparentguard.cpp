@@ -17,10 +17,8 @@ std::unordered_set<const NodeImpl*>& moving()
 } // namespace
 
 ReparentGuard::ReparentGuard(NodeImpl& node)
-    : m_node(&node)
-    , m_isOutermost(moving().insert(&node).second)
-{
-}
+    : m_node(&node), m_isOutermost(moving().insert(&node).second)
+{}
 
 ReparentGuard::~ReparentGuard()
 {

@@ -18,7 +18,8 @@ public:
     virtual void addNode(NodeImpl& node) = 0;
     virtual void removeNode(NodeImpl& node) = 0;
 
-    /// Keeps the scene's own records true; always called, before the change is reported to any sink.
+    /// Keeps the scene's own records true; always called, before the change is reported to any
+    /// sink.
     virtual void noteChange(NodeImpl& node, ChangeLevel level) noexcept = 0;
     /// The node is about to hang under another parent of this scene, or under none.
     virtual void noteReparenting(NodeImpl& node) noexcept = 0;

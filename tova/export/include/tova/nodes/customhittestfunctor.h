@@ -10,8 +10,9 @@ namespace Tova2 {
 
 class Node;
 
-/// Answers hit tests in a node's stead. Shared by reference count: each node that uses it holds one reference.
-/// Everything is in the node's own coordinates; `tolerance` widens the hit area, in the same unit.
+/// Answers hit tests in a node's stead. Shared by reference count: each node that uses it holds one
+/// reference. Everything is in the node's own coordinates; `tolerance` widens the hit area, in the
+/// same unit.
 class TOVA_EXPORT CustomHitTestFunctor : public Vetra::Referenced {
 public:
     virtual bool contains(const Node& node, double tolerance,

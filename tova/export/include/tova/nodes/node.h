@@ -27,12 +27,13 @@ class Scene;
 /// One more than the largest index of a factory that makes elements on first need.
 inline constexpr std::uint64_t kMaxNodeImplFactories = 512;
 
-/// Handle to one element of a scene. Copies share the element; an empty handle has none. GUI thread only.
+/// Handle to one element of a scene. Copies share the element; an empty handle has none. GUI thread
+/// only.
 ///
-/// An element lives as long as a handle, the scene it is in or its parent holds it. Operations make the element of a
-/// handle that has none yet; on an empty handle they throw tova:nodes/InvalidNode, unless they say otherwise.
-/// Lengths are in scene units (points), local to the element where nothing else is said. A setter given a value that
-/// is not finite does nothing.
+/// An element lives as long as a handle, the scene it is in or its parent holds it. Operations make
+/// the element of a handle that has none yet; on an empty handle they throw tova:nodes/InvalidNode,
+/// unless they say otherwise. Lengths are in scene units (points), local to the element where
+/// nothing else is said. A setter given a value that is not finite does nothing.
 class TOVA_EXPORT Node {
 public:
     class EmptyHitTester;
@@ -70,9 +71,9 @@ public:
 
     // Hierarchy
 
-    /// Moves the element under `parent`, and into its scene if that is another one, on top of what is there.
-    /// An empty `parent` unparents. Throws tova:nodes/CannotParentToSelf or tova:nodes/CyclicalHierarchy; the tree is
-    /// then untouched.
+    /// Moves the element under `parent`, and into its scene if that is another one, on top of what
+    /// is there. An empty `parent` unparents. Throws tova:nodes/CannotParentToSelf or
+    /// tova:nodes/CyclicalHierarchy; the tree is then untouched.
     void setParent(const Node& parent);
     /// Makes the element a top-level one of the scene it is in.
     void unparent();
@@ -110,7 +111,8 @@ public:
     void scale(double sx, double sy);
     /// From local coordinates to those of a device that shows the scene through `view`.
     Vetra::Transform deviceTransform(const Vetra::Transform& view) const;
-    /// Keeps the element and its children at their size and direction on the device, anchored at the element's origin.
+    /// Keeps the element and its children at their size and direction on the device, anchored at
+    /// the element's origin.
     void setIgnoresTransformations(bool ignores);
     bool doesIgnoreTransformations() const;
     /// Scene units a local unit: the square root of the scene transform's determinant.
@@ -124,7 +126,8 @@ public:
     double getWidth() const { return getGeometryRect().width; }
     double getHeight() const { return getGeometryRect().height; }
 
-    // Mapping to local coordinates answers the origin or empty bounds where the transform has no inverse.
+    // Mapping to local coordinates answers the origin or empty bounds where the transform has no
+    // inverse.
     Vetra::GLPoint<double> mapLocalToScene(const Vetra::GLPoint<double>& point) const;
     Bounds mapLocalToScene(const Bounds& bounds) const;
     Vetra::GLPoint<double> mapSceneToLocal(const Vetra::GLPoint<double>& point) const;
@@ -219,10 +222,10 @@ public:
 
     // Output
 
-    /// The element with its children, on a transparent ground, at `scale` pixels a local unit. `offset` is set to the
-    /// local point of the pixmap's top left corner. With a cache type other than NoCache a picture made before is
-    /// used again while nothing has changed. A null pixmap when there is nothing to show or when it would exceed the
-    /// library's limits.
+    /// The element with its children, on a transparent ground, at `scale` pixels a local unit.
+    /// `offset` is set to the local point of the pixmap's top left corner. With a cache type other
+    /// than NoCache a picture made before is used again while nothing has changed. A null pixmap
+    /// when there is nothing to show or when it would exceed the library's limits.
     Vetra::Pixmap renderToPixmap(CacheType type, double scale,
                                  Vetra::GLPoint<double>& offset) const;
 
@@ -232,9 +235,9 @@ protected:
     };
     explicit Node(FactoryIndex factory) noexcept : m_word(factory.index) {}
 
-    NodeImpl* getImpl() const noexcept;       ///< null until the element is made
-    NodeImpl* getImplCreateOnDemand() const;  ///< makes it; null where nothing can be made
-    NodeImpl* getValidImpl() const;           ///< makes it; throws tova:nodes/InvalidNode
+    NodeImpl* getImpl() const noexcept;      ///< null until the element is made
+    NodeImpl* getImplCreateOnDemand() const; ///< makes it; null where nothing can be made
+    NodeImpl* getValidImpl() const;          ///< makes it; throws tova:nodes/InvalidNode
 
 private:
     friend class NodeImpl;
@@ -245,7 +248,8 @@ private:
     //   0           empty
     //   1 .. 511    slot of the factory that makes the element on first need
     //   512 ..      address of a NodeImpl, on which this handle holds one reference
-    // Making the element does not change what a handle means, so it is done on const handles as well.
+    // Making the element does not change what a handle means, so it is done on const handles as
+    // well.
     mutable std::uint64_t m_word = 0;
 };
 

@@ -6,8 +6,9 @@ namespace Tova2 {
 
 class Node;
 
-/// Names one value of a node and how to reach it, for whoever animates or edits it without knowing the node's class.
-/// Both operations throw tova:nodes/InvalidNode on an empty handle or on a node of another kind.
+/// Names one value of a node and how to reach it, for whoever animates or edits it without knowing
+/// the node's class. Both operations throw tova:nodes/InvalidNode on an empty handle or on a node
+/// of another kind.
 template <class T>
 struct Property {
     Vetra::StringID name;

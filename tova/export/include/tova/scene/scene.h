@@ -27,10 +27,12 @@ namespace Tova2 {
 class SceneChangeTracker;
 class ScenePrivate;
 
-/// The model that canvases show: the nodes of one diagram with their stacking order, background and settings.
-/// Made by `createScene`, kept by reference count. GUI thread only. Coordinates and lengths are in points.
+/// The model that canvases show: the nodes of one diagram with their stacking order, background and
+/// settings. Made by `createScene`, kept by reference count. GUI thread only. Coordinates and
+/// lengths are in points.
 ///
-/// Queries answer from the topmost node down and return snapshots, so that a caller may edit while it walks a result.
+/// Queries answer from the topmost node down and return snapshots, so that a caller may edit while
+/// it walks a result.
 class TOVA_EXPORT Scene : public Vetra::Referenced {
 public:
     /// Throws tova:scene/NoSceneWhenDisplayOff when the host has no display.
@@ -38,13 +40,15 @@ public:
     /// A copy is one more owner of the same content.
     Scene(const Scene& other);
     Scene& operator=(const Scene& other);
-    /// Takes every node out. A handle that is still held stays usable, and the scene may be filled again.
+    /// Takes every node out. A handle that is still held stays usable, and the scene may be filled
+    /// again.
     void destroy() override;
 
     // Nodes
 
-    /// Adds the node with its children as a top-level node on top of all others, taking it out of the scene it was in.
-    /// A node that enters its first scene takes the creation style, if one is pushed. Nothing when it already is here.
+    /// Adds the node with its children as a top-level node on top of all others, taking it out of
+    /// the scene it was in. A node that enters its first scene takes the creation style, if one is
+    /// pushed. Nothing when it already is here.
     Node addNode(Node node);
     /// Takes the node with its children out, and from its parent. Nothing when it is not here.
     Node removeNode(Node node);
@@ -56,7 +60,8 @@ public:
 
     // Spatial queries; hidden and fully transparent nodes are never found.
 
-    /// `deviceTransform` maps the scene to the device, for nodes that ignore transformations. Empty when none is hit.
+    /// `deviceTransform` maps the scene to the device, for nodes that ignore transformations. Empty
+    /// when none is hit.
     Node getNodeAt(const Vetra::GLPoint<double>& point,
                    const Vetra::Transform& deviceTransform = {});
     std::vector<Node> getNodesAtScenePos(const Vetra::GLPoint<double>& point);
@@ -66,9 +71,11 @@ public:
     /// By a polygon of 32 corners on the circle.
     std::vector<Node> getNodesIntersectingCircle(const Vetra::GLPoint<double>& centre,
                                                  double radius);
-    /// The union of the visible nodes' bounding rectangles, without empty rectangles and texts; cached.
+    /// The union of the visible nodes' bounding rectangles, without empty rectangles and texts;
+    /// cached.
     Vetra::GLRect<double> getBounds();
-    /// Starts at 1 and grows with each change of membership; whoever caches by it refreshes when it moves on.
+    /// Starts at 1 and grows with each change of membership; whoever caches by it refreshes when it
+    /// moves on.
     unsigned getSceneNodeChangeCounter() const;
     void incrementSceneNodeChangeCounter();
 
@@ -112,18 +119,18 @@ public:
 
     // Rendering off screen. Whatever a node's own painter throws reaches the caller.
 
-    /// The area at `scale` pixels a point with `margin` pixels on each side, on a white ground; an empty area stands
-    /// for the scene's bounds. A null image when it would exceed the library's limits or `scale` is not positive.
-    Vetra::Holder<Vetra::Image> render(int margin, const Vetra::GLRect<double>& area,
-                                       double scale);
+    /// The area at `scale` pixels a point with `margin` pixels on each side, on a white ground; an
+    /// empty area stands for the scene's bounds. A null image when it would exceed the library's
+    /// limits or `scale` is not positive.
+    Vetra::Holder<Vetra::Image> render(int margin, const Vetra::GLRect<double>& area, double scale);
     Vetra::Holder<Vetra::Image> render(int margin, const Vetra::GLRect<double>& area)
     {
         return render(margin, area, 1.0);
     }
     Vetra::Holder<Vetra::Image> render(int margin) { return render(margin, {}); }
     Vetra::Holder<Vetra::Image> render() { return render(20); }
-    /// Paints the source, stretched to the target, over what the device holds. An empty target is the whole device,
-    /// an empty source the scene's bounds.
+    /// Paints the source, stretched to the target, over what the device holds. An empty target is
+    /// the whole device, an empty source the scene's bounds.
     void render(QImage& image, const Vetra::GLRect<double>& target,
                 const Vetra::GLRect<double>& source);
     void render(QPainter& painter, const Vetra::GLRect<double>& target,

@@ -6,8 +6,9 @@ namespace Tova2 {
 
 class Node;
 
-/// Told of what happens to the nodes of a scene, for an undo log or a model kept in step. A tracker may edit the scene
-/// and may throw: what was under way is completed first, then the exception reaches whoever made the change.
+/// Told of what happens to the nodes of a scene, for an undo log or a model kept in step. A tracker
+/// may edit the scene and may throw: what was under way is completed first, then the exception
+/// reaches whoever made the change.
 class TOVA_EXPORT SceneChangeTracker {
 public:
     virtual ~SceneChangeTracker();

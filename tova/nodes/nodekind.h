@@ -1,0 +1,25 @@
+#pragma once
+
+#include "nodes/nodefactories.h"
+#include "nodes/nodeimpl.h"
+
+namespace Tova2 {
+
+/// The index of the factory that makes an `Impl`; registered on first use.
+template <class Impl>
+std::uint64_t factoryIndex()
+{
+    static const std::uint64_t index =
+        NodeFactories::add([]() -> NodeImpl* { return makeNode<Impl>(); });
+    return index;
+}
+
+/// The implementation if it is of this kind, else null: a handle never holds another kind than its
+/// own.
+template <class Impl>
+NodeImpl* checkedKind(NodeImpl* impl)
+{
+    return dynamic_cast<Impl*>(impl);
+}
+
+} // namespace Tova2

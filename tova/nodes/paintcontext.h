@@ -1,0 +1,79 @@
+#pragma once
+
+#include "tova/nodes/paintoptions.h"
+#include "tova/nodes/style/drawstyle.h"
+
+#include <QPointF>
+#include <QTransform>
+
+class QLineF;
+class QPainter;
+class QPainterPath;
+class QRectF;
+
+namespace Tova2 {
+
+/// A painter on its way through the nodes of a scene. It knows what the painter is set to, so that
+/// nodes that look alike and only lie elsewhere cost no change of state: as long as a node is
+/// merely moved, its geometry is moved instead of the painter.
+///
+/// The node under way is told by `enter`, then its look by `setStyle`; whoever uses `localPainter`
+/// may change it at will, as long as it calls `forgetPainterState` afterwards.
+class PaintContext {
+public:
+    /// `view` maps the scene to what the painter's device calls a pixel; whatever transform the
+    /// painter has is replaced.
+    PaintContext(QPainter& painter, const QTransform& view, const PaintOptions& options);
+
+    const PaintOptions& options() const { return m_options; }
+    const QTransform& view() const { return m_view; }
+
+    void enter(const QPointF& sceneOffset);
+    void enter(const QTransform& nodeToDevice);
+    void setOpacity(double opacity);
+    void setStyle(const DrawStyle& style);
+
+    void drawRect(const QRectF& rect);
+    void drawRoundedRect(const QRectF& rect, double radius);
+    void drawEllipse(const QRectF& rect);
+    void drawLine(const QLineF& line);
+    void drawPath(const QPainterPath& path);
+
+    /// In the node's coordinates, with the look of the last `setStyle` if it was called for this
+    /// node.
+    QPainter& localPainter();
+    void forgetPainterState();
+
+    /// Local to device, as the painter's transform is while the node draws.
+    QTransform nodeToDevice() const;
+
+private:
+    void setAntialiased(bool on);
+    void setStroke(const Stroke& stroke);
+    void setFill(const Fill& fill);
+    bool drawsShifted() const;
+    void useView();
+    QRectF aligned(const QRectF& rect) const;
+    QPointF aligned(const QPointF& point) const;
+
+    QPainter& m_painter;
+    QTransform m_view;
+    PaintOptions m_options;
+
+    QPointF m_offset;          ///< of a node that is only moved
+    QTransform m_nodeToDevice; ///< of any other
+    bool m_isMovedOnly = true;
+
+    enum class Coordinates { Unknown, View, Node } m_coordinates = Coordinates::Unknown;
+    Stroke m_stroke{StrokeStyle::SolidLine};
+    Fill m_fill;
+    double m_opacity = -1;
+    double m_penWidth = 0; ///< in device pixels
+    bool m_isStrokeSet = false;
+    bool m_isFillSet = false;
+    bool m_isAntialiased = false;
+    bool m_isAntialiasedSet = false;
+    bool m_isPixelAligned = false;
+};
+
+} // namespace Tova2

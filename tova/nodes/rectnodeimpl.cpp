@@ -1,0 +1,25 @@
+#include "nodes/rectnodeimpl.h"
+
+#include "nodes/paintcontext.h"
+#include "nodes/values.h"
+
+namespace Tova2 {
+
+void RectNodeImpl::setRect(const QRectF& rect)
+{
+    if (!isFinite(rect) || isSame(rect, m_rect))
+        return;
+    geometryChanging();
+    m_rect = rect;
+    reportChange(ChangeLevel::Geometry);
+}
+
+void RectNodeImpl::paintNode(PaintContext& context) const
+{
+    if (!isDrawable(m_rect))
+        return;
+    context.setStyle(drawStyle());
+    context.drawRect(m_rect);
+}
+
+} // namespace Tova2

@@ -1,0 +1,22 @@
+#pragma once
+
+#include "nodes/nodeimpl.h"
+
+namespace Tova2 {
+
+class RectNodeImpl final : public NodeImpl {
+public:
+    explicit RectNodeImpl(const QRectF& rect = {}) : m_rect(rect) {}
+
+    const char* typeName() const override { return "Tova2.RectNode"; }
+    const QRectF& rect() const { return m_rect; }
+    void setRect(const QRectF& rect);
+
+    QRectF geometryRect() const override { return m_rect; }
+    void paintNode(PaintContext& context) const override;
+
+private:
+    QRectF m_rect;
+};
+
+} // namespace Tova2
