@@ -17,6 +17,10 @@ using testing::IsEmpty;
 static_assert(sizeof(Emitter<int>) == sizeof(void*) && sizeof(Listener) == sizeof(void*));
 static_assert(!std::is_copy_constructible_v<Emitter<>> && !std::is_move_constructible_v<Emitter<>>);
 
+// A header may declare an emitter of a type that it only names.
+struct Unknown;
+static_assert(sizeof(Emitter<const Unknown&, Unknown*>) == sizeof(void*));
+
 struct Ear : Listener {
     void hear(int value) { heard.push_back(value); }
     std::vector<int> heard;

@@ -52,20 +52,16 @@ public:
 
     /// Calls `callable(args...)`, until either end disconnects or the emitter dies. A null function
     /// is not connected: the handle is empty.
-    template <class F>
-    requires std::invocable < std::decay_t<F>
-    &, Detail::Parameter<Args>... > Connection connect(F&& callable)
+    template <Detail::Callback<Args...> F>
+    Connection connect(F&& callable)
     {
         return isNull(callable) ? Connection() : add(std::forward<F>(callable), nullptr);
     }
 
     /// The same, ending as well when `listener` dies. `callable` is one of its member functions or
     /// anything that takes the arguments. A null listener is not connected.
-    template <std::derived_from<Listener> T, class F>
-    requires std::invocable < std::decay_t<F>
-    &, Detail::Parameter<Args>... > ||
-           std::invocable<std::decay_t<F>, T*, Detail::Parameter<Args>...>
-               Connection connect(T* listener, F&& callable)
+    template <std::derived_from<Listener> T, Detail::CallbackOf<T, Args...> F>
+    Connection connect(T* listener, F&& callable)
     {
         if (!listener || isNull(callable))
             return {};

@@ -18,11 +18,28 @@ namespace Detail {
 
 class Hub;
 
-/// How an argument travels through the calls: small values in registers, the rest by reference.
 template <class T>
-using Parameter = std::conditional_t<std::is_reference_v<T> || (std::is_trivially_copyable_v<T> &&
-                                                                sizeof(T) <= 2 * sizeof(void*)),
-                                     T, const std::remove_reference_t<T>&>;
+constexpr bool travelsInRegisters()
+{
+    if constexpr (std::is_reference_v<T>) // of a type that may be incomplete
+        return true;
+    else
+        return std::is_trivially_copyable_v<T> && sizeof(T) <= 2 * sizeof(void*);
+}
+
+/// How an argument travels through the calls: references and small values as they are, the rest by
+/// reference.
+template <class T>
+using Parameter = std::conditional_t<travelsInRegisters<T>(), T, const T&>;
+
+template <class F, class... Args>
+concept Callback =
+    std::is_invocable_v<std::add_lvalue_reference_t<std::decay_t<F>>, Parameter<Args>...>;
+
+/// A callback of its own, or a member function of `T`.
+template <class F, class T, class... Args>
+concept CallbackOf =
+    Callback<F, Args...> || std::is_invocable_v<std::decay_t<F>, T*, Parameter<Args>...>;
 
 /// One connection. The hub holds a reference while it lasts, every `Connection` another one; what
 /// it calls is destroyed with the connection, not with the last handle.
