@@ -1,7 +1,6 @@
 #include "tova/nodes/style/lodscale.h"
 
 #include <algorithm>
-#include <array>
 #include <cmath>
 #include <limits>
 

@@ -90,6 +90,7 @@ private:
     using ImplPointer = boost::intrusive_ptr<const BoundsImpl>;
 
     Bounds(const Rect& rect, ImplPointer impl) noexcept;
+    Bounds transformedEmpty(const Vetra::Transform& t) const;
 
     Rect m_rect;
     ImplPointer m_impl;

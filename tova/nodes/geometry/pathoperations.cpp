@@ -1,0 +1,185 @@
+#include "nodes/geometry/pathoperations.h"
+
+#include "nodes/geometry/almostequal.h"
+#include "nodes/geometry/boundsimpl.h"
+#include "nodes/geometry/purepainterpathboundsimpl.h"
+#include "tova/nodes/geometry/limits.h"
+
+#include "vetra/qt.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace Tova2 {
+
+namespace {
+
+double extentOf(const QPainterPath& path)
+{
+    const QRectF r = path.controlPointRect();
+    return std::max(
+        {std::abs(r.left()), std::abs(r.top()), std::abs(r.right()), std::abs(r.bottom())});
+}
+
+bool isInRange(const QPainterPath& path)
+{
+    return extentOf(path) <= Limits::pathCoordinate;
+}
+
+Vetra::Transform scaling(double factor)
+{
+    return Vetra::Transform::fromScale(factor, factor);
+}
+
+Bounds withPath(const Bounds::Rect& rect, const QPainterPath& path)
+{
+    return BoundsFactory::make(rect, new PurePainterPathBoundsImpl(path));
+}
+
+bool isClosedQuadrilateral(const QPainterPath& path)
+{
+    if (path.elementCount() != 5)
+        return false;
+    for (int i = 1; i < 5; ++i)
+        if (!path.elementAt(i).isLineTo())
+            return false;
+    return Vetra::fromQt(QPointF(path.elementAt(0))) == Vetra::fromQt(QPointF(path.elementAt(4)));
+}
+
+// A boolean often ends in a rectangle, which then has to be a bare one.
+Bounds boundsOfResult(const QPainterPath& path)
+{
+    if (isClosedQuadrilateral(path)) {
+        const auto corner = [&](int i) { return Vetra::fromQt(QPointF(path.elementAt(i))); };
+        const Bounds corners(corner(0), corner(1), corner(2), corner(3));
+        if (corners.isOnlyRect())
+            return corners;
+    }
+    return Bounds(path);
+}
+
+} // namespace
+
+bool isFinite(const QPainterPath& path)
+{
+    for (int i = 0; i < path.elementCount(); ++i) {
+        const auto element = path.elementAt(i);
+        if (!std::isfinite(element.x) || !std::isfinite(element.y))
+            return false;
+    }
+    return true;
+}
+
+bool isFinite(const Bounds::Rect& rect)
+{
+    return std::isfinite(rect.x) && std::isfinite(rect.y) && std::isfinite(rect.right()) &&
+           std::isfinite(rect.bottom());
+}
+
+QPainterPath mapped(const QPainterPath& path, const Vetra::Transform& t)
+{
+    QPainterPath result = path;
+    for (int i = 0; i < path.elementCount(); ++i) {
+        const auto p = t.map({path.elementAt(i).x, path.elementAt(i).y});
+        result.setElementPositionAt(i, p.x, p.y);
+    }
+    return result;
+}
+
+Bounds::Rect boundingRectOf(const QPainterPath& path)
+{
+    const auto rect = Vetra::fromQt(path.boundingRect());
+    return isFinite(rect) ? rect : Vetra::fromQt(path.controlPointRect());
+}
+
+double rangeFactor(const QPainterPath& path)
+{
+    return isInRange(path) ? 1 : Limits::pathCoordinate / extentOf(path);
+}
+
+bool canCombine(const QPainterPath& a, const QPainterPath& b)
+{
+    const auto na = static_cast<std::size_t>(a.elementCount());
+    const auto nb = static_cast<std::size_t>(b.elementCount());
+    // A path's crossings with itself cost as much as those with the other, hence the limit for one.
+    return std::max(na, nb) <= Limits::pathElements && na * nb <= Limits::pathElementsProduct &&
+           isInRange(a) && isInRange(b);
+}
+
+Bounds unite(const QPainterPath& a, const QPainterPath& b)
+{
+    const auto rectA = boundingRectOf(a), rectB = boundingRectOf(b), rect = rectA.united(rectB);
+    if (!rectA.intersects(rectB) && a.fillRule() == b.fillRule()) {
+        QPainterPath both = a;
+        both.addPath(b);
+        return withPath(rect, both);
+    }
+    if (!canCombine(a, b))
+        return Bounds(rect);
+    const QPainterPath united = a.united(b);
+    // The toolkit loses parts of some paths; a region to repaint must not.
+    if (!boundingRectOf(united).grown(coordinateTolerance).contains(rect))
+        return Bounds(rect);
+    const Bounds result = boundsOfResult(united);
+    return result.isOnlyRect() ? Bounds(rect) : withPath(rect, united);
+}
+
+Bounds intersect(const QPainterPath& a, const QPainterPath& b)
+{
+    const auto rectA = boundingRectOf(a), rectB = boundingRectOf(b);
+    if (!rectA.intersects(rectB))
+        return Bounds();
+    return canCombine(a, b) ? boundsOfResult(a.intersected(b)) : Bounds(rectA.intersected(rectB));
+}
+
+Bounds intersect(const QPainterPath& path, const Bounds::Rect& rect)
+{
+    const auto pathRect = boundingRectOf(path);
+    const auto common = pathRect.intersected(rect);
+    if (!common.isValid())
+        return Bounds();
+    if (!isInRange(path))
+        return Bounds(common);
+    // By the common rectangle, since the other may reach to infinity. The toolkit clips by a
+    // rectangle in linear time.
+    QPainterPath clip;
+    clip.addRect(Vetra::toQt(common));
+    return boundsOfResult(path.intersected(clip));
+}
+
+bool containsPoint(const QPainterPath& path, const Bounds::Point& point)
+{
+    const double k = rangeFactor(path);
+    return k == 1 ? path.contains(Vetra::toQt(point))
+                  : mapped(path, scaling(k)).contains(Vetra::toQt(point * k));
+}
+
+bool containsRect(const QPainterPath& path, const Bounds::Rect& rect)
+{
+    const double k = rangeFactor(path);
+    return k == 1 ? path.contains(Vetra::toQt(rect))
+                  : mapped(path, scaling(k)).contains(Vetra::toQt(scaling(k).mapRect(rect)));
+}
+
+bool intersectsRect(const QPainterPath& path, const Bounds::Rect& rect)
+{
+    const double k = rangeFactor(path);
+    return k == 1 ? path.intersects(Vetra::toQt(rect))
+                  : mapped(path, scaling(k)).intersects(Vetra::toQt(scaling(k).mapRect(rect)));
+}
+
+bool containsAll(const QPainterPath& path, const QPainterPath& other)
+{
+    return canCombine(path, other) ? path.contains(other)
+                                   : containsRect(path, boundingRectOf(other));
+}
+
+bool intersectsAny(const QPainterPath& path, const QPainterPath& other)
+{
+    if (canCombine(path, other))
+        return path.intersects(other);
+    return intersectsRect(path, boundingRectOf(other)) &&
+           intersectsRect(other, boundingRectOf(path));
+}
+
+} // namespace Tova2
