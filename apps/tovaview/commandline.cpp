@@ -1,0 +1,163 @@
+#include "commandline.h"
+
+#include <cmath>
+
+namespace TovaView {
+namespace {
+
+constexpr double largestScale = 1000;
+constexpr int largestSide = 32767;
+
+bool readScale(const QString& text, Options& options)
+{
+    bool valid = false;
+    options.scale = text.toDouble(&valid);
+    return valid && options.scale > 0 && options.scale <= largestScale;
+}
+
+bool readSize(const QString& text, Options& options)
+{
+    const QStringList sides = text.toLower().split(QLatin1Char('x'));
+    if (sides.size() != 2)
+        return false;
+    bool widthValid = false, heightValid = false;
+    options.size = {sides[0].toInt(&widthValid), sides[1].toInt(&heightValid)};
+    return widthValid && heightValid && options.size.width() > 0 && options.size.height() > 0 &&
+           options.size.width() <= largestSide && options.size.height() <= largestSide;
+}
+
+bool readTarget(const QString& text, Options& options)
+{
+    options.exportTo = text;
+    return text.endsWith(QLatin1String(".png"), Qt::CaseInsensitive) ||
+           text.endsWith(QLatin1String(".pdf"), Qt::CaseInsensitive);
+}
+
+bool readDump(const QString& text, Options& options)
+{
+    options.dumpTo = text;
+    return !text.isEmpty();
+}
+
+struct ValueOption {
+    const char* name;
+    const char* wanted;
+    bool (*read)(const QString&, Options&);
+};
+
+constexpr ValueOption valueOptions[] = {
+    {"--export", "a name that ends in .png or .pdf", readTarget},
+    {"--scale", "a number above 0, at most 1000", readScale},
+    {"--size", "WIDTHxHEIGHT in pixels, each 1 to 32767", readSize},
+    {"--dump", "the name of a file", readDump},
+};
+
+struct Flag {
+    const char* name;
+    bool Options::*target;
+};
+
+constexpr Flag flags[] = {
+    {"--stats", &Options::stats}, {"--version", &Options::version}, {"-v", &Options::version},
+    {"--help", &Options::help},   {"-h", &Options::help},
+};
+
+/// One pass over the arguments; stops at the first fault.
+class Parser {
+public:
+    explicit Parser(const QStringList& arguments) : m_arguments(arguments) {}
+
+    Options parse()
+    {
+        for (; m_options.error.isEmpty() && m_at < m_arguments.size(); ++m_at) {
+            const QString& argument = m_arguments[m_at];
+            if (argument == QLatin1String("--") && !m_onlyFiles)
+                m_onlyFiles = true;
+            else if (m_onlyFiles || !argument.startsWith(QLatin1Char('-')))
+                takeFile(argument);
+            else if (!takeFlag(argument) && !takeValue(argument))
+                m_options.error = QStringLiteral("unknown option %1").arg(argument);
+        }
+        checkWhole();
+        return m_options;
+    }
+
+private:
+    void takeFile(const QString& argument)
+    {
+        if (argument.isEmpty())
+            m_options.error = QStringLiteral("the name of the file is empty");
+        else if (!m_options.file.isEmpty())
+            m_options.error = QStringLiteral("more than one file: %1").arg(argument);
+        m_options.file = argument;
+    }
+
+    bool takeFlag(const QString& argument)
+    {
+        for (const Flag& flag : flags) {
+            if (argument == QLatin1String(flag.name))
+                return m_options.*flag.target = true;
+        }
+        return false;
+    }
+
+    /// Both "--scale 2" and "--scale=2".
+    bool takeValue(const QString& argument)
+    {
+        const int equals = argument.indexOf(QLatin1Char('='));
+        const QString name = argument.left(equals);
+        for (const ValueOption& option : valueOptions) {
+            if (name != QLatin1String(option.name))
+                continue;
+            const bool given = equals >= 0 || m_at + 1 < m_arguments.size();
+            const QString value = equals >= 0 ? argument.mid(equals + 1)
+                                  : given     ? m_arguments[++m_at]
+                                              : QString();
+            if (!given || !option.read(value, m_options))
+                m_options.error =
+                    QStringLiteral("%1 needs %2").arg(name, QLatin1String(option.wanted));
+            return true;
+        }
+        return false;
+    }
+
+    void checkWhole()
+    {
+        if (!m_options.error.isEmpty() || m_options.help || m_options.version)
+            return;
+        if (m_options.file.isEmpty())
+            m_options.error = QStringLiteral("no file given");
+        else if (m_options.scale > 0 && m_options.size.isValid())
+            m_options.error = QStringLiteral("--scale and --size exclude each other");
+    }
+
+    const QStringList& m_arguments;
+    int m_at = 0;
+    bool m_onlyFiles = false;
+    Options m_options;
+};
+
+} // namespace
+
+Options parseArguments(const QStringList& arguments)
+{
+    return Parser(arguments).parse();
+}
+
+QString usage()
+{
+    return QStringLiteral(
+        "Usage: tovaview FILE [--export OUT.png|OUT.pdf] [--scale S | --size WxH]\n"
+        "                [--dump OUT.json] [--stats] [--version] [--help]\n"
+        "\n"
+        "Shows a Graphviz diagram: DOT (.dot, .gv; laid out by dot) or plain output (.plain).\n"
+        "Without a display it writes the picture to FILE.png.\n"
+        "\n"
+        "  --export OUT   write the picture instead of showing it\n"
+        "  --scale S      pixels a point in the picture (1)\n"
+        "  --size WxH     fit the picture into W by H pixels\n"
+        "  --dump OUT     write one JSON object a node\n"
+        "  --stats        print counts, bounds and times as one line of JSON\n");
+}
+
+} // namespace TovaView

@@ -1,0 +1,23 @@
+#pragma once
+
+#include <QSize>
+#include <QString>
+#include <QStringList>
+
+namespace TovaView {
+
+struct Options {
+    QString file;
+    QString exportTo; ///< empty: no picture was asked for
+    QString dumpTo;
+    double scale = 0; ///< pixels a point; 0: not given
+    QSize size;       ///< pixels; invalid: not given
+    bool stats = false, version = false, help = false;
+    QString error; ///< what is wrong with the command line; empty when nothing is
+};
+
+/// `arguments` without the program's name.
+Options parseArguments(const QStringList& arguments);
+QString usage();
+
+} // namespace TovaView

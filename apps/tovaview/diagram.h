@@ -1,0 +1,121 @@
+#pragma once
+
+#include <vetra/color.h>
+#include <vetra/glpoint.h>
+#include <vetra/glrect.h>
+
+#include <QString>
+
+#include <optional>
+#include <vector>
+
+namespace TovaView {
+
+using Point = Vetra::GLPoint<double>;
+using Rect = Vetra::GLRect<double>;
+using Points = std::vector<Point>;
+
+// All of a diagram's coordinates are points, y growing downwards, whatever the file counted in.
+
+struct GradientStop {
+    double position = 0;
+    Vetra::Color color;
+};
+
+struct GradientFill {
+    bool radial = false;
+    Point from, to;                      ///< of a radial one: focus and centre
+    double fromRadius = 0, toRadius = 0; ///< radial only
+    std::vector<GradientStop> stops;
+};
+
+struct FillStyle {
+    Vetra::Color color;
+    std::optional<GradientFill> gradient; ///< takes the place of the colour
+};
+
+enum class Dash { Solid, Dashed, Dotted };
+
+struct LineStyle {
+    Vetra::Color color;
+    double width = 1;
+    Dash dash = Dash::Solid;
+};
+
+enum class Outline {
+    Polygon,  ///< closed
+    Polyline, ///< open
+    Bezier,   ///< a start, then three points a piece; open
+    Ellipse   ///< two points: opposite corners of its box
+};
+
+/// One drawn shape. Without a fill or a line that part is not painted.
+struct Figure {
+    Outline outline = Outline::Polygon;
+    Points points;
+    std::optional<FillStyle> fill;
+    std::optional<LineStyle> line;
+};
+
+enum class Align { Left, Center, Right };
+
+struct TextPiece {
+    QString text;
+    Point anchor; ///< on the baseline, at the left end, middle or right end of the text
+    Align align = Align::Center;
+    double width = 0; ///< room that the layout reserved; 0 when it said nothing
+    QString family;
+    double size = 14;
+    bool bold = false, italic = false, underline = false, strikeOut = false;
+    Vetra::Color color;
+};
+
+/// What one element of a diagram shows: texts lie above figures.
+struct Drawing {
+    std::vector<Figure> figures;
+    std::vector<TextPiece> texts;
+
+    bool empty() const { return figures.empty() && texts.empty(); }
+};
+
+struct Cluster {
+    QString id;
+    int parent = -1; ///< index of the cluster around it; a parent comes before its children
+    Rect frame;
+    Drawing drawing;
+};
+
+struct Block {
+    QString id;
+    int cluster = -1; ///< index of the innermost cluster around it
+    Rect frame;
+    Drawing drawing;
+};
+
+struct Connector {
+    QString id;
+    int tail = -1, head = -1; ///< indices of blocks
+    std::vector<Figure> lines;
+    std::vector<Figure> heads;
+    Drawing labels;
+};
+
+struct Diagram {
+    QString name;
+    Rect bounds; ///< the page; drawings may reach beyond it
+    Drawing page;
+    std::vector<Cluster> clusters;
+    std::vector<Block> blocks;
+    std::vector<Connector> connectors;
+};
+
+/// The box of all points; the zero rectangle when there are none.
+Rect boxOf(const Points& points);
+/// The same curve without bezier pieces that are straight: a polyline when all of them are.
+Figure simplified(Figure curve);
+void translate(Drawing& drawing, const Point& by);
+void translate(Diagram& diagram, const Point& by);
+/// Puts `next` to the right of `diagram`, on one page.
+void appendBeside(Diagram& diagram, Diagram next);
+
+} // namespace TovaView

@@ -1,0 +1,154 @@
+#include "dotlayout.h"
+
+#include "fileerror.h"
+
+#include <QRegularExpression>
+
+#include <vector>
+
+namespace TovaView {
+namespace {
+
+using Ending = DotResult::Ending;
+
+struct Attempt {
+    const char* name;
+    QStringList options;
+    bool quick; ///< places the blocks in another way than the attempts before it
+};
+
+std::vector<Attempt> attempts()
+{
+    const QString straight = QStringLiteral("-Gsplines=line");
+    return {
+        {"right-angled connectors", {QStringLiteral("-Gsplines=ortho")}, false},
+        {"the file's own connectors", {}, false},
+        {"straight connectors", {straight}, false},
+        {"straight connectors and a rougher placement",
+         {straight, QStringLiteral("-Gnslimit=1"), QStringLiteral("-Gnslimit1=1"),
+          QStringLiteral("-Gmclimit=0.05")},
+         true},
+        {"straight connectors and a placement by forces",
+         {straight, QStringLiteral("-Ksfdp"), QStringLiteral("-Goverlap=prism")},
+         true},
+    };
+}
+
+QString describe(Ending ending)
+{
+    switch (ending) {
+    case Ending::Crashed:
+        return QStringLiteral("crashed");
+    case Ending::TimedOut:
+        return QStringLiteral("ran out of time");
+    case Ending::TooMuch:
+        return QStringLiteral("printed too much");
+    default:
+        return QStringLiteral("failed");
+    }
+}
+
+/// Whether the blocks had found their places when dot was stopped. It counts the steps of each
+/// solver on one line, and ends the last of them with their number and time.
+bool placedBlocks(const QByteArray& messages)
+{
+    const QByteArray last = messages.trimmed().split('\n').last();
+    return !last.startsWith("mincross:") &&
+           (!last.startsWith("network simplex:") || last.contains(" sec"));
+}
+
+QString errorLine(const QByteArray& messages)
+{
+    QString found;
+    for (const QByteArray& line : messages.split('\n')) {
+        if (line.startsWith("Error:"))
+            return QString::fromUtf8(line.mid(6)).trimmed();
+        if (line.startsWith("in label of") || line.contains("Assertion"))
+            found = QString::fromUtf8(line).trimmed();
+    }
+    return found;
+}
+
+/// A text that no other way of drawing will make valid.
+void refuseMalformed(const QString& file, const QByteArray& messages)
+{
+    static const QRegularExpression syntax(QStringLiteral("syntax error in line (\\d+)(.*)"));
+    const QString error = errorLine(messages);
+    const auto match = syntax.match(error);
+    if (match.hasMatch())
+        throw FileError(file, match.captured(1).toInt(),
+                        QStringLiteral("syntax error") + match.captured(2));
+    static const QRegularExpression label(QStringLiteral("\\bin label of [^\\n]*"));
+    const auto owner = label.match(QString::fromUtf8(messages));
+    if (owner.hasMatch() && !error.isEmpty())
+        throw FileError(file, 0, error + QLatin1Char(' ') + owner.captured(0));
+}
+
+QHash<QString, QString> resolvedFamilies(const QByteArray& messages)
+{
+    static const QRegularExpression resolved(
+        QStringLiteral("fontname: \"([^\"\\n]*)\" resolved to:[^\"\\n]*\"([^\",\\n]*)"));
+    QHash<QString, QString> families;
+    auto matches = resolved.globalMatch(QString::fromUtf8(messages));
+    while (matches.hasNext()) {
+        const auto match = matches.next();
+        families.insert(match.captured(1), match.captured(2));
+    }
+    return families;
+}
+
+QStringList warnings(const QByteArray& messages)
+{
+    QStringList found;
+    for (const QByteArray& line : messages.split('\n')) {
+        const QString text = oneLine(QString::fromUtf8(line));
+        if (text.startsWith(QStringLiteral("Warning:")) && !found.contains(text))
+            found << text;
+    }
+    return found;
+}
+
+DotResult attempt(const Attempt& way, const QByteArray& text, const DotLimits& limits,
+                  const QString& program)
+{
+    // Verbose, since only that tells the fonts and how far a layout came. The charset holds for
+    // every graph: the text has been converted.
+    QStringList arguments{QStringLiteral("-v"), QStringLiteral("-Tjson"),
+                          QStringLiteral("-Gcharset=utf-8")};
+    return runDot(program, arguments + way.options, text, limits);
+}
+
+} // namespace
+
+DotLayout layOut(const QString& file, const QByteArray& text, const DotLimits& limits,
+                 const QString& program)
+{
+    DotLayout layout;
+    const std::vector<Attempt> ways = attempts();
+    QString reason;
+    for (std::size_t i = 0; i < ways.size();) {
+        const DotResult result = attempt(ways[i], text, limits, program);
+        if (result.ending == Ending::NotStarted)
+            throw FileError(file, 0,
+                            QStringLiteral("cannot run %1 (package graphviz)").arg(program));
+        refuseMalformed(file, result.messages);
+        if (result.ending == Ending::Finished && !result.output.trimmed().isEmpty()) {
+            layout.json = result.output;
+            layout.families = resolvedFamilies(result.messages);
+            layout.notes += warnings(result.messages);
+            return layout;
+        }
+        reason = errorLine(result.messages);
+        const bool slowPlacement =
+            result.ending == Ending::TimedOut && !placedBlocks(result.messages);
+        const QLatin1String tried(ways[i++].name);
+        while (slowPlacement && i < ways.size() && !ways[i].quick)
+            ++i;
+        if (i < ways.size())
+            layout.notes << QStringLiteral("dot %1 with %2; trying %3")
+                                .arg(describe(result.ending), tried, QLatin1String(ways[i].name));
+    }
+    throw FileError(file, 0, QStringLiteral("dot cannot lay it out: %1").arg(reason));
+}
+
+} // namespace TovaView

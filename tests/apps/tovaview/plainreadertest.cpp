@@ -1,0 +1,112 @@
+#include "plainreader.h"
+#include "temporaryfolder.h"
+
+#include <gmock/gmock.h>
+
+namespace TovaView {
+namespace {
+
+const QByteArray twoBoxes = "graph 1 2 3\n"
+                            "node a 1 2.5 1 0.5 \"x \\\"y\\\"\" solid box black lightgrey\n"
+                            "node b 1 0.5 1 0.5 <<b>bold</b>> filled ellipse red \"#00ff00\"\n";
+
+Diagram read(const QByteArray& text)
+{
+    return readPlain(QStringLiteral("f.plain"), text);
+}
+
+TEST(PlainReaderTest, TurnsInchesUpIntoPointsDown)
+{
+    const Diagram diagram = read(twoBoxes + "stop\n");
+    EXPECT_EQ(diagram.bounds, (Rect{0, 0, 144, 216}));
+    ASSERT_EQ(diagram.blocks.size(), 2u);
+    EXPECT_EQ(diagram.blocks[0].frame, (Rect{36, 18, 72, 36}));
+    EXPECT_EQ(diagram.blocks[0].drawing.texts.at(0).text, QStringLiteral("x \"y\""));
+    EXPECT_FALSE(diagram.blocks[0].drawing.figures.at(0).fill);
+    EXPECT_EQ(diagram.blocks[1].drawing.texts.at(0).text, QStringLiteral("bold"));
+    const Figure& ellipse = diagram.blocks[1].drawing.figures.at(0);
+    EXPECT_EQ(ellipse.outline, Outline::Ellipse);
+    EXPECT_EQ(ellipse.fill->color.packed(), 0xff00ff00u);
+    EXPECT_EQ(ellipse.line->color.packed(), 0xffff0000u);
+}
+
+TEST(PlainReaderTest, StraightPiecesCollapseToCorners)
+{
+    const Diagram diagram = read(twoBoxes + "edge a b 7 1 2 1 2 1 1.5 1 1.5 1 1.5 1.5 1.5 1.5 1.5"
+                                            " \"via here\" 1.2 1.4 dashed blue\nstop\n");
+    const Connector& connector = diagram.connectors.at(0);
+    EXPECT_EQ(connector.lines.at(0).outline, Outline::Polyline);
+    EXPECT_EQ(connector.lines[0].points, (Points{{72, 72}, {72, 108}, {108, 108}}));
+    EXPECT_EQ(connector.lines[0].line->dash, Dash::Dashed);
+    EXPECT_EQ(connector.labels.texts.at(0).text, QStringLiteral("via here"));
+}
+
+TEST(PlainReaderTest, BentPiecesStayCurves)
+{
+    const Diagram diagram =
+        read(twoBoxes + "edge a b 4 1 2.25 1.5 2 0.5 1 1 0.75 solid black\nstop\n");
+    EXPECT_EQ(diagram.connectors.at(0).lines.at(0).outline, Outline::Bezier);
+    EXPECT_TRUE(diagram.connectors[0].heads.empty()) << "both ends touch";
+}
+
+TEST(PlainReaderTest, HeadFillsTheGapBeforeTheBlock)
+{
+    // The ellipse's top is at 0.75 inches; ten points above it are 0.889.
+    const Diagram diagram =
+        read(twoBoxes + "edge a b 4 1 2.25 1 2 1 1 1 0.889 solid black\nstop\n");
+    const Connector& connector = diagram.connectors.at(0);
+    ASSERT_EQ(connector.heads.size(), 1u);
+    EXPECT_NEAR(connector.heads[0].points[0].y, 162, 0.1);
+}
+
+TEST(PlainReaderTest, GraphsComeSideBySide)
+{
+    const QByteArray one = twoBoxes + "edge a b 4 1 2.25 1 2 1 1 1 0.75 solid black\nstop\n";
+    const Diagram diagram = read(one + one);
+    ASSERT_EQ(diagram.blocks.size(), 4u);
+    EXPECT_GT(diagram.blocks[2].frame.x, diagram.blocks[0].frame.right() + 36);
+    EXPECT_EQ(diagram.connectors.at(1).tail, 2);
+}
+
+struct MalformedCase {
+    const char* name;
+    QByteArray text;
+    const char* complaint;
+};
+
+class MalformedPlainTest : public testing::TestWithParam<MalformedCase> {};
+
+TEST_P(MalformedPlainTest, GivesTheLine)
+{
+    EXPECT_THAT(complaintOf([] { read(GetParam().text); }),
+                testing::StartsWith(GetParam().complaint));
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    PlainReader, MalformedPlainTest,
+    testing::Values(
+        MalformedCase{"NoGraph", "digraph {}", "f.plain:1: does not start"},
+        MalformedCase{"GraphCutShort", "\ngraph 1 2\n", "f.plain:2: the line ends too early"},
+        MalformedCase{"NoStop", twoBoxes, "f.plain:4: ends without"},
+        MalformedCase{"NumberIsWord", "graph 1 2 3\nnode a x 1 1 1 a s b c d\nstop",
+                      "f.plain:2: \"x\""},
+        MalformedCase{"NumberIsNan", "graph 1 nan 3\nstop", "f.plain:1: \"nan\""},
+        MalformedCase{"NumberIsHuge", "graph 1 1e300 3\nstop", "f.plain:1: \"1e300\""},
+        MalformedCase{"ScaleIsZero", "graph 0 1 3\nstop", "f.plain:1: the scale"},
+        MalformedCase{"UnknownStatement", "graph 1 2 3\nblob\nstop", "f.plain:2: \"blob\""},
+        MalformedCase{"UnknownBlock", twoBoxes + "edge a c 4 1 1 1 1 1 1 1 1 s c\nstop",
+                      "f.plain:4: there is no node \"c\""},
+        MalformedCase{"PointCount", twoBoxes + "edge a b 5 1 1 1 1 1 1 1 1 1 1 s c\nstop",
+                      "f.plain:4: 5 points"},
+        MalformedCase{"PointCountHuge", twoBoxes + "edge a b 1e5 1 1\nstop",
+                      "f.plain:4: the line ends"},
+        MalformedCase{"PointCountNegative", twoBoxes + "edge a b -4 1 1\nstop", "f.plain:4: -4"},
+        MalformedCase{"OpenQuoteNamesItsStart", "graph 1 2 3\nnode \"a\n\n\n",
+                      "f.plain:2: a quote"},
+        MalformedCase{"WrappedQuoteCounts", "graph 1 2 3\nnode \"a\\\nb\" oops\nstop",
+                      "f.plain:3: \"oops\""},
+        MalformedCase{"TooMuch", twoBoxes + "stop now\n", "f.plain:4: \"now\""}),
+    [](const auto& row) { return row.param.name; });
+
+} // namespace
+} // namespace TovaView
