@@ -29,7 +29,10 @@ endif()
 add_compile_options(-Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor -Woverloaded-virtual -Wcast-qual
                     $<$<BOOL:${TOVA_CCACHE}>:-fpch-preprocess>)
 if(TOVA_WERROR)
-  add_compile_options(-Werror)
+  # What the optimiser guesses stays a warning: at -O3 GCC 12 has false ones inside its own headers.
+  add_compile_options(-Werror -Wno-error=array-bounds -Wno-error=maybe-uninitialized -Wno-error=restrict
+                      -Wno-error=stringop-overflow -Wno-error=stringop-overread -Wno-error=dangling-pointer
+                      -Wno-error=use-after-free -Wno-error=free-nonheap-object)
 endif()
 # What Qt 5.15 has deprecated is gone in Qt 6: refuse it from the start.
 add_compile_definitions(QT_DISABLE_DEPRECATED_BEFORE=0x050F00 QT_NO_CAST_FROM_ASCII QT_NO_FOREACH QT_NO_KEYWORDS)
