@@ -9,7 +9,6 @@
 #include <QJsonObject>
 
 #include <cmath>
-#include <utility>
 
 namespace TovaView {
 namespace {
@@ -96,8 +95,9 @@ private:
     void readSubgraph(int index, int parent, int depth)
     {
         if (index < 0 || index >= m_subgraphs || index >= m_objects.size() ||
-            std::exchange(m_wasRead[static_cast<std::size_t>(index)], true))
+            m_wasRead[static_cast<std::size_t>(index)])
             return;
+        m_wasRead[static_cast<std::size_t>(index)] = true;
         if (depth > deepestNesting)
             throw FileError(m_file, 0, QStringLiteral("has clusters nested deeper than 256"));
         const QJsonObject object = m_objects.at(index).toObject();

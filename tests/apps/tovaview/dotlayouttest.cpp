@@ -4,7 +4,7 @@
 
 #include <gmock/gmock.h>
 
-#include <QElapsedTimer>
+#include <QTest>
 
 namespace TovaView {
 namespace {
@@ -83,10 +83,12 @@ TEST_F(DotLayoutTest, KillsWhatItsChildStarted)
     EXPECT_THAT(complaintOf([&] { layOutWith(script); }), HasSubstr("cannot lay it out"));
     QFile file(m_folder.path("dot.pid"));
     ASSERT_TRUE(file.open(QIODevice::ReadOnly));
-    const QString state = QStringLiteral("/proc/%1/stat").arg(file.readAll().trimmed().toInt());
-    QFile process(state);
-    const bool exists = process.open(QIODevice::ReadOnly);
-    EXPECT_TRUE(!exists || process.readAll().contains(") Z")) << "nobody may have collected it yet";
+    const QString path = QStringLiteral("/proc/%1/stat").arg(file.readAll().trimmed().toInt());
+    const auto isGone = [&] {
+        QFile process(path); // a zombie is what nobody has collected yet
+        return !process.open(QIODevice::ReadOnly) || process.readAll().contains(") Z");
+    };
+    EXPECT_TRUE(QTest::qWaitFor(isGone));
 }
 
 TEST_F(DotLayoutTest, WarningsAreNotes)
