@@ -19,5 +19,5 @@ int main(int argc, char** argv)
     QImage picture(360, 100, QImage::Format_ARGB32_Premultiplied);
     picture.fill(Qt::white);
     scene->render(picture, {}, {-20, -20, 360, 100}); // the part of the scene to show, in points
-    return picture.save(argc > 1 ? argv[1] : "quickstart.png") ? 0 : 1;
+    return picture.save(application.arguments().value(1, QStringLiteral("quickstart.png"))) ? 0 : 1;
 }

@@ -1,6 +1,7 @@
 // What a host needs from the installed libraries: headers that stand alone, a picture with the
 // right pixels, and errors that can be caught on this side of a shared library.
 #include <tova/tova.h>
+#include <vetra/error.h>
 
 #include <QApplication>
 #include <QImage>
