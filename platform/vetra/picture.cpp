@@ -42,11 +42,12 @@ Picture fromQt(const QPicture& picture)
 
 Picture recordPicture(const std::function<void(QPainter&)>& draw)
 {
+    if (!draw)
+        return {};
     QPicture recording;
     {
         QPainter painter(&recording);
-        if (draw)
-            draw(painter);
+        draw(painter);
     }
     return fromQt(recording);
 }

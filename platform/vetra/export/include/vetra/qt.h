@@ -148,7 +148,7 @@ VETRA_EXPORT Pixmap fromQt(const QPixmap& pixmap);
 VETRA_EXPORT QPicture toQt(const Picture& picture);
 /// Only for what this process recorded itself, never for a picture read from a file or a message.
 VETRA_EXPORT Picture fromQt(const QPicture& picture);
-/// Empty when `draw` is, or draws nothing.
+/// Empty when `draw` is.
 VETRA_EXPORT Picture recordPicture(const std::function<void(QPainter&)>& draw);
 /// Draws it in the painter's coordinates and leaves the painter's state as it was.
 VETRA_EXPORT void play(QPainter& painter, const Picture& picture);
