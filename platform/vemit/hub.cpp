@@ -66,7 +66,7 @@ void Hub::wait(std::unique_ptr<Packet> packet)
 void Hub::deliverWaiting(std::size_t limit)
 {
     const Walk walk(*this);
-    for (; limit > 0 && m_word && waitingCount() != 0; --limit) {
+    for (; limit > 0 && waitingCount() != 0; --limit) {
         const std::unique_ptr<Packet> packet = std::move(m_waiting->front());
         m_waiting->pop_front();
         packet->deliver(*this);

@@ -6,6 +6,7 @@
 #include <memory>
 #include <stdexcept>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace Vemit {
@@ -118,9 +119,25 @@ TEST(EmitterTest, CapturesDieWithTheConnectionNotWithItsHandle)
     EXPECT_EQ(token.use_count(), 1);
 }
 
+TEST(EmitterTest, CapturesMayOwnTheirHandleAndConnectAnewWhileTheEmitterDies)
+{
+    Emitter<> emitter;
+    auto own = std::make_shared<Connection>();
+    *own = emitter.connect([own] {});
+    Connection* const raw = std::exchange(own, nullptr).get();
+    raw->disconnect();
+    EXPECT_FALSE(emitter.hasListeners());
+    emitter.connect([again = std::shared_ptr<void>(nullptr, [&emitter](void*) {
+                         emitter.connect([] {}); // a leak, if it is not ended in its turn
+                     })] {});
+}
+
+static_assert(Detail::canWait<Shape*> && Detail::canWait<const std::string&>);
+static_assert(!Detail::canWait<const Shape&>, "its copy would be a slice");
+static_assert(!Detail::canWait<const std::unique_ptr<int>&> && !Detail::canWait<bool&>);
+
 TEST(EmitterTest, ReferencesReachTheCallersObject)
 {
-    // None of these arguments could wait: a slice, an object without a copy, an answer.
     Emitter<const Shape&, std::unique_ptr<int>&, bool&> query(SendMode::Held);
     query.connect([](const Shape& shape, std::unique_ptr<int>& number, bool& answer) {
         answer = shape.kind() == 'c' && *number == 7;

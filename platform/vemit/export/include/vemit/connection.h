@@ -17,9 +17,8 @@ public:
     /// From here on the callable gets no further call, not even in an emission under way.
     void disconnect() noexcept
     {
-        // A copy, since destroying the callable may destroy this handle.
-        if (const Detail::LinkPtr link = m_link)
-            link->disconnect();
+        if (m_link)
+            m_link->disconnect(); // Last: it may destroy the callable, and that this handle.
     }
     bool operator==(const Connection& other) const noexcept { return m_link == other.m_link; }
 
