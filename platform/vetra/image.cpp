@@ -87,7 +87,7 @@ Holder<Image> fromQt(const QImage& image)
 void paint(QPainter& painter, const Image& image, const GLRect<double>& target,
            const GLRect<double>& source)
 {
-    if (!image.isNull() && target.isValid() && source.isValid() && painter.isActive())
+    if (!image.isNull() && isPaintable(target) && isPaintable(source) && painter.isActive())
         image.source()->paint(painter, toQt(target), toQt(source));
 }
 

@@ -3,6 +3,7 @@
 #include "boundedfile.h"
 #include "compositornodes.h"
 #include "imagecache.h"
+#include "imagesource.h"
 #include "vetra/imageerrors.h"
 #include "vetra/qt.h"
 
@@ -131,7 +132,7 @@ unsigned ImageCompositor::Manager::generation() const noexcept
 void paint(QPainter& painter, const ImageCompositor::Node& node, const GLRect<double>& target,
            const GLRect<double>& source)
 {
-    if (painter.isActive() && target.isValid() && source.isValid() && !node.isNull())
+    if (painter.isActive() && isPaintable(target) && isPaintable(source) && !node.isNull())
         node.doPaint(painter, target, source);
 }
 

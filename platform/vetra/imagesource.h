@@ -1,8 +1,11 @@
 #pragma once
 
+#include "vetra/glrect.h"
 #include "vetra/size.h"
 
 #include <QImage>
+
+#include <cmath>
 
 class QPainter;
 class QRectF;
@@ -20,6 +23,13 @@ public:
     /// `source` is in units of `size`.
     virtual void paint(QPainter& painter, const QRectF& target, const QRectF& source) const = 0;
 };
+
+/// Whether it encloses an area and has only finite corners.
+inline bool isPaintable(const GLRect<double>& r)
+{
+    return r.isValid() && std::isfinite(r.x) && std::isfinite(r.y) && std::isfinite(r.right()) &&
+           std::isfinite(r.bottom());
+}
 
 class RasterSource : public ImageSource {
 public:

@@ -67,10 +67,10 @@ void SvgSource::paint(QPainter& painter, const QRectF& target, const QRectF& sou
 std::unique_ptr<const ImageSource> makeSvgSource(const QByteArray& bytes, const std::string& name)
 {
     auto renderer = std::make_unique<QSvgRenderer>();
+    // Only the first moment of an animation is shown; loading must not start a clock for it.
+    renderer->setFramesPerSecond(0);
     if (!renderer->load(bytes) || !renderer->isValid())
         raise(ImageError::Damaged, name);
-    // Only the first moment of an animation is shown, so no clock of its own may run.
-    renderer->setFramesPerSecond(0);
     const auto size = fromQt(renderer->defaultSize());
     if (!size.isValid())
         raise(ImageError::Empty, name);

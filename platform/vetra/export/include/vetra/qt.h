@@ -131,7 +131,8 @@ VETRA_EXPORT QImage toQt(const Image& image);
 /// Never an empty holder: a picture that is null or not of an acceptable size gives a null image.
 VETRA_EXPORT Holder<Image> fromQt(const QImage& image);
 /// Fills `target` with the part `source` (in units of the image's size), a vector drawing without
-/// going through pixels. Nothing for a null image or a rectangle that is not valid.
+/// going through pixels. Nothing for a null image or a rectangle that is
+/// not valid or not finite.
 VETRA_EXPORT void paint(QPainter& painter, const Image& image, const GLRect<double>& target,
                         const GLRect<double>& source);
 VETRA_EXPORT void paint(QPainter& painter, const Image& image, const GLRect<double>& target);
