@@ -18,6 +18,16 @@ QRectF NodeImpl::strokedRect() const
     return rect.adjusted(-reach, -reach, reach, reach);
 }
 
+QRectF NodeImpl::strokedRectAt(double viewScale) const
+{
+    const Stroke& stroke = m_style.stroke();
+    const bool isAsWide = stroke.isNoStroke() || stroke.width(viewScale) == stroke.width(1.0);
+    if (isAsWide && !geometryDependsOnScale())
+        return strokedRect();
+    const double reach = stroke.isNoStroke() ? 0 : stroke.width(viewScale) * strokeReach();
+    return geometryRectAt(viewScale).adjusted(-reach, -reach, reach, reach);
+}
+
 Bounds NodeImpl::outline() const
 {
     return Bounds(strokedRect());
@@ -33,9 +43,14 @@ bool NodeImpl::outlineIntersects(const Bounds& area) const
     return outline().intersectsWith(area);
 }
 
+bool NodeImpl::hasCustomHitTest() const
+{
+    return m_extras && m_extras->hitTester;
+}
+
 bool NodeImpl::hitContains(const QPointF& point)
 {
-    if (m_extras && m_extras->hitTester) {
+    if (hasCustomHitTest()) {
         const auto functor = m_extras->hitTester;
         return functor->contains(handle(), 0.0, Vetra::fromQt(point));
     }
@@ -44,7 +59,7 @@ bool NodeImpl::hitContains(const QPointF& point)
 
 bool NodeImpl::hitIntersects(const QRectF& rect)
 {
-    if (m_extras && m_extras->hitTester) {
+    if (hasCustomHitTest()) {
         const auto functor = m_extras->hitTester;
         return functor->intersects(handle(), 0.0, Vetra::fromQt(rect));
     }
@@ -53,7 +68,7 @@ bool NodeImpl::hitIntersects(const QRectF& rect)
 
 bool NodeImpl::hitIntersects(const Bounds& area)
 {
-    if (m_extras && m_extras->hitTester) {
+    if (hasCustomHitTest()) {
         const auto functor = m_extras->hitTester;
         return functor->intersects(handle(), 0.0, area);
     }

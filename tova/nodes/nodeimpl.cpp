@@ -83,6 +83,7 @@ bool NodeImpl::isa(const char* name) const
 void NodeImpl::setSceneLink(SceneLink* scene)
 {
     m_scene = scene;
+    m_hasBeenInScene |= scene != nullptr;
     sceneChanged();
 }
 

@@ -54,6 +54,8 @@ public:
     void setParent(NodeImpl* parent);
     bool isAncestorOfNode(const NodeImpl& other) const;
     SceneLink* sceneLink() const { return m_scene; }
+    /// Also in one that it has left since.
+    bool hasBeenInScene() const { return m_hasBeenInScene; }
     /// Called by the scene for each node of a subtree that enters or leaves it.
     void setSceneLink(SceneLink* scene);
     /// Whether a scene or a parent holds a reference on the node.
@@ -68,8 +70,12 @@ public:
     void setPosition(const QPointF& position);
     void setLocalTransform(const QTransform& transform);
     virtual QRectF geometryRect() const { return {}; }
+    /// For a node whose size follows a scale function.
+    virtual bool geometryDependsOnScale() const { return false; }
+    virtual QRectF geometryRectAt(double) const { return geometryRect(); }
     /// `geometryRect` with the stroke as it is at a view scale of 1.
     virtual QRectF strokedRect() const;
+    QRectF strokedRectAt(double viewScale) const;
     /// How far the stroke may reach beyond the geometry, as a multiple of its width.
     virtual double strokeReach() const { return 0.5; }
     /// False for what scene bounds leave out although it has bounds.
@@ -81,6 +87,7 @@ public:
     virtual bool outlineContains(const QPointF& point) const;
     virtual bool outlineIntersects(const Bounds& area) const;
     // The same by way of the custom functor, if there is one.
+    bool hasCustomHitTest() const;
     bool hitContains(const QPointF& point);
     bool hitIntersects(const QRectF& rect);
     bool hitIntersects(const Bounds& area);
@@ -147,6 +154,7 @@ private:
     bool m_isReady : 1 = false; ///< between the end of construction and the start of destruction
     bool m_hasTransform : 1 = false;
     bool m_isMember : 1 = false;
+    bool m_hasBeenInScene : 1 = false;
     bool m_clipsChildren : 1 = false;
     bool m_ignoresTransformations : 1 = false;
 

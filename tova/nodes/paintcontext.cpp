@@ -134,6 +134,13 @@ QRectF PaintContext::aligned(const QRectF& rect) const
     return m_isPixelAligned ? QRectF(aligned(rect.topLeft()), aligned(rect.bottomRight())) : rect;
 }
 
+void PaintContext::drawDeviceImage(const QPoint& corner, const QImage& image)
+{
+    m_painter.setWorldTransform(QTransform());
+    m_painter.drawImage(corner, image);
+    m_coordinates = Coordinates::Unknown;
+}
+
 void PaintContext::drawRect(const QRectF& rect)
 {
     const QRectF drawn = aligned(rect);

@@ -6,9 +6,11 @@
 #include <QPointF>
 #include <QTransform>
 
+class QImage;
 class QLineF;
 class QPainter;
 class QPainterPath;
+class QPoint;
 class QRectF;
 
 namespace Tova2 {
@@ -38,6 +40,9 @@ public:
     void drawEllipse(const QRectF& rect);
     void drawLine(const QLineF& line);
     void drawPath(const QPainterPath& path);
+
+    /// Pixel by pixel; `corner` is in device pixels.
+    void drawDeviceImage(const QPoint& corner, const QImage& image);
 
     /// In the node's coordinates, with the look of the last `setStyle` if it was called for this
     /// node.

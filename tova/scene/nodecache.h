@@ -1,0 +1,43 @@
+#pragma once
+
+#include "nodes/changelevel.h"
+
+#include <cstddef>
+#include <list>
+#include <memory>
+#include <unordered_map>
+
+namespace Tova2 {
+
+class NodeImpl;
+class PaintContext;
+
+/// Pictures of nodes that ask to be cached, each made for one scale, direction and part of a pixel,
+/// so that it is drawn without being resampled. Bounded in bytes a picture and in all; what was
+/// used longest ago goes first.
+class NodeCache {
+public:
+    NodeCache();
+    ~NodeCache();
+
+    /// False when the node is to be painted directly: too large, or in no scene.
+    static bool paintCached(NodeImpl& node, PaintContext& context);
+
+    void noteChange(NodeImpl& node, ChangeLevel level) noexcept;
+    void drop(NodeImpl& node) noexcept;
+
+private:
+    struct Picture;
+    using Pictures = std::list<Picture>;
+
+    bool paint(NodeImpl& node, PaintContext& context);
+    Pictures::iterator find(NodeImpl& node, const Picture& wanted);
+    Pictures::iterator keep(NodeImpl& node, Picture&& picture);
+    void erase(Pictures::iterator picture) noexcept;
+
+    Pictures m_pictures; ///< most recently used first
+    std::unordered_map<const NodeImpl*, std::list<Pictures::iterator>> m_byNode;
+    std::size_t m_bytes = 0;
+};
+
+} // namespace Tova2

@@ -1,0 +1,74 @@
+#include "nodes/nodeimpl.h"
+#include "scene/box.h"
+#include "scene/renderpipeline.h"
+#include "scene/stackingorder.h"
+
+#include "tova/nodes/geometry/limits.h"
+#include "tova/nodes/node.h"
+#include "vetra/qt.h"
+
+#include <QImage>
+#include <QPainter>
+#include <QPixmap>
+
+#include <cmath>
+
+namespace Tova2 {
+
+namespace {
+
+/// Of the node and its visible children, in the node's coordinates.
+QRectF reachOf(NodeImpl& root, double scale)
+{
+    bool isInvertible = false;
+    const QTransform toLocal = root.sceneTransform().inverted(&isInvertible);
+    Box all;
+    visitInStackingOrder(root, 0, [&](NodeImpl& node, int) {
+        const QRectF rect = node.strokedRectAt(scale);
+        if (isInvertible && !rect.isEmpty() && node.isVisibleTo(root.parentItem()))
+            all.unite(Box::of((node.sceneTransform() * toLocal).mapRect(rect)));
+    });
+    return all.isNowhere() ? QRectF() : all.rect();
+}
+
+bool isRenderable(const QSizeF& size)
+{
+    return size.width() >= 1 && size.width() <= Limits::offScreenSide && size.height() >= 1 &&
+           size.height() <= Limits::offScreenSide &&
+           size.width() * size.height() * 4 <= static_cast<double>(Limits::offScreenBytes);
+}
+
+} // namespace
+
+// Here, beside the pipeline it needs, rather than with the node's other operations.
+Vetra::Pixmap Node::renderToPixmap(CacheType type, double scale,
+                                   Vetra::GLPoint<double>& offset) const
+{
+    NodeImpl* const root = getValidImpl();
+    if (!(scale > 0) || !std::isfinite(scale))
+        return {};
+    const QRectF reach = reachOf(*root, scale);
+    const QRectF inPixels =
+        QRectF(reach.topLeft() * scale, reach.size() * scale).adjusted(-1, -1, 1, 1);
+    const QRectF whole(QPointF(std::floor(inPixels.left()), std::floor(inPixels.top())),
+                       QPointF(std::ceil(inPixels.right()), std::ceil(inPixels.bottom())));
+    if (reach.isEmpty() || !isRenderable(whole.size()))
+        return {};
+    QImage image(whole.size().toSize(), QImage::Format_ARGB32_Premultiplied);
+    if (image.isNull())
+        return {};
+    image.fill(Qt::transparent);
+    offset = {whole.left() / scale, whole.top() / scale};
+    QPainter painter(&image);
+    RenderRequest request;
+    request.view = QTransform::fromScale(scale, scale) *
+                   QTransform::fromTranslate(-whole.left(), -whole.top());
+    request.exposed = QRectF(whole.topLeft() / scale, whole.size() / scale);
+    request.isOffScreen = true;
+    request.isPixelDevice = type != CacheType::NoCache;
+    renderSubtree(*root, painter, request);
+    painter.end();
+    return Vetra::fromQt(QPixmap::fromImage(image));
+}
+
+} // namespace Tova2

@@ -1,0 +1,49 @@
+#pragma once
+
+#include "nodes/paintcontext.h"
+#include "scene/placementcache.h"
+
+#include <QTransform>
+
+#include <cstdint>
+
+namespace Tova2 {
+
+class NodeImpl;
+struct RenderRequest;
+
+/// Paints nodes that it is handed in stacking order, each with its placement, and with the opacity
+/// and the clips of its ancestors below `root`.
+class NodeWalk {
+public:
+    /// `root` null stands for the scene. `view` goes down to the painter's device.
+    NodeWalk(QPainter& painter, const QTransform& view, const RenderRequest& request,
+             const NodeImpl* root);
+    ~NodeWalk();
+    NodeWalk(const NodeWalk&) = delete;
+    NodeWalk& operator=(const NodeWalk&) = delete;
+
+    /// One that has no opacity, clip or fixed size, neither itself nor from an ancestor.
+    void paintPlain(NodeImpl& node);
+    void paintSpecial(NodeImpl& node);
+    /// After an edit in the middle of the walk.
+    void forgetPlacements() { m_placements = PlacementCache(); }
+
+private:
+    void paint(NodeImpl& node);
+    void useClipsOf(const NodeImpl& node);
+    void clipTo(const NodeImpl& node);
+    void leaveClips();
+    const NodeImpl* parentWithin(const NodeImpl& node) const;
+
+    QPainter& m_painter;
+    PaintContext m_context;
+    PlacementCache m_placements;
+    const NodeImpl* m_root;
+    const NodeImpl* m_clipper = nullptr; ///< the nearest clipping ancestor whose clips are set
+    QRectF m_deviceExposed;
+    double m_baseOpacity;
+    bool m_isPixelDevice;
+};
+
+} // namespace Tova2

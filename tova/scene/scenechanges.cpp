@@ -1,0 +1,107 @@
+#include "scene/nodecache.h"
+#include "scene/sceneprivate.h"
+
+#include "tova/scene/scenechangetracker.h"
+
+namespace Tova2 {
+
+namespace {
+
+bool reachesChildren(ChangeLevel level)
+{
+    return level == ChangeLevel::Placement || level == ChangeLevel::Presence;
+}
+
+} // namespace
+
+void ScenePrivate::noteChange(NodeImpl& node, ChangeLevel level) noexcept
+{
+    ++m_editCounter;
+    m_cache->noteChange(node, level);
+    if (level == ChangeLevel::Appearance) {
+        if (isWatched())
+            requestRepaint(m_displayList.computeBox(node));
+        return;
+    }
+    m_bounds.reset();
+    if (level == ChangeLevel::Stacking) {
+        m_displayList.markOrderStale();
+        if (isWatched())
+            requestRepaint(computeBoxOfSubtree(node));
+        return;
+    }
+    const bool reachesSubtree = reachesChildren(level) && !node.childItems().isEmpty();
+    if (!isWatched()) {
+        if (reachesSubtree)
+            m_displayList.markSubtreeStale(node);
+        else
+            m_displayList.markStale(node);
+        return;
+    }
+    requestRepaint(reachesSubtree ? knownBoxOfSubtree(node) : m_displayList.knownBox(node));
+    requestRepaint(reachesSubtree ? computeBoxOfSubtree(node) : m_displayList.computeBox(node));
+}
+
+void ScenePrivate::noteReparenting(NodeImpl& node) noexcept
+{
+    ++m_editCounter;
+    if (isWatched())
+        requestRepaint(knownBoxOfSubtree(node));
+    removeTopLevel(node);
+}
+
+void ScenePrivate::noteReparented(NodeImpl& node) noexcept
+{
+    if (!node.parentNode())
+        addTopLevel(node);
+    m_displayList.markOrderStale();
+    m_displayList.markSubtreeStale(node);
+    m_bounds.reset();
+    if (isWatched())
+        requestRepaint(computeBoxOfSubtree(node));
+}
+
+void ScenePrivate::nodeChanged(NodeImpl& node, ChangeLevel)
+{
+    if (m_tracker)
+        m_tracker->nodeChanged(node.handle());
+}
+
+void ScenePrivate::removeRepaintSink(RepaintSink* sink)
+{
+    std::erase(m_repaintSinks, sink);
+}
+
+void ScenePrivate::requestFullRepaint()
+{
+    if (isWatched())
+        requestRepaint(Box::everywhere());
+}
+
+Box ScenePrivate::knownBoxOfSubtree(NodeImpl& node)
+{
+    Box all;
+    for (const NodeImpl* const below : subtreeOf(node))
+        all.unite(m_displayList.knownBox(*below));
+    return all;
+}
+
+Box ScenePrivate::computeBoxOfSubtree(NodeImpl& node)
+{
+    Box all;
+    for (NodeImpl* const below : subtreeOf(node))
+        all.unite(m_displayList.computeBox(*below));
+    return all;
+}
+
+void ScenePrivate::requestRepaint(const Box& box)
+{
+    if (box.isNowhere())
+        return;
+    const DirtyArea area{std::isfinite(box.left) ? box.rect() : QRectF(), m_displayList.reach()};
+    const auto sinks = m_repaintSinks;
+    for (RepaintSink* const sink : sinks)
+        sink->repaintRequested(area);
+}
+
+} // namespace Tova2

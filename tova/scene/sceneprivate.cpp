@@ -1,0 +1,238 @@
+#include "scene/sceneprivate.h"
+
+#include "nodes/deferrederror.h"
+#include "nodes/destruction.h"
+#include "scene/nodecache.h"
+
+#include "host/diagnosticscounter.h"
+#include "tova/scene/scenechangetracker.h"
+#include "vetra/qt.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace Tova2 {
+
+namespace {
+
+using Snapshot = std::vector<Vetra::Holder<NodeImpl>>;
+
+Host::DiagnosticsCounter& nodesInScenes()
+{
+    static auto& counter = Host::DiagnosticsCounter::counter("Scene:Nodes in scene");
+    return counter;
+}
+
+/// The subtree as it is now, kept alive while a host is told of it.
+Snapshot snapshotOf(NodeImpl& root)
+{
+    constexpr std::size_t kUsual = 1000;
+    Snapshot nodes;
+    nodes.reserve(kUsual);
+    for (NodeImpl* const node : subtreeOf(root))
+        nodes.emplace_back(node);
+    return nodes;
+}
+
+} // namespace
+
+ScenePrivate::ScenePrivate() : m_cache(std::make_unique<NodeCache>()) {}
+
+ScenePrivate::~ScenePrivate()
+{
+    m_tracker = nullptr;
+    m_repaintSinks.clear();
+    removeAllNodes();
+}
+
+void ScenePrivate::removeOwner(Scene* owner)
+{
+    std::erase(m_owners, owner);
+}
+
+void ScenePrivate::addNode(NodeImpl& node)
+{
+    if (has(node))
+        return;
+    const DestructionDelay delay;
+    const Vetra::Holder<NodeImpl> keep(&node);
+    DeferredError error;
+    reportAdded(node, error);
+    if (has(node))
+        return error.rethrow(); // a tracker has added it meanwhile
+    ++m_changeCounter;
+    if (SceneLink* const other = node.sceneLink())
+        error.run([&] { other->removeNode(node); });
+    else if (!node.hasBeenInScene() && !settings.creationStyles.empty())
+        error.run([&] { node.setDrawStyle(settings.creationStyles.back()); });
+    if (!node.sceneLink())
+        enter(node);
+    error.rethrow();
+}
+
+void ScenePrivate::reportAdded(NodeImpl& node, DeferredError& error)
+{
+    if (!m_tracker)
+        return;
+    for (const auto& added : snapshotOf(node)) {
+        if (m_tracker)
+            error.run([&] { m_tracker->nodeAdded(added->handle()); });
+    }
+}
+
+void ScenePrivate::reportRemoved(NodeImpl& node, DeferredError& error)
+{
+    if (!m_tracker)
+        return;
+    for (const auto& removed : snapshotOf(node)) {
+        if (m_tracker)
+            error.run([&] { m_tracker->nodeRemoved(removed->handle()); });
+    }
+}
+
+void ScenePrivate::enter(NodeImpl& node)
+{
+    // A node that hangs under another outside any scene comes in alone.
+    if (node.parentNode())
+        node.setParent(nullptr);
+    const auto subtree = subtreeOf(node);
+    m_toolkit.addSubtree(node, subtree);
+    for (NodeImpl* const entered : subtree)
+        entered->setSceneLink(this);
+    m_nodeCount += static_cast<unsigned>(subtree.size());
+    addTopLevel(node);
+    node.setMembership(true);
+    node.setZValue(nextZ(+1));
+    m_displayList.addOnTop(node);
+    m_bounds.reset();
+    ++m_editCounter;
+    nodesInScenes().increment();
+    if (isWatched())
+        requestRepaint(computeBoxOfSubtree(node));
+}
+
+void ScenePrivate::removeNode(NodeImpl& node)
+{
+    if (!has(node))
+        return;
+    const DestructionDelay delay;
+    const Vetra::Holder<NodeImpl> keep(&node);
+    DeferredError error;
+    reportRemoved(node, error);
+    if (has(node))
+        leave(node);
+    error.rethrow();
+}
+
+void ScenePrivate::leave(NodeImpl& node)
+{
+    const auto subtree = subtreeOf(node);
+    if (isWatched())
+        requestRepaint(knownBoxOfSubtree(node));
+    removeTopLevel(node);
+    for (NodeImpl* const left : subtree) {
+        m_displayList.strikeOut(*left);
+        m_cache->drop(*left);
+        left->setSceneLink(nullptr);
+    }
+    m_toolkit.removeSubtree(node, subtree);
+    m_nodeCount -= static_cast<unsigned>(subtree.size());
+    ++m_changeCounter;
+    ++m_editCounter;
+    m_bounds.reset();
+    nodesInScenes().decrement();
+    node.setMembership(false);
+}
+
+void ScenePrivate::removeAllNodes()
+{
+    const DestructionDelay delay;
+    DeferredError error;
+    // In the order of their coming, in which the toolkit finds each at the front of its lists.
+    // Until none is left: a tracker may add.
+    while (m_nodeCount > 0) {
+        const auto nodes = topLevelNodes();
+        for (NodeImpl* const node : nodes)
+            error.run([&] { removeNode(*node); });
+    }
+    error.rethrow();
+}
+
+void ScenePrivate::addTopLevel(NodeImpl& node)
+{
+    node.sceneRecord().topLevelIndex = static_cast<std::uint32_t>(m_topLevels.size());
+    m_topLevels.push_back(&node);
+}
+
+void ScenePrivate::removeTopLevel(NodeImpl& node) noexcept
+{
+    auto& index = node.sceneRecord().topLevelIndex;
+    if (index == SceneRecord::kNone)
+        return;
+    m_topLevels[index] = nullptr;
+    index = SceneRecord::kNone;
+    // Close the gaps when they are half of all: constant time a removal in the long run.
+    if (++m_topLevelsLeft * 2 <= m_topLevels.size())
+        return;
+    std::erase(m_topLevels, nullptr);
+    m_topLevelsLeft = 0;
+    for (std::size_t i = 0; i < m_topLevels.size(); ++i)
+        m_topLevels[i]->sceneRecord().topLevelIndex = static_cast<std::uint32_t>(i);
+}
+
+std::vector<NodeImpl*> ScenePrivate::topLevelNodes() const
+{
+    std::vector<NodeImpl*> nodes;
+    nodes.reserve(m_topLevels.size() - m_topLevelsLeft);
+    std::copy_if(m_topLevels.begin(), m_topLevels.end(), std::back_inserter(nodes),
+                 [](const NodeImpl* node) { return node != nullptr; });
+    return nodes;
+}
+
+const DisplayList& ScenePrivate::displayList()
+{
+    if (!m_displayList.isOrderStale()) {
+        m_displayList.refresh({});
+        return m_displayList;
+    }
+    auto nodes = topLevelNodes();
+    const auto isBelow = [](const NodeImpl* a, const NodeImpl* b) {
+        if (a->stacksBehindParent() != b->stacksBehindParent())
+            return a->stacksBehindParent();
+        return a->zValue() < b->zValue();
+    };
+    if (!std::is_sorted(nodes.begin(), nodes.end(), isBelow))
+        std::stable_sort(nodes.begin(), nodes.end(), isBelow);
+    m_displayList.refresh(nodes);
+    return m_displayList;
+}
+
+QRectF ScenePrivate::bounds()
+{
+    if (m_bounds)
+        return *m_bounds;
+    const DisplayList& list = displayList();
+    Box all;
+    for (std::size_t slot = 0; slot < list.size(); ++slot) {
+        if (list.flags(slot) & (DisplayList::Hidden | DisplayList::Uncounted))
+            continue;
+        const Box& box = list.box(slot);
+        const NodeImpl& node = *list.node(slot);
+        all.unite(std::isfinite(box.left) ? box : boxAtUnitScale(node, node.sceneTransform()));
+    }
+    m_bounds = all.isNowhere() ? QRectF() : all.rect();
+    return *m_bounds;
+}
+
+QPointF ScenePrivate::pixelAligned(const QPointF& point) const
+{
+    const QTransform view = m_paint ? m_paint->view : QTransform();
+    bool isInvertible = false;
+    const QTransform toScene = view.inverted(&isInvertible);
+    if (!isInvertible)
+        return point;
+    const QPointF device = view.map(point);
+    return toScene.map(QPointF(std::round(device.x()), std::round(device.y())));
+}
+
+} // namespace Tova2

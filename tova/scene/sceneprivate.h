@@ -1,0 +1,123 @@
+#pragma once
+
+#include "nodes/nodechangesink.h"
+#include "nodes/nodeimpl.h"
+#include "nodes/scenelink.h"
+#include "scene/displaylist.h"
+#include "scene/repaintsink.h"
+#include "scene/scenesettings.h"
+#include "scene/toolkitscene.h"
+
+#include <QRectF>
+#include <QTransform>
+
+#include <optional>
+#include <vector>
+
+namespace Tova2 {
+
+class DeferredError;
+class NodeCache;
+class Scene;
+class SceneChangeTracker;
+
+/// The content that one or more `Scene` handles own. Nodes reach it as their `SceneLink`.
+class ScenePrivate final : public SceneLink, private NodeChangeSink {
+public:
+    ScenePrivate();
+    ~ScenePrivate();
+
+    // Owners, the first of which is who nodes name as their scene
+    void addOwner(Scene* owner) { m_owners.push_back(owner); }
+    void removeOwner(Scene* owner);
+    Scene* scene() noexcept override { return m_owners.empty() ? nullptr : m_owners.front(); }
+
+    // Membership
+    void addNode(NodeImpl& node) override;
+    void removeNode(NodeImpl& node) override;
+    /// Takes every node out, reporting each to the tracker.
+    void removeAllNodes();
+    bool has(const NodeImpl& node) const { return node.sceneLink() == this; }
+    unsigned nodeCount() const { return m_nodeCount; }
+    unsigned changeCounter() const { return m_changeCounter; }
+    void incrementChangeCounter() { ++m_changeCounter; }
+    void setTracker(SceneChangeTracker* tracker) { m_tracker = tracker; }
+    std::vector<NodeImpl*> topLevelNodes() const;
+
+    // Stacking
+    void setZValue(NodeImpl& node, double z) override;
+    void stackOnTop(NodeImpl& node) override;
+    void toTop(NodeImpl& node) override;
+    void toBottom(NodeImpl& node) override;
+    void placeAbove(NodeImpl& node, const NodeImpl& reference) override;
+    void placeBelow(NodeImpl& node, const NodeImpl& reference) override;
+
+    // Changes
+    void noteChange(NodeImpl& node, ChangeLevel level) noexcept override;
+    void noteReparenting(NodeImpl& node) noexcept override;
+    void noteReparented(NodeImpl& node) noexcept override;
+    NodeChangeSink& changeSink() noexcept override { return *this; }
+    /// Moves on with every edit of any kind; for walks that call out to hosts.
+    std::uint64_t editCounter() const { return m_editCounter; }
+    /// Not owned; a sink takes itself out before it dies.
+    void addRepaintSink(RepaintSink* sink) { m_repaintSinks.push_back(sink); }
+    void removeRepaintSink(RepaintSink* sink);
+    void requestFullRepaint();
+
+    // Queries and paints
+    /// In stacking order, made good after the last edits.
+    const DisplayList& displayList();
+    QRectF bounds();
+    NodeCache& cache() { return *m_cache; }
+    QPointF pixelAligned(const QPointF& point) const override;
+
+    /// In force while a paint is under way; restored by whoever sets it.
+    struct PaintState {
+        QTransform view;
+        bool isOffScreen = false;
+    };
+    const std::optional<PaintState>& paintState() const { return m_paint; }
+    void setPaintState(const std::optional<PaintState>& state) { m_paint = state; }
+    /// True only while an off-screen render runs.
+    bool isRendering() const { return m_paint && m_paint->isOffScreen; }
+
+    SceneSettings settings;
+
+private:
+    void nodeChanged(NodeImpl& node, ChangeLevel level) override;
+
+    void enter(NodeImpl& node);
+    void leave(NodeImpl& node);
+    void addTopLevel(NodeImpl& node);
+    void removeTopLevel(NodeImpl& node) noexcept;
+    void reportAdded(NodeImpl& node, DeferredError& error);
+    void reportRemoved(NodeImpl& node, DeferredError& error);
+
+    bool storeZ(NodeImpl& node, double z);
+    double nextZ(double direction);
+    void renumber();
+    void placeNextTo(NodeImpl& node, const NodeImpl& reference, double direction);
+
+    bool isWatched() const { return !m_repaintSinks.empty(); }
+    Box knownBoxOfSubtree(NodeImpl& node);
+    Box computeBoxOfSubtree(NodeImpl& node);
+    void requestRepaint(const Box& box);
+
+    ToolkitScene m_toolkit;
+    DisplayList m_displayList;
+    std::vector<Scene*> m_owners;
+    std::vector<NodeImpl*> m_topLevels; ///< in the order of their coming; null where one has left
+    std::size_t m_topLevelsLeft = 0;
+    std::vector<RepaintSink*> m_repaintSinks;
+    SceneChangeTracker* m_tracker = nullptr;
+    std::unique_ptr<NodeCache> m_cache;
+    std::optional<QRectF> m_bounds;
+    std::optional<PaintState> m_paint;
+    double m_lowestZ = 0;
+    double m_highestZ = 0;
+    unsigned m_nodeCount = 0;
+    unsigned m_changeCounter = 1;
+    std::uint64_t m_editCounter = 0;
+};
+
+} // namespace Tova2

@@ -1,0 +1,121 @@
+#include "scene/backgroundpainter.h"
+#include "scene/renderpipeline.h"
+#include "scene/sceneprivate.h"
+
+#include "tova/nodes/geometry/limits.h"
+#include "tova/scene/scene.h"
+#include "vetra/qt.h"
+
+#include <QImage>
+#include <QPainter>
+#include <QPicture>
+#include <QPrinter>
+
+#include <cmath>
+
+namespace Tova2 {
+
+using Rect = Vetra::GLRect<double>;
+
+namespace {
+
+/// Whole pixels, with what rounding has added taken off again.
+double pixels(double length)
+{
+    return std::ceil(length - 1e-6);
+}
+
+bool isRenderable(const QSizeF& size)
+{
+    return size.width() >= 0 && size.width() <= Limits::offScreenSide && size.height() >= 0 &&
+           size.height() <= Limits::offScreenSide &&
+           size.width() * size.height() * 4 <= static_cast<double>(Limits::offScreenBytes);
+}
+
+bool isFinite(const QRectF& r)
+{
+    return std::isfinite(r.left()) && std::isfinite(r.top()) && std::isfinite(r.right()) &&
+           std::isfinite(r.bottom());
+}
+
+QTransform mapping(const QRectF& source, const QRectF& target)
+{
+    return QTransform::fromTranslate(-source.x(), -source.y()) *
+           QTransform::fromScale(target.width() / source.width(),
+                                 target.height() / source.height()) *
+           QTransform::fromTranslate(target.x(), target.y());
+}
+
+/// `whole` stands in for an empty target.
+void paint(ScenePrivate& scene, QPainter& painter, const Rect& target, const Rect& source,
+           const QRectF& whole, bool isPixelDevice)
+{
+    const QRectF to = target.isValid() ? Vetra::toQt(target) : whole;
+    const QRectF from = source.isValid() ? Vetra::toQt(source) : scene.bounds();
+    if (to.isEmpty() || from.isEmpty() || !isFinite(to) || !isFinite(from))
+        return;
+    RenderRequest request;
+    request.view = mapping(from, to);
+    request.exposed = from;
+    request.isOffScreen = true;
+    request.isPixelDevice = isPixelDevice;
+    paintBackground(scene.settings.background, painter, to);
+    renderScene(scene, painter, request);
+}
+
+} // namespace
+
+Vetra::Holder<Vetra::Image> Scene::render(int margin, const Rect& area, double scale)
+{
+    const QRectF drawn = area.isValid() ? Vetra::toQt(area) : d->bounds();
+    const int border = std::max(margin, 0);
+    const QSizeF size(pixels(drawn.width() * scale) + 2.0 * border,
+                      pixels(drawn.height() * scale) + 2.0 * border);
+    if (!(scale > 0) || !std::isfinite(scale) || !isFinite(drawn) || !isRenderable(size))
+        return Vetra::fromQt(QImage());
+    QImage image(size.toSize(), QImage::Format_RGB32);
+    image.fill(0xffffffff);
+    if (!image.isNull()) {
+        const double inset = border / scale;
+        const Rect source{drawn.x() - inset, drawn.y() - inset, size.width() / scale,
+                          size.height() / scale};
+        render(image, Vetra::fromQt(QRectF(QPointF(), size)), source);
+    }
+    return Vetra::fromQt(image);
+}
+
+void Scene::render(QImage& image, const Rect& target, const Rect& source)
+{
+    if (image.isNull())
+        return;
+    QPainter painter(&image);
+    const QSizeF size = QSizeF(image.size()) / image.devicePixelRatioF();
+    paint(*d, painter, target, source, QRectF(QPointF(), size), true);
+}
+
+void Scene::render(QPainter& painter, const Rect& target, const Rect& source)
+{
+    if (!painter.isActive())
+        return;
+    paint(*d, painter, target, source, QRectF(painter.viewport()), false);
+}
+
+void Scene::render(QPicture& picture, const Rect& target, const Rect& source)
+{
+    QPainter painter(&picture);
+    // A picture has no size of its own: unscaled unless the caller says otherwise.
+    const QRectF natural = source.isValid() ? QRectF(QPointF(), Vetra::toQt(source).size())
+                                            : QRectF(QPointF(), d->bounds().size());
+    paint(*d, painter, target, source, natural, false);
+}
+
+void Scene::render(QPrinter& printer, const Rect& target, const Rect& source)
+{
+    QPainter painter;
+    if (painter.begin(&printer))
+        paint(*d, painter, target, source,
+              QRectF(QPointF(), printer.pageLayout().paintRectPixels(printer.resolution()).size()),
+              false);
+}
+
+} // namespace Tova2

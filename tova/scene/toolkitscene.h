@@ -1,0 +1,33 @@
+#pragma once
+
+#include <QGraphicsScene>
+
+#include <span>
+
+namespace Tova2 {
+
+class NodeImpl;
+
+/// The toolkit scene that items belong to, kept from working for its keep: it has no index, and its
+/// own pass over changed items, which takes milliseconds a turn in a large scene and serves only
+/// toolkit views, never runs.
+class ToolkitScene final : public QGraphicsScene {
+public:
+    ToolkitScene();
+    ~ToolkitScene() override;
+
+    /// The node is a top-level one; its children come along.
+    void addSubtree(NodeImpl& root, std::span<NodeImpl* const> subtree);
+    /// The node is a top-level one afterwards; its children go with it.
+    void removeSubtree(NodeImpl& root, std::span<NodeImpl* const> subtree);
+
+protected:
+    bool event(QEvent* event) override;
+
+private:
+    void polish();
+
+    bool m_isPolishPending = false;
+};
+
+} // namespace Tova2
