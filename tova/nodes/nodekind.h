@@ -22,4 +22,15 @@ NodeImpl* checkedKind(NodeImpl* impl)
     return dynamic_cast<Impl*>(impl);
 }
 
+/// The node as a handle of its own kind; throws tova:nodes/InvalidNode when it is of another. For
+/// property descriptors, which know a node's class only by its values.
+template <class Handle>
+Handle nodeAs(const Node& node)
+{
+    auto* const shared = const_cast<Vetra::Referenced*>(node.getReferenced());
+    Handle handle(static_cast<NodeImpl*>(shared));
+    handle.guaranteeValid();
+    return handle;
+}
+
 } // namespace Tova2

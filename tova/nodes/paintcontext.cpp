@@ -187,6 +187,12 @@ void PaintContext::drawLine(const QLineF& line)
 
 void PaintContext::drawPath(const QPainterPath& path)
 {
+    if (!m_isPixelAligned && drawsShifted() && m_offset.isNull()) {
+        // Connectors mostly: their points are the scene's.
+        useView();
+        m_painter.drawPath(path);
+        return;
+    }
     QPainter& painter = localPainter();
     if (!m_isPixelAligned) {
         painter.drawPath(path);

@@ -1,0 +1,22 @@
+#pragma once
+
+#include "nodes/nodeimpl.h"
+
+namespace Tova2 {
+
+/// A node of its children alone. Its style belongs to nothing.
+class ContainerNodeImpl : public NodeImpl {
+public:
+    static constexpr const char* kTypeName = "Tova2.ContainerNode";
+
+    const char* typeName() const override { return kTypeName; }
+    QRectF strokedRect() const override { return {}; }
+    double strokeReach() const override { return 0; }
+    bool countsInBounds() const override { return false; }
+    Bounds outline() const override { return Bounds(); }
+    bool outlineContains(const QPointF&) const override { return false; }
+    bool outlineIntersects(const Bounds&) const override { return false; }
+    void paintNode(PaintContext&) const override {} // its children draw themselves
+};
+
+} // namespace Tova2

@@ -1,0 +1,106 @@
+#include "nodes/customnodeimpl.h"
+
+#include "nodes/paintcontext.h"
+#include "nodes/values.h"
+
+#include "vetra/qt.h"
+
+#include <QPainter>
+
+#include <utility>
+
+namespace Tova2 {
+
+namespace {
+
+/// Gives the painter back as it was, also when a host throws.
+class PainterLoan {
+public:
+    PainterLoan(PaintContext& context) : m_context(context), m_painter(context.localPainter())
+    {
+        m_painter.save();
+    }
+    ~PainterLoan()
+    {
+        m_painter.restore();
+        // A host that saves and restores unevenly leaves some other state.
+        m_context.forgetPainterState();
+    }
+    PainterLoan(const PainterLoan&) = delete;
+    PainterLoan& operator=(const PainterLoan&) = delete;
+
+    QPainter* painter() { return &m_painter; }
+
+private:
+    PaintContext& m_context;
+    QPainter& m_painter;
+};
+
+} // namespace
+
+CustomNodeImpl::~CustomNodeImpl()
+{
+    letGo(m_painter.get());
+}
+
+/// Its last node may be another one by now.
+void CustomNodeImpl::letGo(CustomNodePainter* painter) const
+{
+    if (painter && painter->m_node == this)
+        painter->m_node = nullptr;
+}
+
+void CustomNodeImpl::setPainter(CustomNodePainter* painter)
+{
+    if (m_painter == painter)
+        return;
+    const Vetra::Holder<CustomNodePainter> next(painter);
+    geometryChanging();
+    const auto old = std::exchange(m_painter, next);
+    letGo(old.get());
+    if (painter)
+        painter->m_node = this;
+    reportChange(ChangeLevel::Geometry);
+}
+
+void CustomNodeImpl::boundsChanging()
+{
+    geometryChanging();
+    reportChange(ChangeLevel::Geometry);
+}
+
+QRectF CustomNodeImpl::geometryRectAt(double viewScale) const
+{
+    const auto painter = m_painter;
+    if (!painter)
+        return {};
+    try {
+        const QRectF rect = Vetra::toQt(painter->getBoundingRect(viewScale));
+        return isFinite(rect) ? rect : QRectF();
+    } catch (...) {
+        return {};
+    }
+}
+
+Bounds CustomNodeImpl::outline() const
+{
+    const auto painter = m_painter;
+    if (!painter)
+        return Bounds();
+    const Bounds stroked = painter->getOutlineStroked(1.0);
+    return isFinite(Vetra::toQt(stroked.boundingRect())) ? stroked : Bounds();
+}
+
+void CustomNodeImpl::paintNode(PaintContext& context) const
+{
+    const auto painter = m_painter;
+    if (!painter)
+        return;
+    const PaintOptions options = context.options();
+    const auto target = Vetra::fromQt(geometryRectAt(options.viewScale));
+    context.setStyle(drawStyle());
+    PainterLoan loan(context);
+    painter->paint(loan.painter(), options.viewScale, target, options);
+}
+
+} // namespace Tova2

@@ -1,0 +1,38 @@
+#pragma once
+
+#include "nodes/nodeimpl.h"
+
+#include "tova/nodes/customnodepainter.h"
+
+namespace Tova2 {
+
+class CustomNodeImpl final : public NodeImpl {
+public:
+    static constexpr const char* kTypeName = "Tova2.CustomNode";
+
+    const char* typeName() const override { return kTypeName; }
+    CustomNodePainter* painter() const { return m_painter.get(); }
+    void setPainter(CustomNodePainter* painter);
+    void boundsChanging();
+
+    QRectF geometryRect() const override { return geometryRectAt(1.0); }
+    QRectF geometryRectAt(double viewScale) const override;
+    bool geometryDependsOnScale() const override { return bool(m_painter); }
+    /// The painter's rectangle holds all that it draws.
+    QRectF strokedRect() const override { return geometryRect(); }
+    double strokeReach() const override { return 0; }
+    bool countsInBounds() const override { return bool(m_painter); }
+    Bounds outline() const override;
+    void paintNode(PaintContext& context) const override;
+
+protected:
+    ~CustomNodeImpl() override;
+
+private:
+    void letGo(CustomNodePainter* painter) const;
+
+    // Whoever calls it holds it for the time of the call, in which it may be replaced.
+    Vetra::Holder<CustomNodePainter> m_painter;
+};
+
+} // namespace Tova2

@@ -1,0 +1,134 @@
+#include "nodes/ellipsenodeimpl.h"
+
+#include "nodes/geometry/ellipsepainterpathboundsimpl.h"
+#include "nodes/outlinereach.h"
+#include "nodes/paintcontext.h"
+#include "nodes/scenelink.h"
+#include "nodes/values.h"
+
+#include "tova/nodes/style/lodscale.h"
+#include "vetra/qt.h"
+
+#include <QLineF>
+
+#include <algorithm>
+
+namespace Tova2 {
+
+void EllipseNodeImpl::setRect(const QRectF& rect)
+{
+    if (!isFinite(rect) || isSame(rect, m_rect))
+        return;
+    geometryChanging();
+    m_rect = rect;
+    reportChange(ChangeLevel::Geometry);
+}
+
+void EllipseNodeImpl::setCenter(const QPointF& center)
+{
+    QRectF rect = m_rect;
+    rect.moveCenter(center);
+    setRect(rect);
+}
+
+void EllipseNodeImpl::setSize(const QSizeF& size)
+{
+    setRect(QRectF(m_rect.topLeft(), size));
+}
+
+void EllipseNodeImpl::setWidth(double width)
+{
+    if (!almostEqual(width, m_rect.width()))
+        setSize({width, m_rect.height()});
+}
+
+void EllipseNodeImpl::setHeight(double height)
+{
+    if (!almostEqual(height, m_rect.height()))
+        setSize({m_rect.width(), height});
+}
+
+void EllipseNodeImpl::setLodScale(const LodScale* scale)
+{
+    if (scale == m_lodScale)
+        return;
+    geometryChanging();
+    m_lodScale = scale;
+    reportChange(ChangeLevel::Geometry);
+}
+
+void EllipseNodeImpl::setWidthToPixelAlignCenter(double width)
+{
+    if (!std::isfinite(width) || width == m_widthToPixelAlignCenter)
+        return;
+    geometryChanging();
+    m_widthToPixelAlignCenter = width;
+    reportChange(ChangeLevel::Geometry);
+}
+
+QRectF EllipseNodeImpl::geometryRectAt(double viewScale) const
+{
+    if (!m_lodScale)
+        return m_rect;
+    // A host's function may return anything; `max` drops NaN when that comes second.
+    const double factor = std::max(0.0, m_lodScale->scale(viewScale));
+    const QSizeF size = m_rect.size() * factor;
+    const QPointF center = m_rect.center();
+    const QRectF scaled(center.x() - size.width() / 2, center.y() - size.height() / 2, size.width(),
+                        size.height());
+    return isFinite(scaled) ? scaled : m_rect;
+}
+
+double EllipseNodeImpl::strokeReach() const
+{
+    return smoothStrokeReach(drawStyle().stroke());
+}
+
+Bounds EllipseNodeImpl::outline() const
+{
+    const QRectF rect = geometryRect();
+    if (!isDrawable(rect))
+        return Bounds();
+    const QRectF hull = strokedHull(rect, drawStyle().stroke());
+    return rect.isEmpty() ? Bounds(hull) : Bounds(Ellipse(Vetra::fromQt(hull)));
+}
+
+bool EllipseNodeImpl::outlineContains(const QPointF& point) const
+{
+    const QRectF rect = geometryRect();
+    if (!isDrawable(rect))
+        return false;
+    const auto hull = Vetra::fromQt(strokedHull(rect, drawStyle().stroke()));
+    // On the stack, since nothing shares it.
+    return hull.contains(Vetra::fromQt(point)) &&
+           (rect.isEmpty() || EllipsePainterPathBoundsImpl(hull).contains(Vetra::fromQt(point)));
+}
+
+QRectF EllipseNodeImpl::centerAligned(const QRectF& rect) const
+{
+    const SceneLink* const scene = sceneLink();
+    if (m_widthToPixelAlignCenter == kUnaligned || !scene)
+        return rect;
+    const QTransform toScene = sceneTransform();
+    bool isInvertible = false;
+    const QTransform toLocal = toScene.inverted(&isInvertible);
+    if (!isInvertible)
+        return rect;
+    QRectF moved = rect;
+    moved.moveCenter(toLocal.map(scene->pixelAligned(toScene.map(rect.center()))));
+    return isFinite(moved) ? moved : rect;
+}
+
+void EllipseNodeImpl::paintNode(PaintContext& context) const
+{
+    const QRectF rect = centerAligned(geometryRectAt(context.options().viewScale));
+    if (!isDrawable(rect))
+        return;
+    context.setStyle(drawStyle());
+    if (rect.isEmpty())
+        context.drawLine({rect.topLeft(), rect.bottomRight()});
+    else
+        context.drawEllipse(rect);
+}
+
+} // namespace Tova2

@@ -1,0 +1,30 @@
+#pragma once
+
+#include "nodes/nodeimpl.h"
+
+#include <QLineF>
+
+namespace Tova2 {
+
+class LineNodeImpl final : public NodeImpl {
+public:
+    static constexpr const char* kTypeName = "Tova2.LineNode";
+
+    const char* typeName() const override { return kTypeName; }
+    const QLineF& line() const { return m_line; }
+    void setLine(const QLineF& line);
+
+    QRectF geometryRect() const override;
+    double strokeReach() const override;
+    Bounds outline() const override;
+    bool outlineContains(const QPointF& point) const override;
+    void paintNode(PaintContext& context) const override;
+
+private:
+    QPointF direction() const;
+    double capLength() const;
+
+    QLineF m_line;
+};
+
+} // namespace Tova2
