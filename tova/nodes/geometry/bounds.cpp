@@ -11,23 +11,19 @@ namespace Tova2 {
 
 Bounds::Bounds(const Rect& rect, ImplPointer impl) noexcept : m_rect(rect)
 {
-    if (rect.isValid())
+    if (rect.isValid() && fitsPath(rect))
         m_impl = std::move(impl);
 }
 
 Bounds::Bounds(const QRectF& rect) noexcept : m_rect(Vetra::fromQt(rect)) {}
 
-Bounds::Bounds(const Ellipse& ellipse) : m_rect(ellipse.rect())
-{
-    if (m_rect.isValid() && isFinite(m_rect))
-        m_impl = new EllipsePainterPathBoundsImpl(m_rect);
-}
+Bounds::Bounds(const Ellipse& ellipse)
+    : Bounds(ellipse.rect(), new EllipsePainterPathBoundsImpl(ellipse.rect()))
+{}
 
-Bounds::Bounds(const RoundedRect& roundedRect) : m_rect(roundedRect.rect())
-{
-    if (m_rect.isValid() && isFinite(m_rect))
-        m_impl = new RoundedRectPainterPathBoundsImpl(roundedRect);
-}
+Bounds::Bounds(const RoundedRect& roundedRect)
+    : Bounds(roundedRect.rect(), new RoundedRectPainterPathBoundsImpl(roundedRect))
+{}
 
 Bounds::Bounds(const QPainterPath& path)
 {
@@ -142,10 +138,7 @@ QPainterPath Bounds::asQPainterPath() const
 {
     if (m_impl)
         return m_impl->asQPainterPath();
-    QPainterPath path;
-    if (!isEmpty() && isFinite(m_rect))
-        path.addRect(Vetra::toQt(m_rect));
-    return path;
+    return isEmpty() ? QPainterPath() : pathOf(m_rect);
 }
 
 Vetra::Shape Bounds::asShape() const
@@ -155,9 +148,11 @@ Vetra::Shape Bounds::asShape() const
 
 bool Bounds::operator==(const Bounds& other) const
 {
-    if (!(m_rect == other.m_rect))
-        return false;
-    return m_impl == other.m_impl || (m_impl && other.m_impl && m_impl->equals(*other.m_impl));
+    // A description implies its rectangle, which must not turn a comparison with a tolerance into
+    // an exact one.
+    if (m_impl && other.m_impl)
+        return m_impl == other.m_impl || m_impl->equals(*other.m_impl);
+    return !m_impl && !other.m_impl && m_rect == other.m_rect;
 }
 
 } // namespace Tova2

@@ -101,8 +101,8 @@ Bounds::Bounds(const std::vector<Rect>& rects)
     for (const auto& rect : rects)
         collector.add(rect);
     m_rect = collector.box;
-    if (collector.kept.size() > 1 && isFinite(m_rect))
-        m_impl = new RectListPainterPathBoundsImpl(std::move(collector.kept));
+    if (collector.kept.size() > 1)
+        *this = Bounds(m_rect, new RectListPainterPathBoundsImpl(std::move(collector.kept)));
 }
 
 } // namespace Tova2

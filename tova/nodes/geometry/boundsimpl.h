@@ -48,7 +48,7 @@ private:
 /// The library's way to a region of a rectangle and what lies in it.
 class BoundsFactory {
 public:
-    /// Just the rectangle when it is not valid.
+    /// Just the rectangle when it is not valid, or too far out for a path.
     static Bounds make(const Bounds::Rect& rect, boost::intrusive_ptr<const BoundsImpl> impl)
     {
         return Bounds(rect, std::move(impl));

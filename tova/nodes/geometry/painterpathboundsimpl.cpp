@@ -7,17 +7,6 @@
 
 namespace Tova2 {
 
-namespace {
-
-QPainterPath pathOf(const Bounds::Rect& rect)
-{
-    QPainterPath path;
-    path.addRect(Vetra::toQt(rect));
-    return path;
-}
-
-} // namespace
-
 bool PainterPathBoundsImpl::equals(const BoundsImpl& other) const
 {
     return asQPainterPath() == other.asQPainterPath();
@@ -37,7 +26,7 @@ Bounds PainterPathBoundsImpl::unionedWith(const Bounds& other) const
 
 Bounds PainterPathBoundsImpl::unionedWith(const Rect& rect) const
 {
-    if (!isFinite(rect))
+    if (!fitsPath(rect))
         return Bounds(boundingRectOf(asQPainterPath()).united(rect));
     return unite(asQPainterPath(), pathOf(rect));
 }

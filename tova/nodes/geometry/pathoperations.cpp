@@ -14,6 +14,10 @@ namespace Tova2 {
 
 namespace {
 
+// Of the coordinates of a path, with room below the toolkit's limit for the arithmetic of its
+// shapes.
+constexpr double pathMaximum = 1e120;
+
 double extentOf(const QPainterPath& path)
 {
     const QRectF r = path.controlPointRect();
@@ -36,20 +40,22 @@ Bounds withPath(const Bounds::Rect& rect, const QPainterPath& path)
     return BoundsFactory::make(rect, new PurePainterPathBoundsImpl(path));
 }
 
-bool isClosedQuadrilateral(const QPainterPath& path)
+// The toolkit leaves out the closing line at times.
+bool isQuadrilateral(const QPainterPath& path)
 {
-    if (path.elementCount() != 5)
+    const int count = path.elementCount();
+    if (count != 4 && !(count == 5 && QPointF(path.elementAt(0)) == QPointF(path.elementAt(4))))
         return false;
-    for (int i = 1; i < 5; ++i)
+    for (int i = 1; i < count; ++i)
         if (!path.elementAt(i).isLineTo())
             return false;
-    return Vetra::fromQt(QPointF(path.elementAt(0))) == Vetra::fromQt(QPointF(path.elementAt(4)));
+    return true;
 }
 
 // A boolean often ends in a rectangle, which then has to be a bare one.
 Bounds boundsOfResult(const QPainterPath& path)
 {
-    if (isClosedQuadrilateral(path)) {
+    if (isQuadrilateral(path)) {
         const auto corner = [&](int i) { return Vetra::fromQt(QPointF(path.elementAt(i))); };
         const Bounds corners(corner(0), corner(1), corner(2), corner(3));
         if (corners.isOnlyRect())
@@ -76,6 +82,20 @@ bool isFinite(const Bounds::Rect& rect)
            std::isfinite(rect.bottom());
 }
 
+bool fitsPath(const Bounds::Rect& rect)
+{
+    return rect.x >= -pathMaximum && rect.y >= -pathMaximum && rect.right() <= pathMaximum &&
+           rect.bottom() <= pathMaximum;
+}
+
+QPainterPath pathOf(const Bounds::Rect& rect)
+{
+    constexpr Bounds::Rect all{-pathMaximum, -pathMaximum, 2 * pathMaximum, 2 * pathMaximum};
+    QPainterPath path;
+    path.addRect(Vetra::toQt(fitsPath(rect) ? rect : rect.intersected(all)));
+    return path;
+}
+
 QPainterPath mapped(const QPainterPath& path, const Vetra::Transform& t)
 {
     QPainterPath result = path;
@@ -88,13 +108,21 @@ QPainterPath mapped(const QPainterPath& path, const Vetra::Transform& t)
 
 Bounds::Rect boundingRectOf(const QPainterPath& path)
 {
-    const auto rect = Vetra::fromQt(path.boundingRect());
-    return isFinite(rect) ? rect : Vetra::fromQt(path.controlPointRect());
+    const double k = rangeFactor(path);
+    if (k == 1)
+        return Vetra::fromQt(path.boundingRect());
+    const QRectF r = mapped(path, scaling(k)).boundingRect();
+    return Bounds::Rect::fromCorners({r.left() / k, r.top() / k}, {r.right() / k, r.bottom() / k});
 }
 
 double rangeFactor(const QPainterPath& path)
 {
-    return isInRange(path) ? 1 : Limits::pathCoordinate / extentOf(path);
+    if (isInRange(path))
+        return 1;
+    // A power of two, so that no digit is lost on the way there and back.
+    int exponent = 0;
+    std::frexp(extentOf(path) / Limits::pathCoordinate, &exponent);
+    return std::ldexp(1.0, -exponent);
 }
 
 bool canCombine(const QPainterPath& a, const QPainterPath& b)
@@ -142,9 +170,7 @@ Bounds intersect(const QPainterPath& path, const Bounds::Rect& rect)
         return Bounds(common);
     // By the common rectangle, since the other may reach to infinity. The toolkit clips by a
     // rectangle in linear time.
-    QPainterPath clip;
-    clip.addRect(Vetra::toQt(common));
-    return boundsOfResult(path.intersected(clip));
+    return boundsOfResult(path.intersected(pathOf(common)));
 }
 
 bool containsPoint(const QPainterPath& path, const Bounds::Point& point)

@@ -11,9 +11,13 @@ namespace Tova2 {
 /// Every element; the toolkit's booleans crash on others.
 bool isFinite(const QPainterPath& path);
 bool isFinite(const Bounds::Rect& rect);
+/// Whether a path can have such coordinates: the toolkit drops points from 1e128 on.
+bool fitsPath(const Bounds::Rect& rect);
+/// The rectangle, or what of it fits a path.
+QPainterPath pathOf(const Bounds::Rect& rect);
 /// Each element through the transform.
 QPainterPath mapped(const QPainterPath& path, const Vetra::Transform& t);
-/// Of the outline, or of its control points where the outline is too large to compute.
+/// Of the outline, without its control points.
 Bounds::Rect boundingRectOf(const QPainterPath& path);
 
 /// What brings a path into the coordinates where the toolkit's search for crossings with a curve

@@ -29,10 +29,11 @@ TOVA_EXPORT void intrusive_ptr_release(const BoundsImpl* impl) noexcept;
 /// is a bare rectangle for as long as that is exact; else a rectangle with an immutable, shared
 /// description of what lies in it.
 ///
-/// Edges are closed. Anything made of a point or path that is not finite is empty. Where an exact
-/// answer on paths would take too long (see limits.h) the answer errs to the larger region: a union
-/// is its bounding rectangle, an intersection that of the rectangles, regions intersect, and one
-/// contains the other only if it contains its rectangle.
+/// Edges are closed. Anything made of a point or path that is not finite is empty; beyond
+/// coordinates of 1e120 only rectangles are left. Where an exact answer on paths would take too
+/// long (see limits.h) the answer errs to the larger region: a union is its bounding rectangle, an
+/// intersection that of the rectangles, regions intersect, and one contains the other only if it
+/// contains its rectangle.
 class TOVA_EXPORT Bounds {
 public:
     using Point = Vetra::GLPoint<double>;
@@ -81,8 +82,8 @@ public:
     QPainterPath asQPainterPath() const;
     Vetra::Shape asShape() const;
 
-    /// Equal rectangles and equal descriptions; corner points within 0.0001, other paths as the
-    /// toolkit compares them.
+    /// Bare rectangles exactly, four corners within 0.0001, other paths as the toolkit compares
+    /// them.
     bool operator==(const Bounds& other) const;
 
 private:

@@ -23,6 +23,13 @@ inline constexpr double exactShapeCoordinate = 1e12;
 /// In device pixels.
 inline constexpr double penWidth = 32'767;
 
+/// Of one node's text, in bytes of UTF-8.
+inline constexpr std::size_t textBytes = std::size_t{1} << 20;
+/// Of one line, in 16-bit units; nothing breaks lines but the text itself.
+inline constexpr int textRun = 32'768;
+/// Lines of one node's text that are shown.
+inline constexpr int textLines = 16'384;
+
 /// Nested nodes that are still painted.
 inline constexpr int paintedNodeDepth = 2'000;
 /// One node's cached picture, and all of them together.
