@@ -1,0 +1,190 @@
+#include "nodes/textlayout.h"
+
+#include "nodes/textcontent.h"
+
+#include "vetra/qt.h"
+
+#include <QColor>
+#include <QFontMetricsF>
+#include <QGuiApplication>
+#include <QPainter>
+#include <QRawFont>
+#include <QTextLayout>
+#include <QTextOption>
+
+#include <algorithm>
+
+namespace Tova2 {
+
+namespace {
+
+/// The em in pixels at which text is laid out. The toolkit keeps advances and outlines in 64ths of
+/// a pixel, and lengths up to 2^25 of them: enough for a line of `Limits::textRun`.
+constexpr int referenceSize = 256;
+constexpr double tabDistance = 4 * referenceSize;
+/// The toolkit's own bound on a line's width.
+constexpr double widestLine = 8'388'607;
+
+QFont referenceFont(const Vetra::Font& font)
+{
+    QFont result = Vetra::toQt(font);
+    result.setPixelSize(referenceSize);
+    result.setHintingPreference(QFont::PreferNoHinting);
+    // Coloured edges would be right on one kind of screen only.
+    result.setStyleStrategy(
+        static_cast<QFont::StyleStrategy>(QFont::PreferAntialias | QFont::NoSubpixelAntialias));
+    return result;
+}
+
+QTextOption lineOption()
+{
+    // Absolute: lines that are written from right to left are aligned by us as well.
+    QTextOption option(Qt::AlignLeft | Qt::AlignAbsolute);
+    option.setWrapMode(QTextOption::NoWrap);
+    option.setTabStopDistance(tabDistance);
+    return option;
+}
+
+struct Line {
+    QList<QGlyphRun> runs;
+    QSizeF size;
+};
+
+Line layOut(const QString& text, const QFont& font, const QTextOption& option)
+{
+    if (text.isEmpty())
+        return {{}, {0, QFontMetricsF(font).height()}};
+    QTextLayout layout(text, font);
+    layout.setTextOption(option);
+    layout.beginLayout();
+    QTextLine line = layout.createLine();
+    line.setLeadingIncluded(true);
+    line.setLineWidth(widestLine);
+    layout.endLayout();
+    return {layout.glyphRuns(), {line.naturalTextWidth(), line.height()}};
+}
+
+std::vector<Line> layOutAll(const std::string& text, const QFont& font)
+{
+    const auto option = lineOption();
+    std::vector<Line> lines;
+    for (const QString& line : linesOf(text))
+        lines.push_back(layOut(line, font, option));
+    return lines;
+}
+
+double startOf(const Line& line, double width, HorizontalAlignment alignment)
+{
+    switch (alignment) {
+    case HorizontalAlignment::Center:
+        return (width - line.size.width()) / 2;
+    case HorizontalAlignment::Right:
+        return width - line.size.width();
+    default:
+        return 0;
+    }
+}
+
+/// Of a run that is underlined.
+QRectF underlineOf(const QGlyphRun& run)
+{
+    const QRawFont font = run.rawFont();
+    const QRectF extent = run.boundingRect();
+    const double thickness = std::max(font.lineThickness(), 1.0);
+    const double baseline = run.positions().first().y();
+    return {extent.left(), baseline + font.underlinePosition() - thickness / 2, extent.width(),
+            thickness};
+}
+
+QGlyphRun movedTo(const QPointF& start, const QGlyphRun& run)
+{
+    QGlyphRun result = run;
+    auto positions = run.positions();
+    for (QPointF& position : positions)
+        position += start;
+    result.setPositions(positions);
+    return result;
+}
+
+void addOutlines(QPainterPath& path, const QGlyphRun& run)
+{
+    const QRawFont font = run.rawFont();
+    const auto glyphs = run.glyphIndexes();
+    const auto positions = run.positions();
+    for (int i = 0; i < glyphs.size(); ++i)
+        path.addPath(font.pathForGlyph(glyphs[i]).translated(positions[i]));
+}
+
+} // namespace
+
+TextLayout::TextLayout(const std::string& text, const Vetra::Font& font,
+                       HorizontalAlignment alignment)
+    : m_scale(font.size() / referenceSize)
+{
+    if (!qobject_cast<QGuiApplication*>(QCoreApplication::instance()) || text.empty())
+        return;
+    const auto lines = layOutAll(text, referenceFont(font));
+    QSizeF all;
+    for (const Line& line : lines)
+        all.setWidth(std::max(all.width(), line.size.width()));
+    all.setHeight(0);
+    for (const Line& line : lines) {
+        const QPointF start(startOf(line, all.width(), alignment), all.height());
+        for (const QGlyphRun& run : line.runs)
+            addRun(run, start);
+        all.setHeight(start.y() + line.size.height());
+    }
+    measure(all);
+}
+
+void TextLayout::addRun(const QGlyphRun& run, const QPointF& start)
+{
+    if (run.positions().isEmpty())
+        return;
+    m_runs.push_back(start.isNull() ? run : movedTo(start, run));
+    // The toolkit misplaces the underlines of scaled glyphs, so they are drawn apart.
+    if (run.underline()) {
+        m_underlines.push_back(underlineOf(m_runs.back()));
+        m_runs.back().setUnderline(false);
+    }
+}
+
+void TextLayout::measure(const QSizeF& lines)
+{
+    QRectF ink(QPointF(), lines);
+    for (const QGlyphRun& run : m_runs)
+        ink |= run.boundingRect();
+    for (const QRectF& underline : m_underlines)
+        ink |= underline;
+    m_size = lines * m_scale;
+    m_inkRect = {ink.topLeft() * m_scale, ink.size() * m_scale};
+}
+
+const QPainterPath& TextLayout::outlines() const
+{
+    if (m_outlines.isEmpty()) {
+        m_outlines.setFillRule(Qt::WindingFill);
+        for (const QGlyphRun& run : m_runs)
+            addOutlines(m_outlines, run);
+    }
+    return m_outlines;
+}
+
+void TextLayout::draw(QPainter& painter, const QColor& color, const QTransform& toDevice) const
+{
+    painter.setWorldTransform(QTransform::fromScale(m_scale, m_scale) * toDevice);
+    painter.setRenderHint(QPainter::Antialiasing);
+    // The toolkit puts glyphs on whole rows of pixels: even along a line that lies level, jumping
+    // along any other.
+    if (toDevice.type() > QTransform::TxScale) {
+        painter.fillPath(outlines(), color);
+    } else {
+        painter.setPen(color);
+        for (const QGlyphRun& run : m_runs)
+            painter.drawGlyphRun({}, run);
+    }
+    for (const QRectF& underline : m_underlines)
+        painter.fillRect(underline, color);
+}
+
+} // namespace Tova2
