@@ -99,27 +99,34 @@ QString PlainLexer::angled()
     fail(QStringLiteral("an angle bracket is left open"));
 }
 
-double PlainLexer::number()
+double PlainLexer::toNumber(const QString& word) const
 {
-    const QString text = word();
     bool valid = false;
-    const double value = text.toDouble(&valid);
+    const double value = word.toDouble(&valid);
     if (!valid || !(std::abs(value) <= largestNumber))
-        fail(QStringLiteral("\"%1\" is not a usable number").arg(text));
+        fail(QStringLiteral("\"%1\" is not a usable number").arg(word));
     return value;
 }
 
-double PlainLexer::length()
+double PlainLexer::toLength(const QString& word) const
 {
-    return number() * pointsPerInch;
+    return toNumber(word) * pointsPerInch;
 }
 
 int PlainLexer::count(int most)
 {
-    const double value = number();
+    const double value = toNumber(word());
     if (value < 0 || value > most || value != std::floor(value))
         fail(QStringLiteral("%1 is not a usable count").arg(value));
     return static_cast<int>(value);
+}
+
+QStringList PlainLexer::rest()
+{
+    QStringList words;
+    while (!atLineEnd())
+        words << word();
+    return words;
 }
 
 void PlainLexer::fail(const QString& reason) const

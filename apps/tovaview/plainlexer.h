@@ -2,6 +2,7 @@
 
 #include <QByteArray>
 #include <QString>
+#include <QStringList>
 
 namespace TovaView {
 
@@ -21,15 +22,18 @@ public:
     /// Whether the last word stood in angle brackets.
     bool wasAngled() const { return m_angled; }
     /// A finite number of a sane size, in points: the text counts in inches.
-    double length();
+    double length() { return toLength(word()); }
+    double toLength(const QString& word) const;
     int count(int most);
+    /// The words up to the end of the line.
+    QStringList rest();
     [[noreturn]] void fail(const QString& reason) const;
 
 private:
     void skipBlanks();
     QString quoted();
     QString angled();
-    double number();
+    double toNumber(const QString& word) const;
 
     const QString& m_file;
     QString m_text;

@@ -14,6 +14,7 @@ namespace {
 
 constexpr int mostElements = 200'000;
 constexpr int mostPoints = 100'000;
+constexpr int wordsOfLabel = 3; ///< the label and where it lies
 constexpr double headLength = 10, headHalfWidth = 3.5;
 constexpr double shortestGap = 4; ///< nearer than this a connector is taken to touch
 
@@ -115,10 +116,25 @@ private:
         return kind != QLatin1String("stop");
     }
 
-    void endStatement()
+    void endStatement() { expectNoMore(m_lexer.rest()); }
+
+    void expectNoMore(const QStringList& words)
     {
-        if (!m_lexer.atLineEnd())
-            m_lexer.fail(QStringLiteral("\"%1\" is too much").arg(m_lexer.word()));
+        if (!words.isEmpty())
+            m_lexer.fail(QStringLiteral("\"%1\" is too much").arg(words.first()));
+    }
+
+    /// A hue comes without quotes, as three numbers.
+    QString takeColor(QStringList& words)
+    {
+        if (words.isEmpty())
+            m_lexer.fail(QStringLiteral("the line ends too early"));
+        QString color = words.takeFirst();
+        bool isNumber = false;
+        static_cast<void>(color.toDouble(&isNumber));
+        for (int i = 0; i < 2 && isNumber && !words.isEmpty(); ++i)
+            color += QLatin1Char(' ') + words.takeFirst();
+        return color;
     }
 
     Point readPoint()
@@ -137,7 +153,9 @@ private:
         const QString label = m_lexer.word();
         const bool markup = m_lexer.wasAngled();
         const QString style = m_lexer.word(), shape = m_lexer.word();
-        const QString color = m_lexer.word(), fill = m_lexer.word();
+        QStringList words = m_lexer.rest();
+        const QString color = takeColor(words), fill = takeColor(words);
+        expectNoMore(words);
         if (!hasStyle(style, "invis")) {
             drawOutline(block, style, shape, color, fill);
             if (shape != QLatin1String("point"))
@@ -195,14 +213,15 @@ private:
             curve.points.push_back(readPoint());
         if (curve.points.size() % 3 != 1 || curve.points.size() < 4)
             m_lexer.fail(QStringLiteral("%1 points make no curve").arg(curve.points.size()));
-        QString style = m_lexer.word();
+        const QString first = m_lexer.word();
         const bool markup = m_lexer.wasAngled();
-        QString color = m_lexer.word();
-        if (!m_lexer.atLineEnd()) { // the two were a label and the x of its place
-            readLabel(connector, style, markup, color);
-            style = m_lexer.word();
-            color = m_lexer.word();
-        }
+        QStringList words = m_lexer.rest();
+        words.prepend(first);
+        if (words.size() >= wordsOfLabel + 2)
+            takeLabel(connector, words, markup);
+        const QString style = words.takeFirst();
+        const QString color = takeColor(words);
+        expectNoMore(words);
         if (hasStyle(style, "invis"))
             connector.labels = {};
         else
@@ -215,13 +234,11 @@ private:
         return m_diagram.blocks[static_cast<std::size_t>(index)];
     }
 
-    void readLabel(Connector& connector, const QString& label, bool markup, const QString& xInches)
+    void takeLabel(Connector& connector, QStringList& words, bool markup)
     {
-        bool valid = false;
-        const double x = xInches.toDouble(&valid) * 72;
-        if (!valid || !(std::abs(x) < 1e7))
-            m_lexer.fail(QStringLiteral("\"%1\" is not a usable number").arg(xInches));
-        const double y = m_diagram.bounds.height - m_lexer.length();
+        const QString label = words.takeFirst();
+        const double x = m_lexer.toLength(words.takeFirst());
+        const double y = m_diagram.bounds.height - m_lexer.toLength(words.takeFirst());
         const std::vector<LabelLine> lines = linesOf(label, markup);
         const double height = static_cast<double>(lines.size()) * 20;
         connector.labels.texts = placeLines(lines, {x, y - height / 2, 0, height}, {});

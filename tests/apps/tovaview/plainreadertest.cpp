@@ -68,6 +68,19 @@ TEST(PlainReaderTest, GraphsComeSideBySide)
     EXPECT_EQ(diagram.connectors.at(1).tail, 2);
 }
 
+TEST(PlainReaderTest, HuesComeAsThreeBareNumbers)
+{
+    const Diagram diagram = read("graph 1 2 3\n"
+                                 "node a 1 1 1 1 a filled box 0.0 1.0 1.0 blue\n"
+                                 "node b 1 1 1 1 b filled box red 0.333333 1 1\n"
+                                 "edge a b 4 0 0 1 1 0 1 9 9 label 1 1 solid 0.0 1.0 1.0\nstop\n");
+    const auto lineColor = [](const Figure& figure) { return figure.line->color.packed(); };
+    EXPECT_EQ(lineColor(diagram.blocks.at(0).drawing.figures.at(0)), 0xffff0000u);
+    EXPECT_EQ(diagram.blocks.at(1).drawing.figures.at(0).fill->color.packed(), 0xff00ff00u);
+    EXPECT_EQ(lineColor(diagram.connectors.at(0).lines.at(0)), 0xffff0000u);
+    EXPECT_EQ(diagram.connectors[0].labels.texts.at(0).text, QStringLiteral("label"));
+}
+
 struct MalformedCase {
     const char* name;
     QByteArray text;

@@ -1,0 +1,29 @@
+#pragma once
+
+#include "diagram.h"
+
+#include <tova/nodes/node.h>
+#include <tova/scene/scene.h>
+#include <vetra/shape.h>
+
+#include <unordered_map>
+
+namespace TovaView {
+
+/// What a node of the scene stands for.
+struct SceneItem {
+    QString name;      ///< of the cluster, block or connector; empty for their parts
+    QString text;      ///< of a text
+    Vetra::Shape path; ///< of a path, in the node's coordinates
+};
+
+/// A diagram as a scene.
+struct DiagramScene {
+    Vetra::Holder<Tova2::Scene> scene;
+    std::unordered_map<Tova2::Node, SceneItem> items;
+    Rect area; ///< all that is worth showing, in points
+    std::size_t connectors = 0;
+    std::size_t segments = 0; ///< straight and curved pieces of the connectors
+};
+
+} // namespace TovaView

@@ -1,0 +1,225 @@
+#include "program.h"
+
+#include "commandline.h"
+#include "diagramfile.h"
+#include "diagramwindow.h"
+#include "exporter.h"
+#include "fileerror.h"
+#include "scenebuilder.h"
+#include "scenedump.h"
+
+#include <QApplication>
+#include <QElapsedTimer>
+#include <QFile>
+#include <QFileInfo>
+
+#include <clocale>
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+#include <new>
+
+#include <langinfo.h>
+
+namespace TovaView {
+namespace {
+
+constexpr int faultyFile = 1, faultyUsage = 2;
+
+void sayError(const QString& line)
+{
+    std::fprintf(stderr, "tovaview: %s\n", line.toLocal8Bit().constData());
+}
+
+void sayNotes(const QString& file, QStringList& notes)
+{
+    for (const QString& note : notes)
+        sayError(oneLine(file) + QStringLiteral(": ") + oneLine(note));
+    notes.clear();
+}
+
+bool print(const QByteArray& text)
+{
+    return std::fwrite(text.constData(), 1, static_cast<std::size_t>(text.size()), stdout) ==
+               static_cast<std::size_t>(text.size()) &&
+           std::fflush(stdout) == 0;
+}
+
+/// Warnings of the toolkit are about itself; whoever runs the program gets lines about files only.
+void hearToolkit(QtMsgType type, const QMessageLogContext&, const QString& message)
+{
+    if (type == QtCriticalMsg || type == QtFatalMsg)
+        sayError(oneLine(message));
+}
+
+/// Without a locale that can spell file names, Qt could not open those that are not ASCII.
+void ensureUnicodeLocale()
+{
+    std::setlocale(LC_ALL, "");
+    if (std::strcmp(::nl_langinfo(CODESET), "ANSI_X3.4-1968") == 0)
+        ::setenv("LC_ALL", "C.UTF-8", 1);
+}
+
+bool isBatch(const Options& options)
+{
+    return !options.exportTo.isEmpty() || !options.dumpTo.isEmpty() || options.stats;
+}
+
+/// A picture that goes to a file needs no display. Else one is tried before going on without.
+void choosePlatform(const Options& options)
+{
+    const bool display =
+        qEnvironmentVariableIsSet("DISPLAY") || qEnvironmentVariableIsSet("WAYLAND_DISPLAY");
+    if (isBatch(options) || (!display && !qEnvironmentVariableIsSet("QT_QPA_PLATFORM")))
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+    else if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
+        qputenv("QT_QPA_PLATFORM", qEnvironmentVariableIsSet("WAYLAND_DISPLAY")
+                                       ? "wayland;xcb;offscreen"
+                                       : "xcb;offscreen");
+}
+
+bool hasScreen()
+{
+    const QString platform = QGuiApplication::platformName();
+    return platform != QLatin1String("offscreen") && platform != QLatin1String("minimal");
+}
+
+/// Milliseconds since the last lap.
+double lap(QElapsedTimer& timer)
+{
+    const auto nanoseconds = static_cast<double>(timer.nsecsElapsed());
+    timer.restart();
+    return nanoseconds / 1e6;
+}
+
+/// One diagram's way through the program.
+class Run {
+public:
+    explicit Run(const Options& options) : m_options(options) {}
+
+    int run()
+    {
+        load();
+        if (!isBatch(m_options) && hasScreen())
+            return show();
+        if (isBatch(m_options))
+            writeWhatWasAskedFor();
+        else
+            writeBeside();
+        sayNotes(m_options.file, m_notes);
+        return 0;
+    }
+
+private:
+    void load()
+    {
+        QElapsedTimer timer;
+        timer.start();
+        const Diagram diagram = readDiagram(m_options.file, m_notes);
+        sayNotes(m_options.file, m_notes);
+        m_timings.load = lap(timer);
+        m_scene = SceneBuilder(diagram).build();
+        m_timings.build = lap(timer);
+    }
+
+    int show()
+    {
+        DiagramWindow window(m_scene, QFileInfo(m_options.file).fileName());
+        window.show();
+        return QApplication::exec();
+    }
+
+    void writeBeside()
+    {
+        const QString target = m_options.file + QStringLiteral(".png");
+        writePicture(target);
+        sayError(QStringLiteral("no display; the picture is in %1").arg(target));
+    }
+
+    void writeWhatWasAskedFor()
+    {
+        if (!m_options.exportTo.isEmpty())
+            writePicture(m_options.exportTo);
+        else if (m_options.stats)
+            paint(m_options.file);
+        if (!m_options.dumpTo.isEmpty())
+            writeBytes(dumpScene(m_scene), m_options.dumpTo);
+        if (m_options.stats && !print(statsLine(m_scene, m_timings)))
+            throw FileError(QStringLiteral("standard output"), 0, QStringLiteral("cannot write"));
+    }
+
+    void writePicture(const QString& target)
+    {
+        if (!target.endsWith(QLatin1String(".pdf"), Qt::CaseInsensitive)) {
+            writePng(paint(target), target);
+            return;
+        }
+        QElapsedTimer timer;
+        timer.start();
+        writePdf(m_scene, {m_options.scale, m_options.size}, target, m_notes);
+        m_timings.paint = lap(timer);
+    }
+
+    QImage paint(const QString& target)
+    {
+        QElapsedTimer timer;
+        timer.start();
+        QImage picture = paintPicture(m_scene, {m_options.scale, m_options.size}, target, m_notes);
+        m_timings.paint = lap(timer);
+        return picture;
+    }
+
+    Options m_options;
+    QStringList m_notes;
+    DiagramScene m_scene;
+    Timings m_timings;
+};
+
+/// Whatever goes wrong with a file becomes one line.
+int runGuarded(const Options& options)
+{
+    try {
+        return Run(options).run();
+    } catch (const FileError& error) {
+        sayError(error.message());
+    } catch (const std::bad_alloc&) {
+        sayError(oneLine(options.file) + QStringLiteral(": there is not enough memory"));
+    } catch (const std::exception& error) {
+        sayError(oneLine(options.file) + QStringLiteral(": ") +
+                 oneLine(QString::fromUtf8(error.what())));
+    }
+    return faultyFile;
+}
+
+QStringList decode(int argc, char** argv)
+{
+    QStringList arguments;
+    for (int i = 1; i < argc; ++i)
+        arguments << QFile::decodeName(argv[i]);
+    return arguments;
+}
+
+} // namespace
+
+int runProgram(int argc, char** argv)
+{
+    ensureUnicodeLocale();
+    qInstallMessageHandler(hearToolkit);
+    const Options options = parseArguments(decode(argc, argv));
+    if (!options.error.isEmpty()) {
+        sayError(oneLine(options.error));
+        std::fputs("Try tovaview --help\n", stderr);
+        return faultyUsage;
+    }
+    if (options.help)
+        return print(usage().toUtf8()) ? 0 : faultyFile;
+    if (options.version)
+        return print("tovaview " TOVAVIEW_VERSION "\n") ? 0 : faultyFile;
+    choosePlatform(options);
+    // Only our own arguments count: Qt's, such as -platform, have been refused above.
+    int noArguments = 1;
+    const QApplication application(noArguments, argv);
+    return runGuarded(options);
+}
+
+} // namespace TovaView

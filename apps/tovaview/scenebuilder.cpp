@@ -1,0 +1,221 @@
+#include "scenebuilder.h"
+
+#include "figurestyle.h"
+#include "textfitter.h"
+
+#include <tova/nodes/containernode.h>
+#include <tova/nodes/ellipsenode.h>
+#include <tova/nodes/rectnode.h>
+#include <tova/nodes/shapenode.h>
+#include <tova/nodes/style/background.h>
+
+namespace TovaView {
+namespace {
+
+constexpr double pageMargin = 8;
+/// Lets a line that runs through a label be guessed, and the label be read.
+constexpr double groundOpacity = 0.8;
+
+bool isWhite(const Vetra::Color& color)
+{
+    return color.packed() == 0xffffffff;
+}
+
+std::size_t segmentsOf(const Vetra::Shape& path)
+{
+    std::size_t count = 0;
+    for (const Vetra::Shape::Element& element : path.elements())
+        count += element.type == Vetra::Shape::ElementType::LineTo ||
+                 element.type == Vetra::Shape::ElementType::CubicTo;
+    return count;
+}
+
+Tova2::Node containerAt(const Point& origin)
+{
+    Tova2::ContainerNode container;
+    container.setPosition(origin);
+    return container;
+}
+
+} // namespace
+
+SceneBuilder::SceneBuilder(const Diagram& diagram) : m_diagram(diagram) {}
+
+DiagramScene SceneBuilder::build()
+{
+    m_result.scene = Tova2::Scene::createScene();
+    m_result.area = m_diagram.bounds;
+    addPage();
+    addClusters();
+    addBlocks(true);
+    addConnectors();
+    addBlocks(false);
+    addConnectorLabels();
+    const Rect bounds = m_result.scene->getBounds();
+    if (bounds.width > 0 || bounds.height > 0)
+        includeInArea(bounds);
+    m_result.area = m_result.area.grown(pageMargin);
+    return std::move(m_result);
+}
+
+/// The page's own figure is its ground. Its colour goes on beyond the page's edge; white is the
+/// ground anyway.
+void SceneBuilder::addPage()
+{
+    Drawing page = m_diagram.page;
+    if (!page.figures.empty() && page.figures.front().fill) {
+        m_ground = page.figures.front().fill->color;
+        Tova2::Background background;
+        background.setColor(m_ground);
+        if (!isWhite(m_ground))
+            m_result.scene->setBackground(background);
+        if (!page.figures.front().fill->gradient)
+            page.figures.erase(page.figures.begin());
+    }
+    if (!page.empty())
+        fill({}, {}, page);
+}
+
+void SceneBuilder::addClusters()
+{
+    for (const Cluster& cluster : m_diagram.clusters) {
+        const Tova2::Node parent = cluster.parent < 0
+                                       ? Tova2::Node()
+                                       : m_clusters[static_cast<std::size_t>(cluster.parent)];
+        Tova2::Node container = containerAt(cluster.frame.topLeft());
+        if (parent.isValid()) {
+            const Point outer =
+                m_diagram.clusters[static_cast<std::size_t>(cluster.parent)].frame.topLeft();
+            container.setPosition({cluster.frame.x - outer.x, cluster.frame.y - outer.y});
+        }
+        place(container, parent);
+        name(container, cluster.id);
+        fill(container, cluster.frame.topLeft(), cluster.drawing);
+        m_clusters.push_back(container);
+    }
+}
+
+void SceneBuilder::addBlocks(bool inClusters)
+{
+    for (const Block& block : m_diagram.blocks) {
+        if (inClusters != (block.cluster >= 0) || block.drawing.empty())
+            continue;
+        Tova2::Node parent;
+        Point outer{};
+        if (inClusters) {
+            const auto cluster = static_cast<std::size_t>(block.cluster);
+            parent = m_clusters[cluster];
+            outer = m_diagram.clusters[cluster].frame.topLeft();
+        }
+        const Point origin = block.frame.topLeft();
+        Tova2::Node container = containerAt({origin.x - outer.x, origin.y - outer.y});
+        place(container, parent);
+        name(container, block.id);
+        fill(container, origin, block.drawing);
+    }
+}
+
+void SceneBuilder::addConnectors()
+{
+    for (const Connector& connector : m_diagram.connectors) {
+        if (connector.lines.empty() && connector.heads.empty())
+            continue;
+        ++m_result.connectors;
+        Tova2::Node root;
+        Point origin{};
+        for (const auto* figures : {&connector.lines, &connector.heads}) {
+            for (const Figure& figure : *figures) {
+                if (!root.isValid())
+                    origin = figure.points.front();
+                Tova2::ShapeNode node(shapeOf(figure, origin));
+                node.setDrawStyle(styleOf(figure, origin));
+                if (!root.isValid())
+                    node.setPosition(origin);
+                place(node, root);
+                m_result.items[node].path = node.getShape();
+                if (figures == &connector.lines)
+                    m_result.segments += segmentsOf(node.getShape());
+                if (!root.isValid())
+                    root = node;
+            }
+        }
+        name(root, connector.id);
+    }
+}
+
+void SceneBuilder::addConnectorLabels()
+{
+    for (const Connector& connector : m_diagram.connectors) {
+        for (const TextPiece& text : connector.labels.texts)
+            addLabelGround(text);
+        fill({}, {}, connector.labels);
+    }
+}
+
+/// Connectors may run through a label; on a ground of its own it stays readable.
+void SceneBuilder::addLabelGround(const TextPiece& text)
+{
+    Tova2::RectNode ground(TextFitter(text).rect());
+    const Vetra::Color& c = m_ground;
+    ground.setDrawStyle({Tova2::Stroke::NoStroke(), Vetra::Color(c.red() / 255.0, c.green() / 255.0,
+                                                                 c.blue() / 255.0, groundOpacity)});
+    place(ground, {});
+}
+
+void SceneBuilder::fill(const Tova2::Node& parent, const Point& origin, const Drawing& drawing)
+{
+    for (const Figure& figure : drawing.figures) {
+        Tova2::Node node = makeFigure(figure, origin);
+        place(node, parent);
+    }
+    for (const TextPiece& text : drawing.texts) {
+        Tova2::Node node = makeText(text, origin);
+        place(node, parent);
+    }
+}
+
+Tova2::Node SceneBuilder::makeFigure(const Figure& figure, const Point& origin)
+{
+    const Rect box = boxOf(figure.points).translated({-origin.x, -origin.y});
+    Tova2::Node node;
+    if (figure.outline == Outline::Ellipse) {
+        node = Tova2::EllipseNode(Tova2::Ellipse(box));
+    } else if (rectOf(figure)) {
+        node = Tova2::RectNode(box);
+    } else {
+        const Vetra::Shape shape = shapeOf(figure, origin);
+        node = Tova2::ShapeNode(shape);
+        m_result.items[node].path = shape;
+    }
+    node.setDrawStyle(styleOf(figure, origin));
+    return node;
+}
+
+Tova2::Node SceneBuilder::makeText(const TextPiece& text, const Point& origin)
+{
+    const TextFitter fitter(text);
+    includeInArea(fitter.rect());
+    Tova2::Node node = fitter.makeNode(origin);
+    m_result.items[node].text = text.text;
+    return node;
+}
+
+void SceneBuilder::place(Tova2::Node& node, const Tova2::Node& parent)
+{
+    if (parent.isValid())
+        node.setParent(parent);
+    else
+        m_result.scene->addNode(node);
+}
+
+void SceneBuilder::name(const Tova2::Node& node, const QString& name)
+{
+    m_result.items[node].name = name;
+}
+
+void SceneBuilder::includeInArea(const Rect& rect)
+{
+    m_result.area = m_result.area.united(rect);
+}
+
+} // namespace TovaView

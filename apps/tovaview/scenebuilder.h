@@ -1,0 +1,37 @@
+#pragma once
+
+#include "diagramscene.h"
+
+namespace TovaView {
+
+/// Makes the scene of a diagram. From the bottom to the top: clusters with the blocks in them,
+/// connectors, the blocks outside of clusters, labels of connectors.
+class SceneBuilder {
+public:
+    explicit SceneBuilder(const Diagram& diagram);
+
+    DiagramScene build();
+
+private:
+    void addPage();
+    void addClusters();
+    void addConnectors();
+    void addBlocks(bool inClusters);
+    void addConnectorLabels();
+
+    /// Adds a node for each figure and text under `parent`, whose origin in the scene is `origin`.
+    void fill(const Tova2::Node& parent, const Point& origin, const Drawing& drawing);
+    Tova2::Node makeFigure(const Figure& figure, const Point& origin);
+    Tova2::Node makeText(const TextPiece& text, const Point& origin);
+    void place(Tova2::Node& node, const Tova2::Node& parent);
+    void addLabelGround(const TextPiece& text);
+    void name(const Tova2::Node& node, const QString& name);
+    void includeInArea(const Rect& rect);
+
+    const Diagram& m_diagram;
+    DiagramScene m_result;
+    std::vector<Tova2::Node> m_clusters; ///< by index in the diagram
+    Vetra::Color m_ground = Vetra::Color::fromPacked(0xffffffff);
+};
+
+} // namespace TovaView
