@@ -2,6 +2,7 @@
 
 #include "nodes/geometry/almostequal.h"
 #include "nodes/geometry/boundsimpl.h"
+#include "nodes/geometry/pathcost.h"
 #include "nodes/geometry/purepainterpathboundsimpl.h"
 #include "tova/nodes/geometry/limits.h"
 
@@ -17,13 +18,6 @@ namespace {
 // Of the coordinates of a path, with room below the toolkit's limit for the arithmetic of its
 // shapes.
 constexpr double pathMaximum = 1e120;
-
-double extentOf(const QPainterPath& path)
-{
-    const QRectF r = path.controlPointRect();
-    return std::max(
-        {std::abs(r.left()), std::abs(r.top()), std::abs(r.right()), std::abs(r.bottom())});
-}
 
 bool isInRange(const QPainterPath& path)
 {
@@ -125,15 +119,6 @@ double rangeFactor(const QPainterPath& path)
     return std::ldexp(1.0, -exponent);
 }
 
-bool canCombine(const QPainterPath& a, const QPainterPath& b)
-{
-    const auto na = static_cast<std::size_t>(a.elementCount());
-    const auto nb = static_cast<std::size_t>(b.elementCount());
-    // A path's crossings with itself cost as much as those with the other, hence the limit for one.
-    return std::max(na, nb) <= Limits::pathElements && na * nb <= Limits::pathElementsProduct &&
-           isInRange(a) && isInRange(b);
-}
-
 Bounds unite(const QPainterPath& a, const QPainterPath& b)
 {
     const auto rectA = boundingRectOf(a), rectB = boundingRectOf(b), rect = rectA.united(rectB);
@@ -196,13 +181,13 @@ bool intersectsRect(const QPainterPath& path, const Bounds::Rect& rect)
 
 bool containsAll(const QPainterPath& path, const QPainterPath& other)
 {
-    return canCombine(path, other) ? path.contains(other)
+    return canCompare(path, other) ? path.contains(other)
                                    : containsRect(path, boundingRectOf(other));
 }
 
 bool intersectsAny(const QPainterPath& path, const QPainterPath& other)
 {
-    if (canCombine(path, other))
+    if (canCompare(path, other))
         return path.intersects(other);
     return intersectsRect(path, boundingRectOf(other)) &&
            intersectsRect(other, boundingRectOf(path));

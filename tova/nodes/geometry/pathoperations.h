@@ -23,8 +23,6 @@ Bounds::Rect boundingRectOf(const QPainterPath& path);
 /// What brings a path into the coordinates where the toolkit's search for crossings with a curve
 /// ends; 1 mostly.
 double rangeFactor(const QPainterPath& path);
-/// Whether the two are small enough, in elements and coordinates, for an exact boolean.
-bool canCombine(const QPainterPath& a, const QPainterPath& b);
 
 // All of these take finite paths.
 Bounds unite(const QPainterPath& a, const QPainterPath& b);

@@ -10,9 +10,9 @@ namespace Tova2::Limits {
 /// Of the numbers of elements of the two paths that a union, an intersection or a comparison of
 /// regions works on.
 inline constexpr std::size_t pathElementsProduct = 10'000;
-/// Of one of the two paths of a union or intersection, since its crossings with itself count as
-/// well. Clipping by a rectangle and testing a point are exact at any length.
-inline constexpr std::size_t pathElements = 200;
+/// In a union or an intersection, of the two paths with each other and with themselves: few
+/// elements can cross often, and that is what takes time.
+inline constexpr std::size_t pathCrossings = 5'000;
 /// The absolute value of a path's coordinates, in scene units.
 inline constexpr double pathCoordinate = 1e9;
 
