@@ -9,10 +9,6 @@ struct CombineCase {
     const char* name;
     Bounds a, b, intersection, united;
 };
-void PrintTo(const CombineCase& row, std::ostream* out)
-{
-    *out << row.name;
-}
 
 class BoundsCombineTest : public testing::TestWithParam<CombineCase> {};
 
@@ -36,24 +32,23 @@ Bounds rects(std::vector<Rect> list)
 const Bounds box(Rect{0, 0, 10, 10});
 const Bounds wide(Rect{-5, -5, 30, 30});
 
-INSTANTIATE_TEST_SUITE_P(
-    Bounds, BoundsCombineTest,
-    testing::Values(
-        CombineCase{"Overlapping", box, Rect{5, 5, 10, 10}, Rect{5, 5, 5, 5},
-                    rects({{0, 0, 10, 10}, {5, 5, 10, 10}})},
-        CombineCase{"Nested", box, Rect{2, 2, 3, 3}, Rect{2, 2, 3, 3}, box},
-        CombineCase{"NestedTheOtherWay", Rect{2, 2, 3, 3}, box, Rect{2, 2, 3, 3}, box},
-        CombineCase{"TouchingHaveAnEmptyStrip", box, Rect{10, 0, 5, 10}, Rect{10, 0, 0, 10},
-                    rects({{0, 0, 10, 10}, {10, 0, 5, 10}})},
-        CombineCase{"Apart", box, Rect{20, 0, 5, 5}, Bounds(),
-                    rects({{0, 0, 10, 10}, {20, 0, 5, 5}})},
-        CombineCase{"WithEmpty", Rect{5, 5, 2, 2}, Bounds(), Bounds(), Rect{5, 5, 2, 2}},
-        CombineCase{"EmptyWith", Bounds(), Rect{5, 5, 2, 2}, Bounds(), Rect{5, 5, 2, 2}},
-        CombineCase{"ShapeInARectangle", diamond(), wide, diamond(), wide},
-        CombineCase{"RectangleAroundAShape", wide, diamond(), diamond(), wide},
-        CombineCase{"ShapeWithEmpty", diamond(), Bounds(Rect{30, 30, 0, 0}), Bounds(), diamond()},
-        CombineCase{"EmptyWithShape", Bounds(Rect{30, 30, 0, 0}), diamond(), Bounds(), diamond()}),
-    caseName<CombineCase>);
+const CombineCase combineRows[] = {
+    {"Overlapping", box, Rect{5, 5, 10, 10}, Rect{5, 5, 5, 5},
+     rects({{0, 0, 10, 10}, {5, 5, 10, 10}})},
+    {"Nested", box, Rect{2, 2, 3, 3}, Rect{2, 2, 3, 3}, box},
+    {"NestedTheOtherWay", Rect{2, 2, 3, 3}, box, Rect{2, 2, 3, 3}, box},
+    {"TouchingHaveAnEmptyStrip", box, Rect{10, 0, 5, 10}, Rect{10, 0, 0, 10},
+     rects({{0, 0, 10, 10}, {10, 0, 5, 10}})},
+    {"Apart", box, Rect{20, 0, 5, 5}, Bounds(), rects({{0, 0, 10, 10}, {20, 0, 5, 5}})},
+    {"WithEmpty", Rect{5, 5, 2, 2}, Bounds(), Bounds(), Rect{5, 5, 2, 2}},
+    {"EmptyWith", Bounds(), Rect{5, 5, 2, 2}, Bounds(), Rect{5, 5, 2, 2}},
+    {"ShapeInARectangle", diamond(), wide, diamond(), wide},
+    {"RectangleAroundAShape", wide, diamond(), diamond(), wide},
+    {"ShapeWithEmpty", diamond(), Bounds(Rect{30, 30, 0, 0}), Bounds(), diamond()},
+    {"EmptyWithShape", Bounds(Rect{30, 30, 0, 0}), diamond(), Bounds(), diamond()},
+};
+INSTANTIATE_TEST_SUITE_P(Bounds, BoundsCombineTest, testing::ValuesIn(combineRows),
+                         caseName<CombineCase>);
 
 TEST(BoundsCombineTest, ShapesCombineByTheirPaths)
 {
@@ -98,10 +93,6 @@ struct TransformCase {
     Transform transform;
     Bounds result;
 };
-void PrintTo(const TransformCase& row, std::ostream* out)
-{
-    *out << row.name;
-}
 
 class BoundsTransformTest : public testing::TestWithParam<TransformCase> {};
 
@@ -122,31 +113,27 @@ const Transform moved = Transform::fromTranslate(3, 4);
 const Transform mirrored = Transform::fromScale(-2, 1);
 const Transform quarter = turned(90, {0, 0});
 
-INSTANTIATE_TEST_SUITE_P(
-    Bounds, BoundsTransformTest,
-    testing::Values(
-        TransformCase{"InvalidRectangleUnderIdentity", Rect{1, 2, -3, 4}, {}, Rect{1, 2, -3, 4}},
-        TransformCase{"RectangleMoved", box, moved, Rect{3, 4, 10, 10}},
-        TransformCase{"RectangleMirrored", box, mirrored, Rect{-20, 0, 20, 10}},
-        TransformCase{"RectangleTurnedByAQuarter", Rect{0, 0, 4, 2}, turned(90, {2, 1}),
-                      Rect{1, -1, 2, 4}},
-        TransformCase{"RectangleFlattened", box, Transform::fromScale(1, 0), Rect{0, 0, 10, 0}},
-        TransformCase{"EmptyPositionMoved", Rect{1, 2, 0, 0}, moved, Rect{4, 6, 0, 0}},
-        TransformCase{"EmptyLineMoved", Rect{1, 2, 9, 0}, moved, Rect{4, 6, 9, 0}},
-        TransformCase{"EmptyLineTurnedGainsNoArea", Rect{0, 0, 10, 0}, turned(45, {0, 0}),
-                      Rect{0, 0, 0, 0}},
-        TransformCase{"QuadrilateralMoved", diamond(), moved,
-                      Bounds({8, 4}, {13, 9}, {8, 14}, {3, 9})},
-        TransformCase{"PolygonMoved", Bounds(std::vector<Point>{{0, 0}, {4, 0}, {0, 3}}), moved,
-                      Bounds(std::vector<Point>{{3, 4}, {7, 4}, {3, 7}})},
-        TransformCase{"EllipseMirrored", Ellipse({0, 0, 4, 2}), mirrored, Ellipse({-8, 0, 8, 2})},
-        TransformCase{"EllipseFlattened", Ellipse({0, 0, 4, 2}), Transform::fromScale(0, 1),
-                      Rect{0, 0, 0, 2}},
-        TransformCase{"RoundedRectMirrored", RoundedRect({0, 0, 20, 10}, 3, 2), mirrored,
-                      RoundedRect({-40, 0, 40, 10}, 6, 2)},
-        TransformCase{"ListTurnedByAQuarter", rects({{0, 0, 1, 2}, {9, 9, 1, 2}}), quarter,
-                      rects({{-2, 0, 2, 1}, {-11, 9, 2, 1}})}),
-    caseName<TransformCase>);
+const TransformCase transformRows[] = {
+    {"InvalidRectangleUnderIdentity", Rect{1, 2, -3, 4}, {}, Rect{1, 2, -3, 4}},
+    {"RectangleMoved", box, moved, Rect{3, 4, 10, 10}},
+    {"RectangleMirrored", box, mirrored, Rect{-20, 0, 20, 10}},
+    {"RectangleTurnedByAQuarter", Rect{0, 0, 4, 2}, turned(90, {2, 1}), Rect{1, -1, 2, 4}},
+    {"RectangleFlattened", box, Transform::fromScale(1, 0), Rect{0, 0, 10, 0}},
+    {"EmptyPositionMoved", Rect{1, 2, 0, 0}, moved, Rect{4, 6, 0, 0}},
+    {"EmptyLineMoved", Rect{1, 2, 9, 0}, moved, Rect{4, 6, 9, 0}},
+    {"EmptyLineTurnedGainsNoArea", Rect{0, 0, 10, 0}, turned(45, {0, 0}), Rect{0, 0, 0, 0}},
+    {"QuadrilateralMoved", diamond(), moved, Bounds({8, 4}, {13, 9}, {8, 14}, {3, 9})},
+    {"PolygonMoved", Bounds(std::vector<Point>{{0, 0}, {4, 0}, {0, 3}}), moved,
+     Bounds(std::vector<Point>{{3, 4}, {7, 4}, {3, 7}})},
+    {"EllipseMirrored", Ellipse({0, 0, 4, 2}), mirrored, Ellipse({-8, 0, 8, 2})},
+    {"EllipseFlattened", Ellipse({0, 0, 4, 2}), Transform::fromScale(0, 1), Rect{0, 0, 0, 2}},
+    {"RoundedRectMirrored", RoundedRect({0, 0, 20, 10}, 3, 2), mirrored,
+     RoundedRect({-40, 0, 40, 10}, 6, 2)},
+    {"ListTurnedByAQuarter", rects({{0, 0, 1, 2}, {9, 9, 1, 2}}), quarter,
+     rects({{-2, 0, 2, 1}, {-11, 9, 2, 1}})},
+};
+INSTANTIATE_TEST_SUITE_P(Bounds, BoundsTransformTest, testing::ValuesIn(transformRows),
+                         caseName<TransformCase>);
 
 TEST(BoundsTransformTest, TurnedRectangleBecomesItsFourCorners)
 {

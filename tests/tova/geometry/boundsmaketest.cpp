@@ -8,16 +8,14 @@ namespace {
 // A hit test holds one rectangle and one pointer for each node.
 static_assert(sizeof(Bounds) == 40);
 
+enum Kind { Bare, Shaped, Empty };
+
 struct MakeCase {
     const char* name;
     Bounds bounds;
     Rect rect;
-    bool onlyRect, empty;
+    Kind kind;
 };
-void PrintTo(const MakeCase& row, std::ostream* out)
-{
-    *out << row.name;
-}
 
 class BoundsMakeTest : public testing::TestWithParam<MakeCase> {};
 
@@ -25,99 +23,56 @@ TEST_P(BoundsMakeTest, HasItsRectangleAndStaysBareWhereExact)
 {
     const auto& row = GetParam();
     EXPECT_EQ(row.bounds.boundingRect(), row.rect);
-    EXPECT_EQ(row.bounds.isOnlyRect(), row.onlyRect);
-    EXPECT_EQ(row.bounds.isEmpty(), row.empty);
+    EXPECT_EQ(row.bounds.isOnlyRect(), row.kind != Shaped);
+    EXPECT_EQ(row.bounds.isEmpty(), row.kind == Empty);
 }
 
 using Points = std::vector<Point>;
 using Rects = std::vector<Rect>;
 
-INSTANTIATE_TEST_SUITE_P(
-    Points, BoundsMakeTest,
-    testing::Values(MakeCase{"RectangleAlongTheTopFirst",
-                             Bounds({0, 0}, {4, 0}, {4, 2}, {0, 2}),
-                             {0, 0, 4, 2},
-                             true,
-                             false},
-                    MakeCase{"RectangleDownTheLeftFirst",
-                             Bounds({0, 0}, {0, 2}, {4, 2}, {4, 0}),
-                             {0, 0, 4, 2},
-                             true,
-                             false},
-                    MakeCase{"RectangleFromItsFarCorner",
-                             Bounds({4, 2}, {0, 2}, {0, 0}, {4, 0}),
-                             {0, 0, 4, 2},
-                             true,
-                             false},
-                    MakeCase{"SideOffByTheToleranceIsStraight",
-                             Bounds({0, 0}, {4, 0.00005}, {4, 2}, {0, 2}),
-                             {0, 0.00005, 4, 1.99995},
-                             true,
-                             false},
-                    MakeCase{"SideOffByMoreIsNot",
-                             Bounds({0, 0}, {4, 0.001}, {4, 2}, {0, 2}),
-                             {0, 0, 4, 2},
-                             false,
-                             false},
-                    MakeCase{"FlatCornersAreEmpty",
-                             Bounds({0, 1}, {4, 1}, {4, 1}, {0, 1}),
-                             {0, 1, 4, 0},
-                             true,
-                             true},
-                    MakeCase{
-                        "TwoPointPolygonIsEmpty", Bounds(Points{{1, 1}, {4, 4}}), {}, true, true},
-                    MakeCase{"TriangleKeepsItsShape",
-                             Bounds(Points{{0, 0}, {4, 0}, {0, 3}}),
-                             {0, 0, 4, 3},
-                             false,
-                             false},
-                    MakeCase{"FourCornersAreARectangle",
-                             Bounds(Points{{0, 0}, {4, 0}, {4, 3}, {0, 3}}),
-                             {0, 0, 4, 3},
-                             true,
-                             false},
-                    MakeCase{"FifthPointMayClose",
-                             Bounds(Points{{0, 0}, {4, 0}, {4, 3}, {0, 3}, {0, 0}}),
-                             {0, 0, 4, 3},
-                             true,
-                             false},
-                    MakeCase{"FifthPointMustCloseExactly",
-                             Bounds(Points{{0, 0}, {4, 0}, {4, 3}, {0, 3}, {0, 0.00001}}),
-                             {0, 0, 4, 3},
-                             false,
-                             false}),
-    caseName<MakeCase>);
+const MakeCase pointsRows[] = {
+    {"RectangleAlongTheTopFirst", Bounds({0, 0}, {4, 0}, {4, 2}, {0, 2}), {0, 0, 4, 2}, Bare},
+    {"RectangleDownTheLeftFirst", Bounds({0, 0}, {0, 2}, {4, 2}, {4, 0}), {0, 0, 4, 2}, Bare},
+    {"RectangleFromItsFarCorner", Bounds({4, 2}, {0, 2}, {0, 0}, {4, 0}), {0, 0, 4, 2}, Bare},
+    {"SideOffByTheToleranceIsStraight",
+     Bounds({0, 0}, {4, 0.00005}, {4, 2}, {0, 2}),
+     {0, 0.00005, 4, 1.99995},
+     Bare},
+    {"SideOffByMoreIsNot", Bounds({0, 0}, {4, 0.001}, {4, 2}, {0, 2}), {0, 0, 4, 2}, Shaped},
+    {"FlatCornersAreEmpty", Bounds({0, 1}, {4, 1}, {4, 1}, {0, 1}), {0, 1, 4, 0}, Empty},
+    {"TwoPointPolygonIsEmpty", Bounds(Points{{1, 1}, {4, 4}}), {}, Empty},
+    {"TriangleKeepsItsShape", Bounds(Points{{0, 0}, {4, 0}, {0, 3}}), {0, 0, 4, 3}, Shaped},
+    {"FourCornersAreARectangle",
+     Bounds(Points{{0, 0}, {4, 0}, {4, 3}, {0, 3}}),
+     {0, 0, 4, 3},
+     Bare},
+    {"FifthPointMayClose",
+     Bounds(Points{{0, 0}, {4, 0}, {4, 3}, {0, 3}, {0, 0}}),
+     {0, 0, 4, 3},
+     Bare},
+    {"FifthPointMustCloseExactly",
+     Bounds(Points{{0, 0}, {4, 0}, {4, 3}, {0, 3}, {0, 0.00001}}),
+     {0, 0, 4, 3},
+     Shaped},
+};
+INSTANTIATE_TEST_SUITE_P(Points, BoundsMakeTest, testing::ValuesIn(pointsRows), caseName<MakeCase>);
 
-INSTANTIATE_TEST_SUITE_P(
-    Rectangles, BoundsMakeTest,
-    testing::Values(
-        MakeCase{"None", Bounds(Rects{}), {}, true, true},
-        MakeCase{"OneInvalidIsKept", Bounds(Rects{{3, 4, -1, 5}}), {3, 4, -1, 5}, true, true},
-        MakeCase{"InvalidOfSeveralIsSkipped",
-                 Bounds(Rects{{3, 4, 0, 5}, {1, 1, 2, 2}}),
-                 {1, 1, 2, 2},
-                 true,
-                 false},
-        MakeCase{"AllOfSeveralInvalid", Bounds(Rects{{3, 4, 0, 5}, {1, 1, 2, -2}}), {}, true, true},
-        MakeCase{"InsideTheFirstIsDropped",
-                 Bounds(Rects{{0, 0, 9, 9}, {0, 0, 3, 9}}),
-                 {0, 0, 9, 9},
-                 true,
-                 false},
-        MakeCase{"CoveringAllBeforeItReplacesThem",
-                 Bounds(Rects{{1, 1, 1, 1}, {4, 4, 1, 1}, {0, 0, 9, 9}}),
-                 {0, 0, 9, 9},
-                 true,
-                 false},
-        MakeCase{
-            "TwoApart", Bounds(Rects{{0, 0, 1, 1}, {9, 9, 1, 1}}), {0, 0, 10, 10}, false, false},
-        // The second only just touches the first, yet the region is not a rectangle's.
-        MakeCase{"NeighboursStayAList",
-                 Bounds(Rects{{0, 0, 1, 1}, {1, 0, 1, 1}}),
-                 {0, 0, 2, 1},
-                 false,
-                 false}),
-    caseName<MakeCase>);
+const MakeCase rectanglesRows[] = {
+    {"None", Bounds(Rects{}), {}, Empty},
+    {"OneInvalidIsKept", Bounds(Rects{{3, 4, -1, 5}}), {3, 4, -1, 5}, Empty},
+    {"InvalidOfSeveralIsSkipped", Bounds(Rects{{3, 4, 0, 5}, {1, 1, 2, 2}}), {1, 1, 2, 2}, Bare},
+    {"AllOfSeveralInvalid", Bounds(Rects{{3, 4, 0, 5}, {1, 1, 2, -2}}), {}, Empty},
+    {"InsideTheFirstIsDropped", Bounds(Rects{{0, 0, 9, 9}, {0, 0, 3, 9}}), {0, 0, 9, 9}, Bare},
+    {"CoveringAllBeforeItReplacesThem",
+     Bounds(Rects{{1, 1, 1, 1}, {4, 4, 1, 1}, {0, 0, 9, 9}}),
+     {0, 0, 9, 9},
+     Bare},
+    {"TwoApart", Bounds(Rects{{0, 0, 1, 1}, {9, 9, 1, 1}}), {0, 0, 10, 10}, Shaped},
+    // The second only just touches the first, yet the region is not a rectangle's.
+    {"NeighboursStayAList", Bounds(Rects{{0, 0, 1, 1}, {1, 0, 1, 1}}), {0, 0, 2, 1}, Shaped},
+};
+INSTANTIATE_TEST_SUITE_P(Rectangles, BoundsMakeTest, testing::ValuesIn(rectanglesRows),
+                         caseName<MakeCase>);
 
 QPainterPath rectPath(const QRectF& rect)
 {
@@ -133,27 +88,17 @@ Vetra::Shape triangle()
     return shape;
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Shapes, BoundsMakeTest,
-    testing::Values(
-        MakeCase{"EllipseKeepsItsShape", Bounds(Ellipse({1, 2, 3, 4})), {1, 2, 3, 4}, false, false},
-        MakeCase{
-            "FlatEllipseIsBareAndEmpty", Bounds(Ellipse({1, 2, 3, 0})), {1, 2, 3, 0}, true, true},
-        MakeCase{"RoundedRectKeepsItsShape",
-                 Bounds(RoundedRect({1, 2, 3, 4}, 1, 1)),
-                 {1, 2, 3, 4},
-                 false,
-                 false},
-        MakeCase{"ToolkitRectangle", Bounds(QRectF(1, 2, 3, 4)), {1, 2, 3, 4}, true, false},
-        MakeCase{"EmptyPath", Bounds(QPainterPath(QPointF(7, 7))), {}, true, true},
-        MakeCase{"PathStaysAPath", Bounds(rectPath({1, 2, 3, 4})), {1, 2, 3, 4}, false, false},
-        MakeCase{"PathOfALineIsEmptyWhereItLies",
-                 Bounds(rectPath({1, 2, 3, 0})),
-                 {1, 2, 3, 0},
-                 true,
-                 true},
-        MakeCase{"ShapeIsAPath", Bounds(triangle()), {0, 0, 4, 3}, false, false}),
-    caseName<MakeCase>);
+const MakeCase shapesRows[] = {
+    {"EllipseKeepsItsShape", Bounds(Ellipse({1, 2, 3, 4})), {1, 2, 3, 4}, Shaped},
+    {"FlatEllipseIsBareAndEmpty", Bounds(Ellipse({1, 2, 3, 0})), {1, 2, 3, 0}, Empty},
+    {"RoundedRectKeepsItsShape", Bounds(RoundedRect({1, 2, 3, 4}, 1, 1)), {1, 2, 3, 4}, Shaped},
+    {"ToolkitRectangle", Bounds(QRectF(1, 2, 3, 4)), {1, 2, 3, 4}, Bare},
+    {"EmptyPath", Bounds(QPainterPath(QPointF(7, 7))), {}, Empty},
+    {"PathStaysAPath", Bounds(rectPath({1, 2, 3, 4})), {1, 2, 3, 4}, Shaped},
+    {"PathOfALineIsEmptyWhereItLies", Bounds(rectPath({1, 2, 3, 0})), {1, 2, 3, 0}, Empty},
+    {"ShapeIsAPath", Bounds(triangle()), {0, 0, 4, 3}, Shaped},
+};
+INSTANTIATE_TEST_SUITE_P(Shapes, BoundsMakeTest, testing::ValuesIn(shapesRows), caseName<MakeCase>);
 
 TEST(BoundsTest, PathCoversTheRegionAndNothingOfAnEmptyOne)
 {

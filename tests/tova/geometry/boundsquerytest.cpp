@@ -9,10 +9,6 @@ struct RegionCase {
     Bounds bounds;
     Point inside, outside;
 };
-void PrintTo(const RegionCase& row, std::ostream* out)
-{
-    *out << row.name;
-}
 
 class BoundsQueryTest : public testing::TestWithParam<RegionCase> {
 protected:
@@ -63,24 +59,20 @@ QPainterPath ring()
     return path;
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Regions, BoundsQueryTest,
-    testing::Values(
-        RegionCase{"Rectangle", Bounds(Rect{0, 0, 10, 10}), {9.8, 9.8}, {10.2, 5}},
-        RegionCase{"Quadrilateral", diamond(), {5, 5}, {1, 1}},
-        RegionCase{"Polygon", Bounds(std::vector<Point>{{0, 0}, {10, 0}, {0, 10}}), {4, 4}, {6, 6}},
-        RegionCase{"Ellipse", Bounds(Ellipse({0, 0, 20, 10})), {10, 5}, {1, 1}},
-        // 45 degrees on the corner's arc lie 0.2929 of the radius from both sides.
-        RegionCase{"RoundedRectCorner",
-                   Bounds(RoundedRect({0, 0, 20, 20}, 10, 10)),
-                   {3.3, 3.3},
-                   {2.6, 2.6}},
-        RegionCase{
-            "RoundedRectSide", Bounds(RoundedRect({0, 0, 20, 20}, 5, 5)), {0.2, 10}, {0.4, 0.4}},
-        RegionCase{
-            "ListGap", Bounds(std::vector<Rect>{{0, 0, 1, 1}, {9, 9, 1, 1}}), {9.5, 9.5}, {5, 5}},
-        RegionCase{"PathHole", Bounds(ring()), {1.5, 1.5}, {5, 5}}),
-    caseName<RegionCase>);
+const RegionCase regionsRows[] = {
+    {"Rectangle", Bounds(Rect{0, 0, 10, 10}), {9.8, 9.8}, {10.2, 5}},
+    {"Quadrilateral", diamond(), {5, 5}, {1, 1}},
+    {"Polygon", Bounds(std::vector<Point>{{0, 0}, {10, 0}, {0, 10}}), {4, 4}, {6, 6}},
+    {"Ellipse", Bounds(Ellipse({0, 0, 20, 10})), {10, 5}, {1, 1}},
+    // 45 degrees on the corner's arc lie 0.2929 of the radius from both sides.
+    {"RoundedRectCorner", Bounds(RoundedRect({0, 0, 20, 20}, 10, 10)), {3.3, 3.3}, {2.6, 2.6}},
+    {"RoundedRectSide", Bounds(RoundedRect({0, 0, 20, 20}, 5, 5)), {0.2, 10}, {0.4, 0.4}},
+    RegionCase{
+        "ListGap", Bounds(std::vector<Rect>{{0, 0, 1, 1}, {9, 9, 1, 1}}), {9.5, 9.5}, {5, 5}},
+    {"PathHole", Bounds(ring()), {1.5, 1.5}, {5, 5}},
+};
+INSTANTIATE_TEST_SUITE_P(Regions, BoundsQueryTest, testing::ValuesIn(regionsRows),
+                         caseName<RegionCase>);
 
 TEST(BoundsQueryTest, RectangleInAGapOfAListIsNotPartOfIt)
 {
@@ -107,10 +99,6 @@ struct ToleranceCase {
     double tolerance;
     bool hit;
 };
-void PrintTo(const ToleranceCase& row, std::ostream* out)
-{
-    *out << row.name;
-}
 
 class BoundsToleranceTest : public testing::TestWithParam<ToleranceCase> {};
 
@@ -123,24 +111,25 @@ TEST_P(BoundsToleranceTest, TakesACircleAroundThePoint)
 constexpr double nan = std::numeric_limits<double>::quiet_NaN();
 const Bounds square(Rect{0, 0, 10, 10});
 
-INSTANTIATE_TEST_SUITE_P(
-    Bounds, BoundsToleranceTest,
-    testing::Values(ToleranceCase{"BesideTheEdgeWithin", square, {12, 5}, 2.01, true},
-                    ToleranceCase{"BesideTheEdgeBeyond", square, {12, 5}, 1.99, false},
-                    // The corner is 2.83 away: the circle's square reaches it, the circle does not.
-                    ToleranceCase{"CornerBeyondTheCircle", square, {12, 12}, 2.5, false},
-                    ToleranceCase{"CornerWithinTheCircle", square, {12, 12}, 2.9, true},
-                    // The diamond's side is 2.83 away.
-                    ToleranceCase{"SlantBeyond", diamond(), {0.5, 0.5}, 2.7, false},
-                    ToleranceCase{"SlantWithin", diamond(), {0.5, 0.5}, 2.9, true},
-                    ToleranceCase{"CircleAroundTheWhole", diamond(), {5, 5}, 100, true},
-                    ToleranceCase{"ZeroIsThePointOnTheEdge", square, {10, 5}, 0, true},
-                    ToleranceCase{"ZeroBesideTheEdge", square, {10.01, 5}, 0, false},
-                    ToleranceCase{"ZeroInAShape", diamond(), {5, 5}, 0, true},
-                    ToleranceCase{"ZeroBesideAShape", diamond(), {1, 1}, 0, false},
-                    ToleranceCase{"PointNotANumber", square, {nan, 5}, 1, false},
-                    ToleranceCase{"ToleranceNotANumber", diamond(), {5, 5}, nan, false}),
-    caseName<ToleranceCase>);
+const ToleranceCase boundsRows[] = {
+    {"BesideTheEdgeWithin", square, {12, 5}, 2.01, true},
+    {"BesideTheEdgeBeyond", square, {12, 5}, 1.99, false},
+    // The corner is 2.83 away: the circle's square reaches it, the circle does not.
+    {"CornerBeyondTheCircle", square, {12, 12}, 2.5, false},
+    {"CornerWithinTheCircle", square, {12, 12}, 2.9, true},
+    // The diamond's side is 2.83 away.
+    {"SlantBeyond", diamond(), {0.5, 0.5}, 2.7, false},
+    {"SlantWithin", diamond(), {0.5, 0.5}, 2.9, true},
+    {"CircleAroundTheWhole", diamond(), {5, 5}, 100, true},
+    {"ZeroIsThePointOnTheEdge", square, {10, 5}, 0, true},
+    {"ZeroBesideTheEdge", square, {10.01, 5}, 0, false},
+    {"ZeroInAShape", diamond(), {5, 5}, 0, true},
+    {"ZeroBesideAShape", diamond(), {1, 1}, 0, false},
+    {"PointNotANumber", square, {nan, 5}, 1, false},
+    {"ToleranceNotANumber", diamond(), {5, 5}, nan, false},
+};
+INSTANTIATE_TEST_SUITE_P(Bounds, BoundsToleranceTest, testing::ValuesIn(boundsRows),
+                         caseName<ToleranceCase>);
 
 } // namespace
 } // namespace Tova2

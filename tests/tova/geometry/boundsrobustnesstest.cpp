@@ -96,10 +96,6 @@ struct LimitCase {
     QPainterPath a, b;
     bool exact;
 };
-void PrintTo(const LimitCase& row, std::ostream* out)
-{
-    *out << row.name;
-}
 
 class BoundsLimitTest : public testing::TestWithParam<LimitCase> {};
 
@@ -120,13 +116,14 @@ TEST_P(BoundsLimitTest, AnswersExactlyUpToTheLimitAndAmplyBeyond)
 
 static_assert(Limits::pathElementsProduct == 100 * 100);
 
-INSTANTIATE_TEST_SUITE_P(Bounds, BoundsLimitTest,
-                         testing::Values(LimitCase{"ProductBelow", star(100), star(99, 8), true},
-                                         LimitCase{"ProductAtLimit", star(100), star(100, 8), true},
-                                         LimitCase{"ProductAbove", star(100), star(101, 8), false},
-                                         LimitCase{"LongWithShort", star(1250), star(8, 8), true},
-                                         LimitCase{"ManyCrossings", star(99, 10, 41),
-                                                   star(99, 8, 41), false}),
+const LimitCase boundsRows[] = {
+    {"ProductBelow", star(100), star(99, 8), true},
+    {"ProductAtLimit", star(100), star(100, 8), true},
+    {"ProductAbove", star(100), star(101, 8), false},
+    {"LongWithShort", star(1250), star(8, 8), true},
+    {"ManyCrossings", star(99, 10, 41), star(99, 8, 41), false},
+};
+INSTANTIATE_TEST_SUITE_P(Bounds, BoundsLimitTest, testing::ValuesIn(boundsRows),
                          caseName<LimitCase>);
 
 TEST(BoundsLimitTest, CoordinatesEndExactAnswers)

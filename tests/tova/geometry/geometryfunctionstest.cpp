@@ -16,10 +16,6 @@ struct SideCase {
     double distance;
     BlockSide within2;
 };
-void PrintTo(const SideCase& row, std::ostream* out)
-{
-    *out << row.name;
-}
 
 class NearestSideTest : public testing::TestWithParam<SideCase> {};
 
@@ -31,20 +27,21 @@ TEST_P(NearestSideTest, GivesSideSignedDistanceAndBlockSide)
     EXPECT_EQ(getNearestBlockSide(row.point, rect, 2), row.within2);
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Geometry, NearestSideTest,
-    testing::Values(SideCase{"InsideLeft", {1, 5}, 0, 1, BlockSide::Left},
-                    SideCase{"InsideTop", {5, 1}, 1, 1, BlockSide::Top},
-                    SideCase{"InsideRight", {9, 5}, 2, 1, BlockSide::Right},
-                    SideCase{"InsideBottom", {5, 19}, 3, 1, BlockSide::Bottom},
-                    SideCase{"InsideTooFarIn", {5, 10}, 0, 5, BlockSide::NoSide},
-                    SideCase{"ToleranceIsClosed", {2, 10}, 0, 2, BlockSide::Left},
-                    SideCase{"CornerTieGoesToLowerIndex", {0, 0}, 0, 0, BlockSide::Left},
-                    SideCase{"BeyondRight", {11, 1}, 2, -1, BlockSide::Right},
-                    // Its absolute distance to the top is less.
-                    SideCase{"BeyondTwoTakesFarthest", {12, 25}, 3, -5, BlockSide::NoSide},
-                    SideCase{"BeyondLeftFar", {-3, 10}, 0, -3, BlockSide::NoSide}),
-    caseName<SideCase>);
+const SideCase sideRows[] = {
+    {"InsideLeft", {1, 5}, 0, 1, BlockSide::Left},
+    {"InsideTop", {5, 1}, 1, 1, BlockSide::Top},
+    {"InsideRight", {9, 5}, 2, 1, BlockSide::Right},
+    {"InsideBottom", {5, 19}, 3, 1, BlockSide::Bottom},
+    {"InsideTooFarIn", {5, 10}, 0, 5, BlockSide::NoSide},
+    {"ToleranceIsClosed", {2, 10}, 0, 2, BlockSide::Left},
+    {"CornerTieGoesToLowerIndex", {0, 0}, 0, 0, BlockSide::Left},
+    {"BeyondRight", {11, 1}, 2, -1, BlockSide::Right},
+    // Its absolute distance to the top is less.
+    {"BeyondTwoTakesFarthest", {12, 25}, 3, -5, BlockSide::NoSide},
+    {"BeyondLeftFar", {-3, 10}, 0, -3, BlockSide::NoSide},
+};
+INSTANTIATE_TEST_SUITE_P(Geometry, NearestSideTest, testing::ValuesIn(sideRows),
+                         caseName<SideCase>);
 
 TEST(NearestSideTest, PointThatIsNotANumberHasNoBlockSide)
 {
@@ -62,12 +59,11 @@ TEST_P(DragRegionMarginTest, IsSeventeenPixelsWithinLimits)
 {
     EXPECT_DOUBLE_EQ(getDragRegionMargin(GetParam().input), GetParam().output);
 }
-INSTANTIATE_TEST_SUITE_P(Geometry, DragRegionMarginTest,
-                         testing::Values(ValueCase{"One", 1, 17}, ValueCase{"Half", 0.5, 30},
-                                         ValueCase{"Four", 4, 10}, ValueCase{"Between", 1.25, 13.6},
-                                         ValueCase{"Zero", 0, 30}, ValueCase{"Negative", -1, 10},
-                                         ValueCase{"NotANumber", nan, 30},
-                                         ValueCase{"Infinite", infinity, 10}),
+const ValueCase marginRows[] = {
+    {"One", 1, 17},  {"Half", 0.5, 30},    {"Four", 4, 10},         {"Between", 1.25, 13.6},
+    {"Zero", 0, 30}, {"Negative", -1, 10}, {"NotANumber", nan, 30}, {"Infinite", infinity, 10},
+};
+INSTANTIATE_TEST_SUITE_P(Geometry, DragRegionMarginTest, testing::ValuesIn(marginRows),
                          caseName<ValueCase>);
 
 class LabelOffsetTest : public testing::TestWithParam<ValueCase> {};
@@ -78,11 +74,13 @@ TEST_P(LabelOffsetTest, InsetsByTheCornersArc)
     EXPECT_NEAR(offset.x, GetParam().output, 1e-9);
     EXPECT_NEAR(offset.y, GetParam().output - 3, 1e-9);
 }
-INSTANTIATE_TEST_SUITE_P(Geometry, LabelOffsetTest,
-                         testing::Values(ValueCase{"SmallCountsAsTen", 4, 2.929},
-                                         ValueCase{"Large", 20, 5.858},
-                                         ValueCase{"NotANumber", nan, 2.929},
-                                         ValueCase{"Infinite", infinity, 2.929}),
+const ValueCase labelRows[] = {
+    {"SmallCountsAsTen", 4, 2.929},
+    {"Large", 20, 5.858},
+    {"NotANumber", nan, 2.929},
+    {"Infinite", infinity, 2.929},
+};
+INSTANTIATE_TEST_SUITE_P(Geometry, LabelOffsetTest, testing::ValuesIn(labelRows),
                          caseName<ValueCase>);
 
 TEST(VertexTest, EachCoordinateHasTheTolerance)

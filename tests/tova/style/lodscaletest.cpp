@@ -14,10 +14,6 @@ struct ScaleCase {
     const LodScale* function;
     double viewScale, multiplier;
 };
-void PrintTo(const ScaleCase& row, std::ostream* out)
-{
-    *out << row.name;
-}
 std::string caseName(const testing::TestParamInfo<ScaleCase>& info)
 {
     return info.param.name;
@@ -38,26 +34,31 @@ const auto* split = SplitLinearLodScale::instance();
 const auto* selection = SelectionNonLinearLodScale::instance();
 const LinearlyScaleUntilLodScale untilFour(4), untilNothing(-1), untilUnknown(nan);
 
-INSTANTIATE_TEST_SUITE_P(
-    Functions, LodScaleTest,
-    testing::Values(
-        ScaleCase{"PlainFollowsTheZoom", plain, 7, 1}, ScaleCase{"ConstantIn4", constant, 4, 0.25},
-        ScaleCase{"ConstantOutOf4", constant, 0.25, 4}, ScaleCase{"InAtOne", constantIn, 1, 1},
-        ScaleCase{"InBelowOne", constantIn, 0.25, 1}, ScaleCase{"InAboveOne", constantIn, 4, 0.25},
-        ScaleCase{"OutBelowOne", constantOut, 0.5, 2}, ScaleCase{"OutAboveOne", constantOut, 4, 1},
-        ScaleCase{"UntilBelow", &untilFour, 3, 1}, ScaleCase{"UntilAtLimit", &untilFour, 4, 1},
-        ScaleCase{"UntilBeyond", &untilFour, 16, 0.25},
-        ScaleCase{"NegativeLimitIsOne", &untilNothing, 2, 0.5},
-        ScaleCase{"UnknownLimitIsOne", &untilUnknown, 2, 0.5},
-        // The view scale itself, and not 1.
-        ScaleCase{"SplitBelowOne", split, 0.5, 0.5}, ScaleCase{"SplitAtOne", split, 1, 1},
-        ScaleCase{"SplitAtTwo", split, 2, 7.0 / 11},
-        ScaleCase{"SplitReachesItsCap", split, 10, 0.2},
-        ScaleCase{"SplitStaysAtItsCap", split, 100, 0.02},
-        ScaleCase{"SelectionAtOne", selection, 1, 1},
-        // 2 to the power of -7.
-        ScaleCase{"SelectionAt1024", selection, 1024, 1.0 / 128}),
-    caseName);
+const ScaleCase functionsRows[] = {
+    {"PlainFollowsTheZoom", plain, 7, 1},
+    {"ConstantIn4", constant, 4, 0.25},
+    {"ConstantOutOf4", constant, 0.25, 4},
+    {"InAtOne", constantIn, 1, 1},
+    {"InBelowOne", constantIn, 0.25, 1},
+    {"InAboveOne", constantIn, 4, 0.25},
+    {"OutBelowOne", constantOut, 0.5, 2},
+    {"OutAboveOne", constantOut, 4, 1},
+    {"UntilBelow", &untilFour, 3, 1},
+    {"UntilAtLimit", &untilFour, 4, 1},
+    {"UntilBeyond", &untilFour, 16, 0.25},
+    {"NegativeLimitIsOne", &untilNothing, 2, 0.5},
+    {"UnknownLimitIsOne", &untilUnknown, 2, 0.5},
+    // The view scale itself, and not 1.
+    {"SplitBelowOne", split, 0.5, 0.5},
+    {"SplitAtOne", split, 1, 1},
+    {"SplitAtTwo", split, 2, 7.0 / 11},
+    {"SplitReachesItsCap", split, 10, 0.2},
+    {"SplitStaysAtItsCap", split, 100, 0.02},
+    {"SelectionAtOne", selection, 1, 1},
+    // 2 to the power of -7.
+    {"SelectionAt1024", selection, 1024, 1.0 / 128},
+};
+INSTANTIATE_TEST_SUITE_P(Functions, LodScaleTest, testing::ValuesIn(functionsRows), caseName);
 
 TEST(LodScaleTest, NoViewScaleGivesAnUnusableMultiplier)
 {

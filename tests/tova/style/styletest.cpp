@@ -45,10 +45,6 @@ struct WidthCase {
     Stroke stroke;
     double viewScale, width;
 };
-void PrintTo(const WidthCase& row, std::ostream* out)
-{
-    *out << row.name;
-}
 std::string widthName(const testing::TestParamInfo<WidthCase>& info)
 {
     return info.param.name;
@@ -69,25 +65,23 @@ struct HostileScale : LodScale {
 const HostileScale unknownScale(nan), endlessScale(infinity), negativeScale(-1);
 constexpr double most = std::numeric_limits<double>::max();
 
-INSTANTIATE_TEST_SUITE_P(
-    Strokes, StrokeWidthTest,
-    testing::Values(
-        WidthCase{"CosmeticZoomedIn", Stroke(StrokeStyle::SolidLine), 2, 0.5},
-        WidthCase{"CosmeticZoomedOut", Stroke(StrokeStyle::SolidLine), 0.25, 4},
-        WidthCase{"CosmeticIgnoresTheFunction", solid(red, 0, SplitLinearLodScale::instance()), 0.5,
-                  2},
-        WidthCase{"FollowsTheZoomByDefault", solid(red, 3), 2, 3},
-        WidthCase{"ConstantOnScreen", solid(red, 3, ConstantLodScale::instance()), 2, 1.5},
-        WidthCase{"ScaleZero", Stroke(StrokeStyle::SolidLine), 0, 1},
-        WidthCase{"ScaleNegative", solid(red, 3, ConstantLodScale::instance()), -2, 3},
-        WidthCase{"ScaleNotANumber", Stroke(StrokeStyle::SolidLine), nan, 1},
-        WidthCase{"ScaleInfinite", Stroke(StrokeStyle::SolidLine), infinity, 1},
-        WidthCase{"ScaleSubnormal", Stroke(StrokeStyle::SolidLine), 5e-324, most},
-        WidthCase{"WidthOverflows", solid(red, 1e300, ConstantLodScale::instance()), 1e-300, most},
-        WidthCase{"FunctionGivesNoNumber", solid(red, 3, &unknownScale), 1, 0},
-        WidthCase{"FunctionGivesNegative", solid(red, 3, &negativeScale), 1, 0},
-        WidthCase{"FunctionGivesInfinity", solid(red, 3, &endlessScale), 1, most}),
-    widthName);
+const WidthCase strokesRows[] = {
+    {"CosmeticZoomedIn", Stroke(StrokeStyle::SolidLine), 2, 0.5},
+    {"CosmeticZoomedOut", Stroke(StrokeStyle::SolidLine), 0.25, 4},
+    {"CosmeticIgnoresTheFunction", solid(red, 0, SplitLinearLodScale::instance()), 0.5, 2},
+    {"FollowsTheZoomByDefault", solid(red, 3), 2, 3},
+    {"ConstantOnScreen", solid(red, 3, ConstantLodScale::instance()), 2, 1.5},
+    {"ScaleZero", Stroke(StrokeStyle::SolidLine), 0, 1},
+    {"ScaleNegative", solid(red, 3, ConstantLodScale::instance()), -2, 3},
+    {"ScaleNotANumber", Stroke(StrokeStyle::SolidLine), nan, 1},
+    {"ScaleInfinite", Stroke(StrokeStyle::SolidLine), infinity, 1},
+    {"ScaleSubnormal", Stroke(StrokeStyle::SolidLine), 5e-324, most},
+    {"WidthOverflows", solid(red, 1e300, ConstantLodScale::instance()), 1e-300, most},
+    {"FunctionGivesNoNumber", solid(red, 3, &unknownScale), 1, 0},
+    {"FunctionGivesNegative", solid(red, 3, &negativeScale), 1, 0},
+    {"FunctionGivesInfinity", solid(red, 3, &endlessScale), 1, most},
+};
+INSTANTIATE_TEST_SUITE_P(Strokes, StrokeWidthTest, testing::ValuesIn(strokesRows), widthName);
 
 TEST(StrokeTest, BadWidthsAndNullFunctionsAreRefused)
 {
@@ -144,10 +138,6 @@ struct OpaqueCase {
     Fill fill;
     bool opaque;
 };
-void PrintTo(const OpaqueCase& row, std::ostream* out)
-{
-    *out << row.name;
-}
 std::string opaqueName(const testing::TestParamInfo<OpaqueCase>& info)
 {
     return info.param.name;
@@ -160,19 +150,18 @@ TEST_P(DrawStyleOpaqueTest, TellsWhetherAllBelowIsHidden)
     EXPECT_EQ(DrawStyle(GetParam().stroke, GetParam().fill).isOpaque(), GetParam().opaque);
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Styles, DrawStyleOpaqueTest,
-    testing::Values(
-        OpaqueCase{"SolidFill", solid(red), red, true},
-        OpaqueCase{"TranslucentFill", solid(red), glass, false},
-        OpaqueCase{"TranslucentStroke", solid(glass), red, false},
-        OpaqueCase{"TransparentStrokeOfNoStyle", Stroke::NoStroke(), red, true},
-        OpaqueCase{"NoFill", solid(red), Fill(red, FillStyle::NoFill), false},
-        OpaqueCase{"GradientOpaque", solid(red), gradientOf(red, blue), true},
-        OpaqueCase{"GradientWithOneTranslucentStop", solid(red), gradientOf(red, glass), false},
-        OpaqueCase{"GradientUnderTranslucentStroke", solid(glass), gradientOf(red, blue), false},
-        OpaqueCase{"GradientWithoutStops", solid(red), Vetra::Gradient(), false}),
-    opaqueName);
+const OpaqueCase stylesRows[] = {
+    {"SolidFill", solid(red), red, true},
+    {"TranslucentFill", solid(red), glass, false},
+    {"TranslucentStroke", solid(glass), red, false},
+    {"TransparentStrokeOfNoStyle", Stroke::NoStroke(), red, true},
+    {"NoFill", solid(red), Fill(red, FillStyle::NoFill), false},
+    {"GradientOpaque", solid(red), gradientOf(red, blue), true},
+    {"GradientWithOneTranslucentStop", solid(red), gradientOf(red, glass), false},
+    {"GradientUnderTranslucentStroke", solid(glass), gradientOf(red, blue), false},
+    {"GradientWithoutStops", solid(red), Vetra::Gradient(), false},
+};
+INSTANTIATE_TEST_SUITE_P(Styles, DrawStyleOpaqueTest, testing::ValuesIn(stylesRows), opaqueName);
 
 TEST(DrawStyleTest, DefaultsAndFlags)
 {
