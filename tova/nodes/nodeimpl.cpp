@@ -139,9 +139,9 @@ void NodeImpl::paint(QPainter* painter, const QStyleOptionGraphicsItem*, QWidget
     paintNode(context);
 }
 
-std::vector<NodeImpl*> subtreeOf(NodeImpl& root)
+Subtree subtreeOf(NodeImpl& root)
 {
-    std::vector<NodeImpl*> nodes, pending{&root};
+    Subtree nodes, pending{&root};
     while (!pending.empty()) {
         NodeImpl* const node = pending.back();
         pending.pop_back();

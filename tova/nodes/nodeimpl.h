@@ -9,6 +9,8 @@
 
 #include <QGraphicsItem>
 
+#include <boost/container/small_vector.hpp>
+
 #include <cstdint>
 #include <memory>
 #include <vector>
@@ -28,6 +30,7 @@ struct SceneRecord {
     std::uint32_t topLevelIndex = kNone; ///< among the scene's top-level nodes
     bool isStale = false;                ///< its bounds are to be computed again
     bool isSubtreeStale = false;         ///< so are those of all below it
+    bool isCounted = false;              ///< it was added by itself, not along with its parent
 };
 
 /// The shared half of a node and its toolkit item: parent, position, transform, z-value, opacity
@@ -179,6 +182,7 @@ inline NodeImpl* nodeOf(QGraphicsItem* item)
 
 /// The node and all below it, parents before children, as bare pointers; a loop, so that depth
 /// costs no stack.
-std::vector<NodeImpl*> subtreeOf(NodeImpl& root);
+using Subtree = boost::container::small_vector<NodeImpl*, 16>;
+Subtree subtreeOf(NodeImpl& root);
 
 } // namespace Tova2

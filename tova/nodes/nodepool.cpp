@@ -3,9 +3,9 @@
 #include "host/diagnosticscounter.h"
 
 #include <array>
-#include <boost/pool/pool.hpp>
 #include <deque>
 #include <new>
+#include <utility>
 
 #include <cstring>
 
@@ -15,7 +15,6 @@ namespace {
 
 constexpr std::size_t kGranularity = 16;
 constexpr std::size_t kLargestPooled = 512;
-constexpr std::size_t kBlocksAtFirst = 64;
 
 Host::DiagnosticsCounter& pooled()
 {
@@ -44,27 +43,46 @@ void release(void* block, std::size_t size) noexcept
 
 namespace {
 
-using Pool = boost::pool<>;
+/// Blocks of one size from large regions that are committed only as far as they are used. New
+/// blocks rise in address, which keeps the toolkit's own sorted lists from moving half their length
+/// at each removal.
+class Pool {
+public:
+    void* take(std::size_t size)
+    {
+        if (m_free)
+            return std::exchange(m_free, m_free->next);
+        if (static_cast<std::size_t>(m_end - m_next) < size) {
+            m_next = static_cast<char*>(::operator new(kRegion));
+            m_end = m_next + kRegion;
+        }
+        return std::exchange(m_next, m_next + size);
+    }
+    void giveBack(void* block) noexcept { m_free = new (block) Free{m_free}; }
+
+private:
+    struct Free {
+        Free* next;
+    };
+    static constexpr std::size_t kRegion = std::size_t{32} << 20;
+
+    Free* m_free = nullptr;
+    char* m_next = nullptr;
+    char* m_end = nullptr;
+};
 
 // Never destroyed: nodes held by static handles give their blocks back later than statics end.
 Pool& poolFor(std::size_t size)
 {
-    static auto* const pools = new std::array<Pool*, kLargestPooled / kGranularity + 1>{};
-    const std::size_t index = (size + kGranularity - 1) / kGranularity;
-    auto*& pool = (*pools)[index];
-    if (!pool)
-        pool = new Pool(index * kGranularity, kBlocksAtFirst);
-    return *pool;
+    static auto* const pools = new std::array<Pool, kLargestPooled / kGranularity + 1>{};
+    return (*pools)[(size + kGranularity - 1) / kGranularity];
 }
 
 void* take(std::size_t size)
 {
     if (size > kLargestPooled)
         return ::operator new(size);
-    void* const block = poolFor(size).malloc();
-    if (!block)
-        throw std::bad_alloc();
-    return block;
+    return poolFor(size).take((size + kGranularity - 1) / kGranularity * kGranularity);
 }
 
 void giveBack(void* block, std::size_t size) noexcept
@@ -72,7 +90,7 @@ void giveBack(void* block, std::size_t size) noexcept
     if (size > kLargestPooled)
         ::operator delete(block, size);
     else
-        poolFor(size).free(block);
+        poolFor(size).giveBack(block);
 }
 
 #if !defined(NDEBUG)

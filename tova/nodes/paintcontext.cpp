@@ -2,12 +2,14 @@
 
 #include "nodes/pen.h"
 
+#include "tova/nodes/geometry/limits.h"
 #include "vetra/qt.h"
 
 #include <QLineF>
 #include <QPainter>
 #include <QPainterPath>
 
+#include <algorithm>
 #include <cmath>
 
 namespace Tova2 {
@@ -43,9 +45,29 @@ void PaintContext::setOpacity(double opacity)
 void PaintContext::setStyle(const DrawStyle& style)
 {
     setAntialiased(style.isAntiAliased());
-    setStroke(style.stroke());
-    setFill(style.fill());
+    if (!m_isStyleKnown || style.stroke() != m_stroke) {
+        m_stroke = style.stroke();
+        m_arePenAndBrushSet = m_isFrameSet = false;
+        m_penWidth = m_stroke.logicalWidth() == 0
+                         ? 1.0
+                         : m_stroke.width(m_options.viewScale) * m_options.viewScale;
+    }
+    if (!m_isStyleKnown || style.fill() != m_fill) {
+        m_fill = style.fill();
+        m_arePenAndBrushSet = false;
+    }
+    m_isStyleKnown = true;
     m_isPixelAligned = style.isPixelAligned();
+}
+
+void PaintContext::setPenAndBrush()
+{
+    if (m_arePenAndBrushSet)
+        return;
+    m_painter.setPen(penOf(m_stroke, m_options.viewScale));
+    m_painter.setBrush(brushOf(m_fill));
+    m_arePenAndBrushSet = true;
+    m_isFrameSet = false;
 }
 
 void PaintContext::setAntialiased(bool on)
@@ -57,31 +79,11 @@ void PaintContext::setAntialiased(bool on)
     m_isAntialiasedSet = true;
 }
 
-void PaintContext::setStroke(const Stroke& stroke)
-{
-    if (m_isStrokeSet && stroke == m_stroke)
-        return;
-    const QPen pen = penOf(stroke, m_options.viewScale);
-    m_painter.setPen(pen);
-    m_penWidth = pen.isCosmetic() ? 1.0 : pen.widthF() * m_options.viewScale;
-    m_stroke = stroke;
-    m_isStrokeSet = true;
-}
-
-void PaintContext::setFill(const Fill& fill)
-{
-    if (m_isFillSet && fill == m_fill)
-        return;
-    m_painter.setBrush(brushOf(fill));
-    m_fill = fill;
-    m_isFillSet = true;
-}
-
 void PaintContext::forgetPainterState()
 {
     m_coordinates = Coordinates::Unknown;
     m_opacity = -1;
-    m_isStrokeSet = m_isFillSet = m_isAntialiasedSet = false;
+    m_isAntialiasedSet = m_arePenAndBrushSet = m_isFrameSet = false;
 }
 
 QTransform PaintContext::nodeToDevice() const
@@ -96,6 +98,8 @@ QPainter& PaintContext::localPainter()
         m_painter.setWorldTransform(nodeToDevice());
         m_coordinates = Coordinates::Node;
     }
+    if (m_isStyleKnown)
+        setPenAndBrush();
     return m_painter;
 }
 
@@ -105,6 +109,13 @@ void PaintContext::useView()
         return;
     m_painter.setWorldTransform(m_view);
     m_coordinates = Coordinates::View;
+}
+
+QPainter& PaintContext::viewPainter()
+{
+    useView();
+    setPenAndBrush();
+    return m_painter;
 }
 
 // A gradient's geometry is the node's, so it cannot be moved without the painter.
@@ -144,20 +155,55 @@ void PaintContext::drawDeviceImage(const QPoint& corner, const QImage& image)
 void PaintContext::drawRect(const QRectF& rect)
 {
     const QRectF drawn = aligned(rect);
-    if (drawsShifted()) {
-        useView();
-        m_painter.drawRect(drawn.translated(m_offset));
-    } else {
+    if (!drawsShifted())
         localPainter().drawRect(drawn);
+    else if (canFillFrame())
+        fillFrame(drawn.translated(m_offset));
+    else
+        viewPainter().drawRect(drawn.translated(m_offset));
+}
+
+bool PaintContext::canFillFrame() const
+{
+    return m_fillsStrokes && m_isAntialiased && m_stroke.logicalWidth() > 0 &&
+           m_stroke.style() == StrokeStyle::SolidLine &&
+           (m_stroke.joinStyle() == StrokeJoinStyle::MiterJoin ||
+            m_stroke.joinStyle() == StrokeJoinStyle::SvgMiterJoin);
+}
+
+void PaintContext::fillFrame(const QRectF& rect)
+{
+    useView();
+    if (m_fill.style() == FillStyle::Solid)
+        m_painter.fillRect(rect, Vetra::toQt(m_fill.color()));
+    if (!m_isFrameSet) {
+        m_painter.setPen(Qt::NoPen);
+        m_painter.setBrush(Vetra::toQt(m_stroke.color()));
+        m_isFrameSet = true;
+        m_arePenAndBrushSet = false;
     }
+    const double half = std::min(m_stroke.width(m_options.viewScale) / 2,
+                                 Limits::penWidth / m_options.viewScale / 2);
+    const QRectF out = rect.adjusted(-half, -half, half, half);
+    const QRectF in = rect.adjusted(half, half, -half, -half);
+    if (!(in.width() > 0 && in.height() > 0)) {
+        m_painter.drawRect(out);
+        return;
+    }
+    // Around the outside, across, around the inside the other way, and back: the way across covers
+    // nothing.
+    const QPointF ring[] = {out.topLeft(), out.topRight(), out.bottomRight(), out.bottomLeft(),
+                            out.topLeft(), in.topLeft(),   in.bottomLeft(),   in.bottomRight(),
+                            in.topRight(), in.topLeft()};
+    m_painter.drawPolygon(ring, 10, Qt::WindingFill);
 }
 
 void PaintContext::drawRoundedRect(const QRectF& rect, double radius)
 {
     const QRectF drawn = aligned(rect);
     if (drawsShifted()) {
-        useView();
-        m_painter.drawRoundedRect(drawn.translated(m_offset), radius, radius);
+        QPainter& painter = viewPainter();
+        painter.drawRoundedRect(drawn.translated(m_offset), radius, radius);
     } else {
         localPainter().drawRoundedRect(drawn, radius, radius);
     }
@@ -167,8 +213,8 @@ void PaintContext::drawEllipse(const QRectF& rect)
 {
     const QRectF drawn = aligned(rect);
     if (drawsShifted()) {
-        useView();
-        m_painter.drawEllipse(drawn.translated(m_offset));
+        QPainter& painter = viewPainter();
+        painter.drawEllipse(drawn.translated(m_offset));
     } else {
         localPainter().drawEllipse(drawn);
     }
@@ -178,8 +224,8 @@ void PaintContext::drawLine(const QLineF& line)
 {
     const QLineF drawn = m_isPixelAligned ? QLineF(aligned(line.p1()), aligned(line.p2())) : line;
     if (drawsShifted()) {
-        useView();
-        m_painter.drawLine(drawn.translated(m_offset));
+        QPainter& painter = viewPainter();
+        painter.drawLine(drawn.translated(m_offset));
     } else {
         localPainter().drawLine(drawn);
     }
@@ -189,8 +235,8 @@ void PaintContext::drawPath(const QPainterPath& path)
 {
     if (!m_isPixelAligned && drawsShifted() && m_offset.isNull()) {
         // Connectors mostly: their points are the scene's.
-        useView();
-        m_painter.drawPath(path);
+        QPainter& painter = viewPainter();
+        painter.drawPath(path);
         return;
     }
     QPainter& painter = localPainter();

@@ -27,6 +27,10 @@ public:
     /// painter has is replaced.
     PaintContext(QPainter& painter, const QTransform& view, const PaintOptions& options);
 
+    /// On devices of pixels a stroke may be drawn as the area that it covers: the same picture,
+    /// without the toolkit's general stroker. Elsewhere a stroke has to stay one.
+    void setFillsStrokes(bool on) { m_fillsStrokes = on; }
+
     const PaintOptions& options() const { return m_options; }
     const QTransform& view() const { return m_view; }
 
@@ -54,10 +58,12 @@ public:
 
 private:
     void setAntialiased(bool on);
-    void setStroke(const Stroke& stroke);
-    void setFill(const Fill& fill);
+    void setPenAndBrush();
     bool drawsShifted() const;
+    bool canFillFrame() const;
+    void fillFrame(const QRectF& rect);
     void useView();
+    QPainter& viewPainter();
     QRectF aligned(const QRectF& rect) const;
     QPointF aligned(const QPointF& point) const;
 
@@ -74,11 +80,13 @@ private:
     Fill m_fill;
     double m_opacity = -1;
     double m_penWidth = 0; ///< in device pixels
-    bool m_isStrokeSet = false;
-    bool m_isFillSet = false;
+    bool m_isStyleKnown = false;
+    bool m_arePenAndBrushSet = false;
+    bool m_isFrameSet = false; ///< no pen, and a brush of the stroke's colour
     bool m_isAntialiased = false;
     bool m_isAntialiasedSet = false;
     bool m_isPixelAligned = false;
+    bool m_fillsStrokes = false;
 };
 
 } // namespace Tova2

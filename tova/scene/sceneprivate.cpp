@@ -95,17 +95,22 @@ void ScenePrivate::enter(NodeImpl& node)
     // A node that hangs under another outside any scene comes in alone.
     if (node.parentNode())
         node.setParent(nullptr);
+    node.setZValue(nextZ(+1)); // cheaper while the toolkit need not sort by it
     const auto subtree = subtreeOf(node);
     m_toolkit.addSubtree(node, subtree);
-    for (NodeImpl* const entered : subtree)
+    for (NodeImpl* const entered : subtree) {
         entered->setSceneLink(this);
+        // Values that came along count as handed out: the top has to be above them too.
+        m_lowestZ = std::min(m_lowestZ, entered->zValue());
+        m_highestZ = std::max(m_highestZ, entered->zValue());
+    }
     m_nodeCount += static_cast<unsigned>(subtree.size());
     addTopLevel(node);
     node.setMembership(true);
-    node.setZValue(nextZ(+1));
     m_displayList.addOnTop(node);
     m_bounds.reset();
     ++m_editCounter;
+    node.sceneRecord().isCounted = true;
     nodesInScenes().increment();
     if (isWatched())
         requestRepaint(computeBoxOfSubtree(node));
@@ -131,6 +136,9 @@ void ScenePrivate::leave(NodeImpl& node)
         requestRepaint(knownBoxOfSubtree(node));
     removeTopLevel(node);
     for (NodeImpl* const left : subtree) {
+        // One for each addition: some may have been added by themselves and parented since.
+        if (left->sceneRecord().isCounted)
+            nodesInScenes().decrement();
         m_displayList.strikeOut(*left);
         m_cache->drop(*left);
         left->setSceneLink(nullptr);
@@ -140,7 +148,6 @@ void ScenePrivate::leave(NodeImpl& node)
     ++m_changeCounter;
     ++m_editCounter;
     m_bounds.reset();
-    nodesInScenes().decrement();
     node.setMembership(false);
 }
 

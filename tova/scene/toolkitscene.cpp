@@ -1,9 +1,8 @@
 #include "scene/toolkitscene.h"
 
-#include "nodes/nodeimpl.h"
-
 #include <QEvent>
 
+#include <span>
 #include <vector>
 
 namespace Tova2 {
@@ -13,7 +12,7 @@ namespace {
 // The toolkit adds and removes a subtree by recursion; beyond this depth we take it apart first.
 constexpr int kDeepestHandedOver = 200;
 
-int depthOf(std::span<NodeImpl* const> subtree)
+int depthOf(const Subtree& subtree)
 {
     int deepest = 0, depth = 0;
     const NodeImpl* last = nullptr;
@@ -33,7 +32,7 @@ int depthOf(std::span<NodeImpl* const> subtree)
 /// Takes a deep subtree apart for as long as it lives.
 class Dismantled {
 public:
-    explicit Dismantled(std::span<NodeImpl* const> subtree) : m_subtree(subtree)
+    explicit Dismantled(const Subtree& subtree) : m_subtree(subtree)
     {
         if (depthOf(subtree) <= kDeepestHandedOver)
             return;
@@ -55,11 +54,11 @@ public:
     /// What has to be handed over one by one.
     std::span<NodeImpl* const> parts() const
     {
-        return m_parents.empty() ? m_subtree.first(1) : m_subtree;
+        return {m_subtree.data(), m_parents.empty() ? 1 : m_subtree.size()};
     }
 
 private:
-    std::span<NodeImpl* const> m_subtree;
+    const Subtree& m_subtree;
     std::vector<QGraphicsItem*> m_parents;
 };
 
@@ -79,7 +78,7 @@ ToolkitScene::~ToolkitScene()
     Q_ASSERT(items().isEmpty());
 }
 
-void ToolkitScene::addSubtree(NodeImpl&, std::span<NodeImpl* const> subtree)
+void ToolkitScene::addSubtree(NodeImpl&, const Subtree& subtree)
 {
     const Dismantled dismantled(subtree);
     for (NodeImpl* const part : dismantled.parts())
@@ -87,7 +86,7 @@ void ToolkitScene::addSubtree(NodeImpl&, std::span<NodeImpl* const> subtree)
     m_isPolishPending = true;
 }
 
-void ToolkitScene::removeSubtree(NodeImpl& root, std::span<NodeImpl* const> subtree)
+void ToolkitScene::removeSubtree(NodeImpl& root, const Subtree& subtree)
 {
     // An item that waits for its polish is searched for in a list when it goes.
     if (m_isPolishPending)

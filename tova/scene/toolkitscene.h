@@ -1,12 +1,10 @@
 #pragma once
 
+#include "nodes/nodeimpl.h"
+
 #include <QGraphicsScene>
 
-#include <span>
-
 namespace Tova2 {
-
-class NodeImpl;
 
 /// The toolkit scene that items belong to, kept from working for its keep: it has no index, and its
 /// own pass over changed items, which takes milliseconds a turn in a large scene and serves only
@@ -17,9 +15,9 @@ public:
     ~ToolkitScene() override;
 
     /// The node is a top-level one; its children come along.
-    void addSubtree(NodeImpl& root, std::span<NodeImpl* const> subtree);
+    void addSubtree(NodeImpl& root, const Subtree& subtree);
     /// The node is a top-level one afterwards; its children go with it.
-    void removeSubtree(NodeImpl& root, std::span<NodeImpl* const> subtree);
+    void removeSubtree(NodeImpl& root, const Subtree& subtree);
 
 protected:
     bool event(QEvent* event) override;
