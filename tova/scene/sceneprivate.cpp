@@ -225,7 +225,7 @@ QRectF ScenePrivate::bounds()
             continue;
         const Box& box = list.box(slot);
         const NodeImpl& node = *list.node(slot);
-        all.unite(std::isfinite(box.left) ? box : boxAtUnitScale(node, node.sceneTransform()));
+        all.unite(std::isfinite(box.left) ? box : boxAtUnitScale(node, node.nodeToDevice({})));
     }
     m_bounds = all.isNowhere() ? QRectF() : all.rect();
     return *m_bounds;
