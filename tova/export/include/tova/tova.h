@@ -1,12 +1,45 @@
 #pragma once
 
-// Everything that hosts use, by area.
+// Everything that hosts use.
 
+#include "tova/nodes/geometry/bounds.h"
+#include "tova/nodes/geometry/ellipse.h"
+#include "tova/nodes/geometry/geometryfunctions.h"
+#include "tova/nodes/geometry/limits.h"
+#include "tova/nodes/geometry/nearestside.h"
+#include "tova/nodes/geometry/roundedrect.h"
+#include "tova/nodes/geometry/vertex.h"
+
+#include "tova/nodes/style/background.h"
+#include "tova/nodes/style/drawstyle.h"
+#include "tova/nodes/style/effect.h"
+#include "tova/nodes/style/fill.h"
+#include "tova/nodes/style/lodcolordepth.h"
+#include "tova/nodes/style/lodscale.h"
+#include "tova/nodes/style/stroke.h"
+#include "tova/nodes/style/strokeinsettype.h"
+
+#include "tova/nodes/cachetype.h"
+#include "tova/nodes/compositenode.h"
+#include "tova/nodes/containernode.h"
 #include "tova/nodes/customhittestfunctor.h"
+#include "tova/nodes/customnode.h"
+#include "tova/nodes/customnodepainter.h"
+#include "tova/nodes/ellipsenode.h"
+#include "tova/nodes/fancyroundedrectnode.h"
+#include "tova/nodes/imagenode.h"
+#include "tova/nodes/linenode.h"
 #include "tova/nodes/node.h"
 #include "tova/nodes/nodeerrors.h"
 #include "tova/nodes/paintoptions.h"
+#include "tova/nodes/picturenode.h"
+#include "tova/nodes/property.h"
 #include "tova/nodes/rectnode.h"
+#include "tova/nodes/roundedrectnode.h"
+#include "tova/nodes/shapenode.h"
+#include "tova/nodes/textalignment.h"
+#include "tova/nodes/textnode.h"
+
 #include "tova/scene/scene.h"
 #include "tova/scene/scenechangetracker.h"
 #include "tova/scene/sceneerrors.h"
