@@ -1,5 +1,6 @@
 #include "diagramfile.h"
 
+#include "connectortrim.h"
 #include "dotlayout.h"
 #include "fileerror.h"
 #include "inputfile.h"
@@ -23,6 +24,7 @@ Diagram readDiagram(const QString& path, QStringList& notes)
     notes += layout.notes;
     int graphs = 0;
     Diagram diagram = readJson(path, layout.json, layout.families, &graphs);
+    trimConnectors(diagram);
     if (graphs > 1)
         notes << QStringLiteral("holds %1 graphs; they are shown side by side").arg(graphs);
     if (diagram.blocks.empty() && diagram.clusters.empty())

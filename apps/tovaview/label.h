@@ -19,7 +19,7 @@ constexpr int longestLabel = 1 << 20;
 constexpr double lineHeight = 1.2; ///< of the font's size
 
 struct TextStyle {
-    QString family;
+    QString family = QStringLiteral("Times");
     double size = 14;
     Vetra::Color color;
 };
