@@ -69,6 +69,8 @@ std::uint32_t DisplayList::append(NodeImpl& node, bool isTooDeep)
 
 void DisplayList::addOnTop(NodeImpl& root)
 {
+    // One that stacks behind its parent goes below all others even without one.
+    m_isOrderStale |= root.stacksBehindParent();
     if (m_isOrderStale)
         return; // the rebuild finds it
     visitInStackingOrder(root, 0, [this](NodeImpl& node, int depth) {

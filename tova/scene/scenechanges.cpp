@@ -67,8 +67,17 @@ void ScenePrivate::nodeChanged(NodeImpl& node, ChangeLevel)
         m_tracker->nodeChanged(node.handle());
 }
 
+// What edits mark as stale differs by whether anybody watches: none of it may be left over from
+// before.
+void ScenePrivate::addRepaintSink(RepaintSink* sink)
+{
+    displayList();
+    m_repaintSinks.push_back(sink);
+}
+
 void ScenePrivate::removeRepaintSink(RepaintSink* sink)
 {
+    displayList();
     std::erase(m_repaintSinks, sink);
 }
 

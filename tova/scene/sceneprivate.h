@@ -60,7 +60,7 @@ public:
     /// Moves on with every edit of any kind; for walks that call out to hosts.
     std::uint64_t editCounter() const { return m_editCounter; }
     /// Not owned; a sink takes itself out before it dies.
-    void addRepaintSink(RepaintSink* sink) { m_repaintSinks.push_back(sink); }
+    void addRepaintSink(RepaintSink* sink);
     void removeRepaintSink(RepaintSink* sink);
     void requestFullRepaint();
 
