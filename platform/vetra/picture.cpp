@@ -1,5 +1,6 @@
 #include "vetra/picture.h"
 
+#include "picturereplay.h"
 #include "vetra/qt.h"
 
 #include <QPainter>
@@ -9,19 +10,34 @@
 
 namespace Vetra {
 
+struct Picture::Recording {
+    QPicture picture;
+    GLRect<double> bounds;
+};
+
+namespace {
+
+GLRect<double> boundsOf(const QPicture& picture)
+{
+    QPicture recording = picture;
+    const QRectF all = QRectF(picture.boundingRect()) | textExtent(recording);
+    return fromQt(QRectF(all.toAlignedRect()));
+}
+
+} // namespace
+
 GLRect<double> Picture::boundingRect() const
 {
     if (isEmpty())
         return {};
-    const QRect r = m_recording->boundingRect();
-    return fromQt(QRectF(r));
+    return m_recording->bounds;
 }
 
 bool Picture::operator==(const Picture& other) const noexcept
 {
     if (isEmpty() || other.isEmpty())
         return isEmpty() && other.isEmpty();
-    const auto &a = *m_recording, &b = *other.m_recording;
+    const auto &a = m_recording->picture, &b = other.m_recording->picture;
     return m_recording == other.m_recording ||
            (a.size() == b.size() && a.boundingRect() == b.boundingRect() &&
             std::memcmp(a.data(), b.data(), a.size()) == 0);
@@ -29,14 +45,15 @@ bool Picture::operator==(const Picture& other) const noexcept
 
 QPicture toQt(const Picture& picture)
 {
-    return picture.isEmpty() ? QPicture() : *picture.m_recording;
+    return picture.isEmpty() ? QPicture() : picture.m_recording->picture;
 }
 
 Picture fromQt(const QPicture& picture)
 {
     Picture result;
     if (!picture.isNull())
-        result.m_recording = std::make_shared<const QPicture>(picture);
+        result.m_recording = std::make_shared<const Picture::Recording>(
+            Picture::Recording{picture, boundsOf(picture)});
     return result;
 }
 
@@ -56,12 +73,9 @@ void play(QPainter& painter, const Picture& picture)
 {
     if (picture.isEmpty() || !painter.isActive())
         return;
-    // Replaying moves a read position in the picture, hence the copy; the painter's state comes
-    // back as it was.
+    // Replaying moves a read position in the picture, hence the copy.
     QPicture recording = toQt(picture);
-    painter.save();
-    recording.play(&painter);
-    painter.restore();
+    replay(painter, recording);
 }
 
 } // namespace Vetra

@@ -19,7 +19,7 @@ public:
     Picture() noexcept = default;
 
     bool isEmpty() const noexcept { return !m_recording; }
-    /// As recorded, in whole units; zero when empty.
+    /// Of all that was drawn, in whole units; zero when empty.
     GLRect<double> boundingRect() const;
     /// Equal recordings, command by command.
     bool operator==(const Picture& other) const noexcept;
@@ -28,7 +28,8 @@ private:
     friend VETRA_EXPORT QPicture toQt(const Picture& picture);
     friend VETRA_EXPORT Picture fromQt(const QPicture& picture);
 
-    std::shared_ptr<const QPicture> m_recording;
+    struct Recording;
+    std::shared_ptr<const Recording> m_recording;
 };
 
 } // namespace Vetra

@@ -151,7 +151,8 @@ VETRA_EXPORT QPicture toQt(const Picture& picture);
 VETRA_EXPORT Picture fromQt(const QPicture& picture);
 /// Empty when `draw` is.
 VETRA_EXPORT Picture recordPicture(const std::function<void(QPainter&)>& draw);
-/// Draws it in the painter's coordinates and leaves the painter's state as it was.
+/// Draws it in the painter's coordinates, within its clip and with its opacity on top of what was
+/// recorded; the rest of the painter's state plays no part, and all of it is as it was afterwards.
 VETRA_EXPORT void play(QPainter& painter, const Picture& picture);
 
 } // namespace Vetra

@@ -1,0 +1,229 @@
+#include "picturereplay.h"
+
+#include <QPaintDevice>
+#include <QPaintEngine>
+#include <QPainter>
+#include <QPainterPath>
+#include <QPicture>
+
+#include <vector>
+
+namespace Vetra {
+
+namespace {
+
+/// Where a picture is replayed: in coordinates and at a resolution as it was recorded in.
+class ReplayDevice : public QPaintDevice {
+public:
+    explicit ReplayDevice(QPaintEngine& engine) : m_engine(engine) {}
+    QPaintEngine* paintEngine() const override { return &m_engine; }
+
+protected:
+    int metric(PaintDeviceMetric metric) const override
+    {
+        return metric == PdmWidth || metric == PdmHeight ? 32767 : m_recording.metric(metric);
+    }
+
+private:
+    struct Recording : QPicture {
+        using QPicture::metric;
+    };
+    QPaintEngine& m_engine;
+    Recording m_recording;
+};
+
+class ReplayEngine : public QPaintEngine {
+public:
+    ReplayEngine() : QPaintEngine(AllFeatures) {}
+    bool begin(QPaintDevice*) override { return true; }
+    bool end() override { return true; }
+    Type type() const override { return User; }
+};
+
+void play(QPicture& picture, ReplayEngine& engine)
+{
+    ReplayDevice device(engine);
+    QPainter painter(&device);
+    picture.play(&painter);
+}
+
+/// Hands everything on to another painter.
+class ForwardingEngine : public ReplayEngine {
+public:
+    explicit ForwardingEngine(QPainter& target);
+    ~ForwardingEngine() override;
+
+    void updateState(const QPaintEngineState& now) override;
+    void drawPath(const QPainterPath& path) override { m_target.drawPath(path); }
+    void drawRects(const QRectF* rects, int count) override { m_target.drawRects(rects, count); }
+    void drawLines(const QLineF* lines, int count) override { m_target.drawLines(lines, count); }
+    void drawEllipse(const QRectF& rect) override { m_target.drawEllipse(rect); }
+    void drawPoints(const QPointF* points, int count) override
+    {
+        m_target.drawPoints(points, count);
+    }
+    void drawPolygon(const QPointF* points, int count, PolygonDrawMode mode) override;
+    void drawPixmap(const QRectF& target, const QPixmap& pixmap, const QRectF& source) override
+    {
+        m_target.drawPixmap(target, pixmap, source);
+    }
+    void drawTiledPixmap(const QRectF& rect, const QPixmap& pixmap, const QPointF& start) override
+    {
+        m_target.drawTiledPixmap(rect, pixmap, start);
+    }
+    void drawImage(const QRectF& target, const QImage& image, const QRectF& source,
+                   Qt::ImageConversionFlags flags) override
+    {
+        m_target.drawImage(target, image, source, flags);
+    }
+    void drawTextItem(const QPointF& place, const QTextItem& text) override
+    {
+        m_target.drawTextItem(place, text);
+    }
+
+private:
+    void apply(const QPaintEngineState& now, DirtyFlags what);
+    void noteClip(const QPainterPath& path, const QPaintEngineState& now);
+    void useClips(const QPaintEngineState& now);
+
+    QPainter& m_target;
+    const QTransform m_base;
+    const double m_baseOpacity;
+    std::vector<QPainterPath> m_clips; // all of them hold; in the picture's coordinates
+};
+
+ForwardingEngine::ForwardingEngine(QPainter& target)
+    : m_target(target), m_base(target.transform()), m_baseOpacity(target.opacity())
+{
+    // The outer state is the caller's; the inner one, free of the picture's clips, is what each
+    // change of them starts from.
+    m_target.save();
+    m_target.setPen(QPen());
+    m_target.setBrush(QBrush());
+    m_target.setBrushOrigin(0, 0);
+    m_target.save();
+}
+
+ForwardingEngine::~ForwardingEngine()
+{
+    m_target.restore();
+    m_target.restore();
+}
+
+void ForwardingEngine::updateState(const QPaintEngineState& now)
+{
+    const auto what = now.state();
+    if (what & DirtyClipRegion) {
+        QPainterPath path;
+        path.addRegion(now.clipRegion());
+        noteClip(path, now);
+    }
+    if (what & DirtyClipPath)
+        noteClip(now.clipPath(), now);
+    const bool isClip = what & (DirtyClipRegion | DirtyClipPath | DirtyClipEnabled);
+    if (isClip)
+        useClips(now);
+    apply(now, isClip ? DirtyFlags(AllDirty) : what);
+}
+
+void ForwardingEngine::noteClip(const QPainterPath& path, const QPaintEngineState& now)
+{
+    if (now.clipOperation() != Qt::IntersectClip)
+        m_clips.clear();
+    if (now.clipOperation() != Qt::NoClip)
+        m_clips.push_back(now.transform().map(path));
+}
+
+void ForwardingEngine::useClips(const QPaintEngineState& now)
+{
+    m_target.restore();
+    m_target.save();
+    if (!now.isClipEnabled())
+        return;
+    m_target.setTransform(m_base);
+    for (const QPainterPath& clip : m_clips)
+        m_target.setClipPath(clip, Qt::IntersectClip);
+}
+
+void ForwardingEngine::apply(const QPaintEngineState& now, DirtyFlags what)
+{
+    if (what & DirtyTransform)
+        m_target.setTransform(now.transform() * m_base);
+    if (what & DirtyPen)
+        m_target.setPen(now.pen());
+    if (what & DirtyBrush)
+        m_target.setBrush(now.brush());
+    if (what & DirtyBrushOrigin)
+        m_target.setBrushOrigin(now.brushOrigin());
+    if (what & DirtyFont)
+        m_target.setFont(now.font());
+    if (what & DirtyBackground)
+        m_target.setBackground(now.backgroundBrush());
+    if (what & DirtyBackgroundMode)
+        m_target.setBackgroundMode(now.backgroundMode());
+    if (what & DirtyCompositionMode)
+        m_target.setCompositionMode(now.compositionMode());
+    if (what & DirtyOpacity)
+        m_target.setOpacity(now.opacity() * m_baseOpacity);
+    if (what & DirtyHints) {
+        m_target.setRenderHints(m_target.renderHints(), false);
+        m_target.setRenderHints(now.renderHints());
+    }
+}
+
+void ForwardingEngine::drawPolygon(const QPointF* points, int count, PolygonDrawMode mode)
+{
+    if (mode == PolylineMode)
+        m_target.drawPolyline(points, count);
+    else if (mode == ConvexMode)
+        m_target.drawConvexPolygon(points, count);
+    else
+        m_target.drawPolygon(points, count,
+                             mode == WindingMode ? Qt::WindingFill : Qt::OddEvenFill);
+}
+
+class MeasuringEngine : public ReplayEngine {
+public:
+    QRectF extent() const { return m_extent; }
+    void updateState(const QPaintEngineState& now) override
+    {
+        if (now.state() & DirtyTransform)
+            m_transform = now.transform();
+    }
+    void drawTextItem(const QPointF& place, const QTextItem& text) override;
+    void drawPath(const QPainterPath&) override {}
+    void drawPolygon(const QPointF*, int, PolygonDrawMode) override {}
+    void drawPixmap(const QRectF&, const QPixmap&, const QRectF&) override {}
+    void drawImage(const QRectF&, const QImage&, const QRectF&, Qt::ImageConversionFlags) override
+    {}
+    void drawTiledPixmap(const QRectF&, const QPixmap&, const QPointF&) override {}
+
+private:
+    QTransform m_transform;
+    QRectF m_extent;
+};
+
+void MeasuringEngine::drawTextItem(const QPointF& place, const QTextItem& text)
+{
+    // Slanted and swashed letters overhang by a part of the line's height.
+    const double height = text.ascent() + text.descent(), margin = height / 4;
+    const QRectF line(place.x(), place.y() - text.ascent(), text.width(), height);
+    m_extent |= m_transform.mapRect(line.adjusted(-margin, -margin, margin, margin));
+}
+
+} // namespace
+
+void replay(QPainter& painter, QPicture& picture)
+{
+    ForwardingEngine engine(painter);
+    play(picture, engine);
+}
+
+QRectF textExtent(QPicture& picture)
+{
+    MeasuringEngine engine;
+    play(picture, engine);
+    return engine.extent();
+}
+
+} // namespace Vetra
