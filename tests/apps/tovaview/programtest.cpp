@@ -1,0 +1,123 @@
+#include "temporaryfolder.h"
+
+#include <gmock/gmock.h>
+
+#include <QFileInfo>
+#include <QImage>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QProcess>
+
+namespace TovaView {
+namespace {
+
+using testing::HasSubstr;
+
+struct Outcome {
+    int code = -1;
+    std::string output, messages;
+};
+
+/// Runs the program as a user without a display does.
+Outcome runViewer(const QStringList& arguments, const QString& folder = {})
+{
+    QProcess process;
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    for (const char* name : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"})
+        environment.remove(QLatin1String(name));
+    process.setProcessEnvironment(environment);
+    if (!folder.isEmpty())
+        process.setWorkingDirectory(folder);
+    process.start(QStringLiteral(TOVAVIEW_PROGRAM), arguments);
+    EXPECT_TRUE(process.waitForFinished(120'000));
+    EXPECT_EQ(process.exitStatus(), QProcess::NormalExit);
+    return {process.exitCode(), process.readAllStandardOutput().toStdString(),
+            process.readAllStandardError().toStdString()};
+}
+
+QString diagram(const char* name)
+{
+    return QStringLiteral(DIAGRAMS "/") + QLatin1String(name);
+}
+
+TEST(ProgramTest, HelpAndVersionNeedNothing)
+{
+    EXPECT_THAT(runViewer({QStringLiteral("--help")}).output, HasSubstr("--export"));
+    EXPECT_THAT(runViewer({QStringLiteral("--version")}).output, testing::StartsWith("tovaview "));
+}
+
+TEST(ProgramTest, UsageErrorsExitWithTwo)
+{
+    EXPECT_EQ(runViewer({}).code, 2);
+    EXPECT_EQ(
+        runViewer({QStringLiteral("a.dot"), QStringLiteral("--scale"), QStringLiteral("0")}).code,
+        2);
+}
+
+TEST(ProgramTest, FileErrorsAreOneLineAndExitWithOne)
+{
+    const TemporaryFolder folder;
+    folder.write("bad.dot", "digraph {\n a -> ~\n}\n");
+    folder.write("bad.plain", "graph 1 1 1\nnod\nstop\n");
+    folder.write("empty.gv", "");
+    folder.write("binary.dot", QByteArray("\0\1", 2));
+    const std::pair<const char*, const char*> rows[] = {
+        {"bad.dot", "bad.dot:2: syntax error near '~'"},
+        {"bad.plain", "bad.plain:2: \"nod\" is no statement"},
+        {"empty.gv", "empty.gv: is empty"},
+        {"binary.dot", "binary.dot:1: is a binary file"},
+        {"missing.dot", "missing.dot: cannot open"},
+    };
+    for (const auto& [file, complaint] : rows) {
+        const Outcome outcome =
+            runViewer({QLatin1String(file), QStringLiteral("--export"), QStringLiteral("out.png")},
+                      folder.path("."));
+        EXPECT_EQ(outcome.code, 1) << file;
+        EXPECT_THAT(outcome.messages, HasSubstr(complaint));
+        EXPECT_EQ(std::count(outcome.messages.begin(), outcome.messages.end(), '\n'), 1)
+            << outcome.messages;
+        EXPECT_FALSE(QFileInfo::exists(folder.path("out.png")));
+    }
+}
+
+TEST(ProgramTest, ExportsEveryBundledDiagram)
+{
+    const TemporaryFolder folder;
+    for (const char* name : {"statemachine.dot", "modules.dot", "profile.dot", "bootflow.dot",
+                             "bootflow.plain", "unicode.dot"}) {
+        const QString picture = folder.path(name) + QStringLiteral(".png");
+        const Outcome outcome = runViewer(
+            {diagram(name), QStringLiteral("--size=640x480"), QStringLiteral("--export"), picture,
+             QStringLiteral("--dump"), folder.path("dump.json"), QStringLiteral("--stats")});
+        EXPECT_EQ(outcome.code, 0) << outcome.messages;
+        EXPECT_EQ(QImage(picture).size(), QSize(640, 480)) << name;
+        const QByteArray line = QByteArray::fromStdString(outcome.output);
+        EXPECT_EQ(line.count('\n'), 1);
+        EXPECT_GT(QJsonDocument::fromJson(line).object()[QLatin1String("nodes")].toInt(), 4)
+            << name;
+        EXPECT_TRUE(QFileInfo(folder.path("dump.json")).size() > 100);
+    }
+}
+
+TEST(ProgramTest, WithoutADisplayWritesBesideAndSaysWhere)
+{
+    const TemporaryFolder folder;
+    folder.write("a.dot", "digraph { a -> b }");
+    const Outcome outcome = runViewer({QStringLiteral("a.dot")}, folder.path("."));
+    EXPECT_EQ(outcome.code, 0);
+    EXPECT_THAT(outcome.messages, HasSubstr("a.dot.png"));
+    EXPECT_FALSE(QImage(folder.path("a.dot.png")).isNull());
+}
+
+TEST(ProgramTest, FullStandardOutputIsAnError)
+{
+    QProcess process;
+    process.setStandardOutputFile(QStringLiteral("/dev/full"));
+    process.start(QStringLiteral(TOVAVIEW_PROGRAM),
+                  {diagram("bootflow.plain"), QStringLiteral("--stats")});
+    ASSERT_TRUE(process.waitForFinished(60'000));
+    EXPECT_EQ(process.exitCode(), 1);
+}
+
+} // namespace
+} // namespace TovaView
