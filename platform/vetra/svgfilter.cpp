@@ -80,8 +80,13 @@ void SvgFilter::readToken(QXmlStreamReader::TokenType token)
 {
     switch (token) {
     case QXmlStreamReader::DTD:
+        // Most drawings name the public document type, which nobody reads. Declarations of their
+        // own are refused.
+        if (m_xml.text().contains(QLatin1Char('[')))
+            refuse(ImageError::UnsafeDrawing, "declarations in the document type");
+        return;
     case QXmlStreamReader::EntityReference:
-        refuse(ImageError::UnsafeDrawing, "document type");
+        refuse(ImageError::UnsafeDrawing, "entity reference");
     case QXmlStreamReader::ProcessingInstruction:
         // A style sheet named here would be read from the disk by the renderer.
         refuse(ImageError::UnsafeDrawing, "processing instruction");

@@ -62,7 +62,12 @@ TEST_P(SvgFilterTest, JudgesTheDrawing)
 INSTANTIATE_TEST_SUITE_P(
     Active, SvgFilterTest,
     testing::Values(
-        SvgCase{"DocumentType", "<!DOCTYPE svg [<!ENTITY a 'b'>]>" + svg(""), "UnsafeDrawing"},
+        SvgCase{"DeclaredEntity", "<!DOCTYPE svg [<!ENTITY a 'b'>]>" + svg(""), "UnsafeDrawing"},
+        SvgCase{"PublicTypeAsExportersWriteIt",
+                "<!DOCTYPE svg PUBLIC '-//W3C//DTD SVG 1.1//EN' 'svg11.dtd'>" + svg(""), ""},
+        SvgCase{"EntityOfTheNamedType",
+                "<!DOCTYPE svg SYSTEM 'file:///etc/a.dtd'>" + svg("<text>&a;</text>"),
+                "UnsafeDrawing"},
         SvgCase{"StyleSheetInstruction",
                 "<?xml-stylesheet type=\"text/css\" href=\"/etc/passwd\"?>" + svg(""),
                 "UnsafeDrawing"},
