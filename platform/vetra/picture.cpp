@@ -6,6 +6,7 @@
 #include <QPainter>
 #include <QPicture>
 
+#include <cmath>
 #include <cstring>
 
 namespace Vetra {
@@ -20,8 +21,9 @@ namespace {
 GLRect<double> boundsOf(const QPicture& picture)
 {
     QPicture recording = picture;
-    const QRectF all = QRectF(picture.boundingRect()) | textExtent(recording);
-    return fromQt(QRectF(all.toAlignedRect()));
+    const QRectF all = extentOf(recording);
+    const QPointF start(std::floor(all.left()), std::floor(all.top()));
+    return fromQt(QRectF(start, QPointF(std::ceil(all.right()), std::ceil(all.bottom()))));
 }
 
 } // namespace

@@ -1,51 +1,12 @@
 #include "picturereplay.h"
 
-#include <QPaintDevice>
-#include <QPaintEngine>
-#include <QPainter>
-#include <QPainterPath>
-#include <QPicture>
+#include "replayengine.h"
 
-#include <vector>
+#include <QPainter>
 
 namespace Vetra {
 
 namespace {
-
-/// Where a picture is replayed: in coordinates and at a resolution as it was recorded in.
-class ReplayDevice : public QPaintDevice {
-public:
-    explicit ReplayDevice(QPaintEngine& engine) : m_engine(engine) {}
-    QPaintEngine* paintEngine() const override { return &m_engine; }
-
-protected:
-    int metric(PaintDeviceMetric metric) const override
-    {
-        return metric == PdmWidth || metric == PdmHeight ? 32767 : m_recording.metric(metric);
-    }
-
-private:
-    struct Recording : QPicture {
-        using QPicture::metric;
-    };
-    QPaintEngine& m_engine;
-    Recording m_recording;
-};
-
-class ReplayEngine : public QPaintEngine {
-public:
-    ReplayEngine() : QPaintEngine(AllFeatures) {}
-    bool begin(QPaintDevice*) override { return true; }
-    bool end() override { return true; }
-    Type type() const override { return User; }
-};
-
-void play(QPicture& picture, ReplayEngine& engine)
-{
-    ReplayDevice device(engine);
-    QPainter painter(&device);
-    picture.play(&painter);
-}
 
 /// Hands everything on to another painter.
 class ForwardingEngine : public ReplayEngine {
@@ -83,13 +44,11 @@ public:
 
 private:
     void apply(const QPaintEngineState& now, DirtyFlags what);
-    void noteClip(const QPainterPath& path, const QPaintEngineState& now);
     void useClips(const QPaintEngineState& now);
 
     QPainter& m_target;
     const QTransform m_base;
     const double m_baseOpacity;
-    std::vector<QPainterPath> m_clips; // all of them hold; in the picture's coordinates
 };
 
 ForwardingEngine::ForwardingEngine(QPainter& target)
@@ -112,26 +71,12 @@ ForwardingEngine::~ForwardingEngine()
 
 void ForwardingEngine::updateState(const QPaintEngineState& now)
 {
-    const auto what = now.state();
-    if (what & DirtyClipRegion) {
-        QPainterPath path;
-        path.addRegion(now.clipRegion());
-        noteClip(path, now);
+    if (!noteClips(now)) {
+        apply(now, now.state());
+        return;
     }
-    if (what & DirtyClipPath)
-        noteClip(now.clipPath(), now);
-    const bool isClip = what & (DirtyClipRegion | DirtyClipPath | DirtyClipEnabled);
-    if (isClip)
-        useClips(now);
-    apply(now, isClip ? DirtyFlags(AllDirty) : what);
-}
-
-void ForwardingEngine::noteClip(const QPainterPath& path, const QPaintEngineState& now)
-{
-    if (now.clipOperation() != Qt::IntersectClip)
-        m_clips.clear();
-    if (now.clipOperation() != Qt::NoClip)
-        m_clips.push_back(now.transform().map(path));
+    useClips(now);
+    apply(now, AllDirty);
 }
 
 void ForwardingEngine::useClips(const QPaintEngineState& now)
@@ -141,7 +86,7 @@ void ForwardingEngine::useClips(const QPaintEngineState& now)
     if (!now.isClipEnabled())
         return;
     m_target.setTransform(m_base);
-    for (const QPainterPath& clip : m_clips)
+    for (const QPainterPath& clip : clips())
         m_target.setClipPath(clip, Qt::IntersectClip);
 }
 
@@ -182,48 +127,12 @@ void ForwardingEngine::drawPolygon(const QPointF* points, int count, PolygonDraw
                              mode == WindingMode ? Qt::WindingFill : Qt::OddEvenFill);
 }
 
-class MeasuringEngine : public ReplayEngine {
-public:
-    QRectF extent() const { return m_extent; }
-    void updateState(const QPaintEngineState& now) override
-    {
-        if (now.state() & DirtyTransform)
-            m_transform = now.transform();
-    }
-    void drawTextItem(const QPointF& place, const QTextItem& text) override;
-    void drawPath(const QPainterPath&) override {}
-    void drawPolygon(const QPointF*, int, PolygonDrawMode) override {}
-    void drawPixmap(const QRectF&, const QPixmap&, const QRectF&) override {}
-    void drawImage(const QRectF&, const QImage&, const QRectF&, Qt::ImageConversionFlags) override
-    {}
-    void drawTiledPixmap(const QRectF&, const QPixmap&, const QPointF&) override {}
-
-private:
-    QTransform m_transform;
-    QRectF m_extent;
-};
-
-void MeasuringEngine::drawTextItem(const QPointF& place, const QTextItem& text)
-{
-    // Slanted and swashed letters overhang by a part of the line's height.
-    const double height = text.ascent() + text.descent(), margin = height / 4;
-    const QRectF line(place.x(), place.y() - text.ascent(), text.width(), height);
-    m_extent |= m_transform.mapRect(line.adjusted(-margin, -margin, margin, margin));
-}
-
 } // namespace
 
 void replay(QPainter& painter, QPicture& picture)
 {
     ForwardingEngine engine(painter);
-    play(picture, engine);
-}
-
-QRectF textExtent(QPicture& picture)
-{
-    MeasuringEngine engine;
-    play(picture, engine);
-    return engine.extent();
+    engine.run(picture);
 }
 
 } // namespace Vetra

@@ -12,7 +12,8 @@ namespace Vetra {
 /// its pen, brush, font and hints play no part; they are back afterwards.
 void replay(QPainter& painter, QPicture& picture);
 
-/// Around the text of a recording, which the toolkit's own bounding rectangle leaves out.
-QRectF textExtent(QPicture& picture);
+/// Around all that a picture draws, no less; the toolkit's own rectangle leaves out text and much
+/// of the width of lines.
+QRectF extentOf(QPicture& picture);
 
 } // namespace Vetra

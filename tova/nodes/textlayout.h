@@ -43,7 +43,7 @@ private:
     mutable QPainterPath m_outlines; ///< of the runs; made on first need
     double m_scale;                  ///< from there to local units
 
-    QSizeF m_size;
+    QSizeF m_size{0, 0};
     QRectF m_inkRect;
 };
 
