@@ -29,7 +29,7 @@ void FancyRoundedRectNodeImpl::setRadius(Corner corner, double radius)
 
 double FancyRoundedRectNodeImpl::strokeReach() const
 {
-    return smoothStrokeReach(drawStyle().stroke());
+    return rightAngleStrokeReach(drawStyle().stroke());
 }
 
 CorneredRect FancyRoundedRectNodeImpl::outlineShape() const

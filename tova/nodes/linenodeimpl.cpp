@@ -10,6 +10,20 @@
 
 namespace Tova2 {
 
+namespace {
+
+double dot(const QPointF& a, const QPointF& b)
+{
+    return a.x() * b.x() + a.y() * b.y();
+}
+
+double cross(const QPointF& a, const QPointF& b)
+{
+    return a.x() * b.y() - a.y() * b.x();
+}
+
+} // namespace
+
 void LineNodeImpl::setLine(const QLineF& line)
 {
     if (!isFinite(line.p1()) || !isFinite(line.p2()))
@@ -28,25 +42,22 @@ QRectF LineNodeImpl::geometryRect() const
     return {left, top, right - left, bottom - top};
 }
 
-/// To the right for a line without length.
-QPointF LineNodeImpl::direction() const
-{
-    const double length = std::hypot(m_line.dx(), m_line.dy());
-    return length > 0 && std::isfinite(length) ? QPointF(m_line.dx() / length, m_line.dy() / length)
-                                               : QPointF(1, 0);
-}
-
-double LineNodeImpl::capLength() const
+// A line without length points to the right.
+LineNodeImpl::Band LineNodeImpl::band() const
 {
     const Stroke& stroke = drawStyle().stroke();
-    return stroke.capStyle() == StrokeCapStyle::FlatCap ? 0.0 : halfStroke(stroke);
+    const double length = std::hypot(m_line.dx(), m_line.dy()), half = halfStroke(stroke);
+    const double cap = stroke.capStyle() == StrokeCapStyle::FlatCap ? 0.0 : half;
+    const bool hasDirection = length > 0 && std::isfinite(length);
+    return {hasDirection ? QPointF(m_line.dx() / length, m_line.dy() / length) : QPointF(1, 0),
+            -cap, length + cap, half};
 }
 
 double LineNodeImpl::strokeReach() const
 {
     if (drawStyle().stroke().capStyle() != StrokeCapStyle::SquareCap)
         return 0.5;
-    const QPointF along = direction();
+    const QPointF along = band().along;
     return (std::abs(along.x()) + std::abs(along.y())) / 2;
 }
 
@@ -54,24 +65,39 @@ Bounds LineNodeImpl::outline() const
 {
     if (drawStyle().stroke().isNoStroke())
         return Bounds();
-    const QPointF along = direction() * capLength();
-    const double half = halfStroke(drawStyle().stroke());
-    const QPointF aside(-direction().y() * half, direction().x() * half);
-    const QPointF start = m_line.p1() - along, end = m_line.p2() + along;
+    const Band band = this->band();
+    const QPointF aside = QPointF(-band.along.y(), band.along.x()) * band.half;
+    const QPointF start = m_line.p1() + band.along * band.first;
+    const QPointF end = m_line.p1() + band.along * band.last;
     return Bounds(Vetra::fromQt(start - aside), Vetra::fromQt(end - aside),
                   Vetra::fromQt(end + aside), Vetra::fromQt(start + aside));
 }
 
 bool LineNodeImpl::outlineContains(const QPointF& point) const
 {
-    const Stroke& stroke = drawStyle().stroke();
-    if (stroke.isNoStroke() || !isFinite(point))
+    if (drawStyle().stroke().isNoStroke() || !isFinite(point))
         return false;
-    const QPointF along = direction(), offset = point - m_line.p1();
-    const double position = offset.x() * along.x() + offset.y() * along.y();
-    const double distance = offset.y() * along.x() - offset.x() * along.y();
-    const double length = m_line.dx() * along.x() + m_line.dy() * along.y(), cap = capLength();
-    return position >= -cap && position <= length + cap && std::abs(distance) <= halfStroke(stroke);
+    const Band band = this->band();
+    const QPointF offset = point - m_line.p1();
+    const double position = dot(offset, band.along), distance = cross(band.along, offset);
+    return position >= band.first && position <= band.last && std::abs(distance) <= band.half;
+}
+
+bool LineNodeImpl::outlineIntersects(const Bounds& area) const
+{
+    const QRectF rect = Vetra::toQt(area.boundingRect());
+    if (!area.isOnlyRect() || !isFinite(rect) || drawStyle().stroke().isNoStroke())
+        return NodeImpl::outlineIntersects(area);
+    // Two rectangles are apart when they are along a side of either.
+    if (!outline().boundingRect().intersects(area.boundingRect()))
+        return false;
+    const Band band = this->band();
+    const QPointF center = rect.center() - m_line.p1();
+    const double width = std::abs(rect.width()) / 2, height = std::abs(rect.height()) / 2;
+    const double x = std::abs(band.along.x()), y = std::abs(band.along.y());
+    const double position = dot(center, band.along), extent = width * x + height * y;
+    return position + extent >= band.first && position - extent <= band.last &&
+           std::abs(cross(band.along, center)) <= band.half + width * y + height * x;
 }
 
 void LineNodeImpl::paintNode(PaintContext& context) const

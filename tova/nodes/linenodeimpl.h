@@ -18,11 +18,17 @@ public:
     double strokeReach() const override;
     Bounds outline() const override;
     bool outlineContains(const QPointF& point) const override;
+    bool outlineIntersects(const Bounds& area) const override;
     void paintNode(PaintContext& context) const override;
 
 private:
-    QPointF direction() const;
-    double capLength() const;
+    /// The line with its stroke as a rectangle along it.
+    struct Band {
+        QPointF along;
+        double first, last; ///< along the line from its start
+        double half;        ///< of its width
+    };
+    Band band() const;
 
     QLineF m_line;
 };

@@ -35,12 +35,15 @@ Bounds NodeImpl::outline() const
 
 bool NodeImpl::outlineContains(const QPointF& point) const
 {
-    return outline().contains(Vetra::fromQt(point));
+    const Bounds own = outline();
+    return !own.isEmpty() && own.contains(Vetra::fromQt(point));
 }
 
 bool NodeImpl::outlineIntersects(const Bounds& area) const
 {
-    return outline().intersectsWith(area);
+    // Empty bounds still have a position, which closed edges would let touch.
+    const Bounds own = outline();
+    return !own.isEmpty() && own.intersectsWith(area);
 }
 
 bool NodeImpl::hasCustomHitTest() const

@@ -16,6 +16,8 @@ namespace {
 // corner, is a bevel.
 constexpr double kMiterLimit = 2.0;
 constexpr double kSquareCapReach = std::numbers::sqrt2 / 2;
+// A curve is dashed as chords, whose directions differ from the curve's by up to this, in radians.
+constexpr double kChordDeviation = 0.5;
 
 bool isDashed(const Stroke& stroke)
 {
@@ -37,6 +39,12 @@ QPointF turned(const QPointF& direction)
     return {-direction.y(), direction.x()};
 }
 
+QPointF rotated(const QPointF& v, double angle)
+{
+    const double c = std::cos(angle), s = std::sin(angle);
+    return {v.x() * c - v.y() * s, v.x() * s + v.y() * c};
+}
+
 class ExtentBuilder {
 public:
     ExtentBuilder(const QRectF& geometry, const Stroke& stroke)
@@ -46,7 +54,8 @@ public:
         m_extent.reach = smoothStrokeReach(stroke);
         const double around = m_extent.reach * m_width;
         m_extent.rect = geometry.adjusted(-around, -around, around, around);
-        m_hasSquareEnds = stroke.capStyle() == StrokeCapStyle::SquareCap && !isDashed(stroke);
+        m_isDashed = isDashed(stroke);
+        m_hasSquareEnds = stroke.capStyle() == StrokeCapStyle::SquareCap && !m_isDashed;
     }
 
     void add(const OutlineSubpath& subpath)
@@ -89,7 +98,13 @@ private:
 
     void addJoin(const OutlinePiece& before, const OutlinePiece& after)
     {
-        addMiter(after.start(), before.endDirection(), after.startDirection());
+        const QPointF in = before.endDirection(), out = after.startDirection();
+        addMiter(after.start(), in, out);
+        if (!m_isDashed || !(before.isCurve || after.isCurve))
+            return;
+        const double sharper = cross(in, out) > 0 ? kChordDeviation : -kChordDeviation;
+        addMiter(after.start(), before.isCurve ? rotated(in, -sharper) : in,
+                 after.isCurve ? rotated(out, sharper) : out);
     }
 
     void addMiter(const QPointF& corner, const QPointF& in, const QPointF& out)
@@ -119,6 +134,7 @@ private:
     StrokeExtent m_extent;
     StrokeJoinStyle m_join;
     double m_width;
+    bool m_isDashed;
     bool m_hasSquareEnds;
 };
 
@@ -164,6 +180,16 @@ double smoothStrokeReach(const Stroke& stroke)
 {
     return stroke.capStyle() == StrokeCapStyle::SquareCap && isDashed(stroke) ? kSquareCapReach
                                                                               : 0.5;
+}
+
+double rightAngleStrokeReach(const Stroke& stroke)
+{
+    const bool isMitred = stroke.joinStyle() == StrokeJoinStyle::MiterJoin ||
+                          stroke.joinStyle() == StrokeJoinStyle::SvgMiterJoin;
+    const double smooth = smoothStrokeReach(stroke);
+    if (!isMitred || !isDashed(stroke))
+        return smooth;
+    return std::max(smooth, std::tan(std::numbers::pi / 4 + kChordDeviation / 2) / 2);
 }
 
 StrokeExtent strokeExtentOf(const std::vector<OutlineSubpath>& subpaths, const QRectF& geometry,

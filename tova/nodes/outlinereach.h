@@ -18,6 +18,8 @@ double halfStroke(const Stroke& stroke);
 QRectF strokedHull(const QRectF& rect, const Stroke& stroke);
 /// For outlines without corners, as a multiple of the width.
 double smoothStrokeReach(const Stroke& stroke);
+/// For outlines with right angles between lines and curves.
+double rightAngleStrokeReach(const Stroke& stroke);
 
 struct StrokeExtent {
     QRectF rect;        ///< of the stroke at a view scale of 1, or of the geometry without one

@@ -3,6 +3,8 @@
 #include "nodes/paintcontext.h"
 #include "nodes/values.h"
 
+#include <QLineF>
+
 namespace Tova2 {
 
 void RectNodeImpl::setRect(const QRectF& rect)
@@ -19,7 +21,11 @@ void RectNodeImpl::paintNode(PaintContext& context) const
     if (!isDrawable(m_rect))
         return;
     context.setStyle(drawStyle());
-    context.drawRect(m_rect);
+    // A path there and back would have mitres at its ends.
+    if (m_rect.isEmpty())
+        context.drawLine({m_rect.topLeft(), m_rect.bottomRight()});
+    else
+        context.drawRect(m_rect);
 }
 
 } // namespace Tova2
