@@ -16,7 +16,8 @@ namespace {
 /// Gives the painter back as it was, also when a host throws.
 class PainterLoan {
 public:
-    PainterLoan(PaintContext& context) : m_context(context), m_painter(context.localPainter())
+    explicit PainterLoan(PaintContext& context)
+        : m_context(context), m_painter(context.localPainter())
     {
         m_painter.save();
     }

@@ -1,7 +1,6 @@
 #include "nodes/outlinecorners.h"
 
 #include <algorithm>
-#include <cmath>
 
 namespace Tova2 {
 

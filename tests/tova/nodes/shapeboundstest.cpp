@@ -142,6 +142,7 @@ struct TightCase {
     QPainterPath path;
     StrokeJoinStyle join;
     Vetra::GLRect<double> bounds;
+    friend void PrintTo(const TightCase& row, std::ostream* out) { *out << row.name; }
 };
 class TightBoundsTest : public testing::TestWithParam<TightCase> {};
 

@@ -163,6 +163,7 @@ struct LineHitCase {
     StrokeCapStyle cap;
     Vetra::GLPoint<double> point;
     bool isHit;
+    friend void PrintTo(const LineHitCase& row, std::ostream* out) { *out << row.name; }
 };
 class LineHitTest : public testing::TestWithParam<LineHitCase> {};
 

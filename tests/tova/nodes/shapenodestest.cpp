@@ -74,6 +74,7 @@ struct SetterCase {
     const char* name;
     void (*change)(Watched&);
     int reports;
+    friend void PrintTo(const SetterCase& row, std::ostream* out) { *out << row.name; }
 };
 class SetterTest : public testing::TestWithParam<SetterCase> {};
 
