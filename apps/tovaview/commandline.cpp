@@ -1,5 +1,7 @@
 #include "commandline.h"
 
+#include <QFileInfo>
+
 #include <cmath>
 
 namespace TovaView {
@@ -37,6 +39,11 @@ bool readDump(const QString& text, Options& options)
 {
     options.dumpTo = text;
     return !text.isEmpty();
+}
+
+bool isSame(const QString& a, const QString& b)
+{
+    return !a.isEmpty() && !b.isEmpty() && QFileInfo(a) == QFileInfo(b);
 }
 
 struct ValueOption {
@@ -129,6 +136,11 @@ private:
             m_options.error = QStringLiteral("no file given");
         else if (m_options.scale > 0 && m_options.size.isValid())
             m_options.error = QStringLiteral("--scale and --size exclude each other");
+        else if (isSame(m_options.dumpTo, m_options.file) ||
+                 isSame(m_options.exportTo, m_options.file))
+            m_options.error = QStringLiteral("the output would replace the diagram");
+        else if (isSame(m_options.dumpTo, m_options.exportTo))
+            m_options.error = QStringLiteral("--dump and --export name the same file");
     }
 
     const QStringList& m_arguments;

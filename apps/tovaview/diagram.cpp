@@ -137,6 +137,7 @@ void translate(Diagram& diagram, const Point& by)
         move(connector.lines, by);
         move(connector.heads, by);
         translate(connector.labels, by);
+        translate(connector.endLabels, by);
     }
 }
 

@@ -97,7 +97,8 @@ struct Connector {
     int tail = -1, head = -1; ///< indices of blocks
     std::vector<Figure> lines;
     std::vector<Figure> heads;
-    Drawing labels;
+    Drawing labels;    ///< of its middle; connectors may run through them
+    Drawing endLabels; ///< beside its heads
 };
 
 struct Diagram {

@@ -7,17 +7,21 @@
 #include <QPainter>
 #include <QScreen>
 
+#include <exception>
+
 namespace TovaView {
 namespace {
 
 constexpr double largestShare = 0.8; ///< of the screen, at first
+constexpr double largestZoom = 2;    ///< at first
 constexpr QSize smallestWindow(320, 200);
 
 QSize firstSize(const Rect& area)
 {
     const QSize screen = QGuiApplication::primaryScreen()->availableSize() * largestShare;
-    const QSizeF wanted = QSizeF(area.width, area.height).scaled(screen, Qt::KeepAspectRatio);
-    return wanted.toSize().expandedTo(smallestWindow);
+    const QSizeF natural(area.width, area.height);
+    const QSizeF fitted = natural.scaled(screen, Qt::KeepAspectRatio);
+    return fitted.boundedTo(natural * largestZoom).toSize().expandedTo(smallestWindow);
 }
 
 } // namespace
@@ -46,9 +50,17 @@ QPixmap DiagramWindow::render() const
 
 void DiagramWindow::paintEvent(QPaintEvent*)
 {
-    if (m_picture.size() != size() * devicePixelRatioF())
-        m_picture = render();
-    QPainter(this).drawPixmap(0, 0, m_picture);
+    // No exception may pass through the toolkit's event loop; a blank window is what is left to
+    // show.
+    try {
+        if (m_picture.size() != size() * devicePixelRatioF())
+            m_picture = render();
+    } catch (const std::exception&) {
+        m_picture = QPixmap();
+    }
+    QPainter painter(this);
+    painter.fillRect(rect(), Qt::white);
+    painter.drawPixmap(0, 0, m_picture);
 }
 
 void DiagramWindow::keyPressEvent(QKeyEvent* event)

@@ -19,6 +19,8 @@ namespace {
 
 constexpr double longestPixels = 32767;
 constexpr double mostPixels = (1 << 30) / 4.0;
+/// What nobody asked for should not take minutes to write.
+constexpr double mostUnaskedPixels = 64e6;
 constexpr double longestPoints = 14400;
 constexpr double metresAPoint = 0.0254 / 72;
 
@@ -79,7 +81,9 @@ QByteArray printToFile(const DiagramScene& diagram, const PageSize& page, const 
 QImage paintPicture(const DiagramScene& diagram, const SizeWish& wish, const QString& target,
                     QStringList& notes)
 {
-    const PageSize page = requirePage(diagram.area, wish, longestPixels, mostPixels, target, notes);
+    const bool asked = wish.scale > 0 || wish.size.isValid();
+    const PageSize page = requirePage(diagram.area, wish, longestPixels,
+                                      asked ? mostPixels : mostUnaskedPixels, target, notes);
     QImage picture(page.size, QImage::Format_ARGB32_Premultiplied);
     if (picture.isNull())
         throw FileError(target, 0, QStringLiteral("there is no memory for the picture"));

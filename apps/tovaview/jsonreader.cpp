@@ -157,7 +157,8 @@ private:
         for (Figure& line : readDrawings(object, {"_draw_"}).figures)
             connector.lines.push_back(simplified(std::move(line)));
         connector.heads = readDrawings(object, {"_tdraw_", "_hdraw_"}).figures;
-        connector.labels = readDrawings(object, {"_ldraw_", "_xldraw_", "_tldraw_", "_hldraw_"});
+        connector.labels = readDrawings(object, {"_ldraw_", "_xldraw_"});
+        connector.endLabels = readDrawings(object, {"_tldraw_", "_hldraw_"});
         m_diagram.connectors.push_back(std::move(connector));
     }
 

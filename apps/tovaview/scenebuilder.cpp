@@ -15,10 +15,17 @@ namespace {
 constexpr double pageMargin = 8;
 /// Lets a line that runs through a label be guessed, and the label be read.
 constexpr double groundOpacity = 0.8;
+// Of the font's size, from the baseline: what letters reach as a rule.
+constexpr double letterHeight = 0.78, letterDepth = 0.22, strikeHeight = 0.27;
 
 bool isWhite(const Vetra::Color& color)
 {
     return color.packed() == 0xffffffff;
+}
+
+Vetra::Color withOpacity(const Vetra::Color& color, double opacity)
+{
+    return {color.red() / 255.0, color.green() / 255.0, color.blue() / 255.0, opacity};
 }
 
 std::size_t segmentsOf(const Vetra::Shape& path)
@@ -28,6 +35,17 @@ std::size_t segmentsOf(const Vetra::Shape& path)
         count += element.type == Vetra::Shape::ElementType::LineTo ||
                  element.type == Vetra::Shape::ElementType::CubicTo;
     return count;
+}
+
+/// The line through a text; fonts know of none.
+Figure strikeOf(const TextPiece& text)
+{
+    const Rect rect = TextFitter(text).rect();
+    const double y = text.anchor.y - text.size * strikeHeight;
+    return {Outline::Polyline,
+            {{rect.x, y}, {rect.right(), y}},
+            {},
+            LineStyle{text.color, text.size / 16}};
 }
 
 Tova2::Node containerAt(const Point& origin)
@@ -149,17 +167,38 @@ void SceneBuilder::addConnectorLabels()
         for (const TextPiece& text : connector.labels.texts)
             addLabelGround(text);
         fill({}, {}, connector.labels);
+        fill({}, {}, connector.endLabels);
     }
 }
 
 /// Connectors may run through a label; on a ground of its own it stays readable.
 void SceneBuilder::addLabelGround(const TextPiece& text)
 {
-    Tova2::RectNode ground(TextFitter(text).rect());
-    const Vetra::Color& c = m_ground;
-    ground.setDrawStyle({Tova2::Stroke::NoStroke(), Vetra::Color(c.red() / 255.0, c.green() / 255.0,
-                                                                 c.blue() / 255.0, groundOpacity)});
+    const auto color = groundAt(text.anchor);
+    if (!color)
+        return;
+    const Rect line = TextFitter(text).rect();
+    Tova2::RectNode ground({line.x, text.anchor.y - text.size * letterHeight, line.width,
+                            text.size * (letterHeight + letterDepth)});
+    ground.setDrawStyle({Tova2::Stroke::NoStroke(), withOpacity(*color, groundOpacity)});
     place(ground, {});
+}
+
+/// The colour that a point of a connector lies on; nothing when it is not one colour.
+std::optional<Vetra::Color> SceneBuilder::groundAt(const Point& point) const
+{
+    std::optional<Vetra::Color> ground = m_ground;
+    for (const Cluster& cluster : m_diagram.clusters) { // inner ones come after outer ones
+        const auto& figures = cluster.drawing.figures;
+        if (!cluster.frame.contains(point) || figures.empty() || !figures.front().fill)
+            continue;
+        const FillStyle& fill = *figures.front().fill;
+        if (fill.gradient || fill.color.alpha() < 255)
+            ground.reset();
+        else
+            ground = fill.color;
+    }
+    return ground;
 }
 
 void SceneBuilder::fill(const Tova2::Node& parent, const Point& origin, const Drawing& drawing)
@@ -171,6 +210,10 @@ void SceneBuilder::fill(const Tova2::Node& parent, const Point& origin, const Dr
     for (const TextPiece& text : drawing.texts) {
         Tova2::Node node = makeText(text, origin);
         place(node, parent);
+        if (text.strikeOut) {
+            node = makeFigure(strikeOf(text), origin);
+            place(node, parent);
+        }
     }
 }
 

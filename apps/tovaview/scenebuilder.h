@@ -2,6 +2,8 @@
 
 #include "diagramscene.h"
 
+#include <optional>
+
 namespace TovaView {
 
 /// Makes the scene of a diagram. From the bottom to the top: clusters with the blocks in them,
@@ -25,6 +27,7 @@ private:
     Tova2::Node makeText(const TextPiece& text, const Point& origin);
     void place(Tova2::Node& node, const Tova2::Node& parent);
     void addLabelGround(const TextPiece& text);
+    std::optional<Vetra::Color> groundAt(const Point& point) const;
     void name(const Tova2::Node& node, const QString& name);
     void includeInArea(const Rect& rect);
 
