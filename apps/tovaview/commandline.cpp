@@ -1,5 +1,6 @@
 #include "commandline.h"
 
+#include <QDir>
 #include <QFileInfo>
 
 #include <cmath>
@@ -41,9 +42,16 @@ bool readDump(const QString& text, Options& options)
     return !text.isEmpty();
 }
 
+/// Links resolved, as far as the file exists.
+QString wholePath(const QString& path)
+{
+    const QString real = QFileInfo(path).canonicalFilePath();
+    return real.isEmpty() ? QDir::cleanPath(QFileInfo(path).absoluteFilePath()) : real;
+}
+
 bool isSame(const QString& a, const QString& b)
 {
-    return !a.isEmpty() && !b.isEmpty() && QFileInfo(a) == QFileInfo(b);
+    return !a.isEmpty() && !b.isEmpty() && wholePath(a) == wholePath(b);
 }
 
 struct ValueOption {
