@@ -10,6 +10,7 @@ namespace {
 
 constexpr char utf8Ellipsis[] = "\xe2\x80\xa6";
 constexpr QChar ellipsis(0x2026);
+constexpr char32_t tab = '\t';
 
 bool isAscii(const std::string& text)
 {
@@ -52,6 +53,26 @@ bool endsLine(QChar c)
     }
 }
 
+bool isShowable(char32_t c)
+{
+    const auto category = QChar::category(c);
+    return c == tab || (category != QChar::Other_Control && category != QChar::Other_NotAssigned);
+}
+
+/// What no font has a glyph for as U+FFFD: to search all fonts for each takes seconds.
+QString showable(const QString& line)
+{
+    auto letters = line.toUcs4();
+    bool isChanged = false;
+    for (uint& letter : letters) {
+        if (!isShowable(letter)) {
+            letter = QChar::ReplacementCharacter;
+            isChanged = true;
+        }
+    }
+    return isChanged ? QString::fromUcs4(letters.constData(), letters.size()) : line;
+}
+
 QString shortened(const QString& line)
 {
     if (line.size() <= Limits::textRun)
@@ -84,7 +105,7 @@ std::vector<QString> linesOf(const std::string& text)
             lines.back() = ellipsis;
             break;
         }
-        lines.push_back(shortened(all.mid(start, i - start)));
+        lines.push_back(showable(shortened(all.mid(start, i - start))));
         if (i + 1 < all.size() && all[i] == u'\r' && all[i + 1] == u'\n')
             ++i;
         start = i + 1;

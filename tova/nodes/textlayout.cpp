@@ -18,17 +18,30 @@ namespace Tova2 {
 
 namespace {
 
-/// The em in pixels at which text is laid out. The toolkit keeps advances and outlines in 64ths of
-/// a pixel, and lengths up to 2^25 of them: enough for a line of `Limits::textRun`.
-constexpr int referenceSize = 256;
-constexpr double tabDistance = 4 * referenceSize;
+/// Bounds of the em, in pixels, at which text is laid out. The toolkit keeps advances and outlines
+/// in 64ths of a pixel, and lengths up to 2^25 of them: enough for a line of `Limits::textRun`.
+constexpr double smallestReference = 128;
+constexpr double largestReference = 2 * smallestReference;
+constexpr int emsBetweenTabs = 4;
 /// The toolkit's own bound on a line's width.
 constexpr double widestLine = 8'388'607;
 
-QFont referenceFont(const Vetra::Font& font)
+/// A font's size times a power of two. Not one for all sizes: the toolkit keeps glyphs for ten
+/// scales of a font's size, too few for a diagram with many sizes of text.
+int referenceSizeOf(const Vetra::Font& font)
+{
+    double size = std::max(font.size(), 1e-3);
+    while (size < smallestReference)
+        size *= 2;
+    while (size >= largestReference)
+        size /= 2;
+    return static_cast<int>(size);
+}
+
+QFont referenceFont(const Vetra::Font& font, int size)
 {
     QFont result = Vetra::toQt(font);
-    result.setPixelSize(referenceSize);
+    result.setPixelSize(size);
     result.setHintingPreference(QFont::PreferNoHinting);
     // Coloured edges would be right on one kind of screen only.
     result.setStyleStrategy(
@@ -36,12 +49,12 @@ QFont referenceFont(const Vetra::Font& font)
     return result;
 }
 
-QTextOption lineOption()
+QTextOption lineOption(int referenceSize)
 {
     // Absolute: lines that are written from right to left are aligned by us as well.
     QTextOption option(Qt::AlignLeft | Qt::AlignAbsolute);
     option.setWrapMode(QTextOption::NoWrap);
-    option.setTabStopDistance(tabDistance);
+    option.setTabStopDistance(emsBetweenTabs * referenceSize);
     return option;
 }
 
@@ -66,7 +79,7 @@ Line layOut(const QString& text, const QFont& font, const QTextOption& option)
 
 std::vector<Line> layOutAll(const std::string& text, const QFont& font)
 {
-    const auto option = lineOption();
+    const auto option = lineOption(font.pixelSize());
     std::vector<Line> lines;
     for (const QString& line : linesOf(text))
         lines.push_back(layOut(line, font, option));
@@ -119,11 +132,12 @@ void addOutlines(QPainterPath& path, const QGlyphRun& run)
 
 TextLayout::TextLayout(const std::string& text, const Vetra::Font& font,
                        HorizontalAlignment alignment)
-    : m_scale(font.size() / referenceSize)
 {
+    const int reference = referenceSizeOf(font);
+    m_scale = font.size() / reference;
     if (!qobject_cast<QGuiApplication*>(QCoreApplication::instance()) || text.empty())
         return;
-    const auto lines = layOutAll(text, referenceFont(font));
+    const auto lines = layOutAll(text, referenceFont(font, reference));
     QSizeF all;
     for (const Line& line : lines)
         all.setWidth(std::max(all.width(), line.size.width()));

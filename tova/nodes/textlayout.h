@@ -41,7 +41,7 @@ private:
     std::vector<QGlyphRun> m_runs;
     std::vector<QRectF> m_underlines;
     mutable QPainterPath m_outlines; ///< of the runs; made on first need
-    double m_scale;                  ///< from there to local units
+    double m_scale = 1;              ///< from there to local units
 
     QSizeF m_size{0, 0};
     QRectF m_inkRect;

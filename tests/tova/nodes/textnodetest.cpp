@@ -116,6 +116,14 @@ TEST(TextNodeTest, LongLinesAndManyLinesEndInAnEllipsis)
     EXPECT_EQ(heightOf(Limits::textLines + 1), heightOf(Limits::textLines));
 }
 
+TEST(TextNodeTest, LettersOfNoFontAreShownAsReplaced)
+{
+    const QTransform view = QTransform::fromTranslate(5, 5);
+    const QImage replaced = shown(textOf("a\ufffd\ufffd b"), {200, 50}, view);
+    EXPECT_EQ(shown(textOf("a\u0378\x01 b"), {200, 50}, view), replaced);
+    EXPECT_NE(shown(textOf("a\t b"), {200, 50}, view), shown(textOf("a\ufffd b"), {200, 50}, view));
+}
+
 TEST(TextNodeTest, EmptyTextHasNoExtentAndDoesNotCount)
 {
     TextNode node;
