@@ -2,6 +2,7 @@
 
 #include "nodes/nodeimpl.h"
 
+#include <utility>
 #include <vector>
 
 namespace Tova2 {
@@ -17,14 +18,23 @@ std::vector<NodeImpl*>& doomed()
     return *nodes;
 }
 
+std::vector<std::shared_ptr<void>>& doomedContents()
+{
+    static auto* const contents = new std::vector<std::shared_ptr<void>>;
+    return *contents;
+}
+
 void drain()
 {
     auto& nodes = doomed();
     ++openDelays; // deleting a node dooms its children
-    while (!nodes.empty()) {
+    while (!nodes.empty() || !doomedContents().empty()) {
+        std::exchange(doomedContents(), {}).clear();
+        if (nodes.empty())
+            continue;
         NodeImpl* const node = nodes.back();
         nodes.pop_back();
-        node->deleteNow();
+        node->deleteIfUnheld();
     }
     --openDelays;
 }
@@ -38,7 +48,7 @@ DestructionDelay::DestructionDelay() noexcept
 
 DestructionDelay::~DestructionDelay()
 {
-    if (--openDelays == 0 && !doomed().empty())
+    if (--openDelays == 0 && !(doomed().empty() && doomedContents().empty()))
         drain();
 }
 
@@ -47,6 +57,12 @@ void dispose(NodeImpl* node)
     doomed().push_back(node);
     if (openDelays == 0)
         drain();
+}
+
+void dispose(std::shared_ptr<void> content)
+{
+    if (openDelays > 0)
+        doomedContents().push_back(std::move(content));
 }
 
 } // namespace Tova2

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <memory>
+
 namespace Tova2 {
 
 class NodeImpl;
@@ -18,5 +20,7 @@ public:
 /// Deletes the node, or queues it while a delay is open or another node is being deleted, so that a
 /// deep tree is taken down by a loop.
 void dispose(NodeImpl* node);
+/// Gives up a share in something that may be in the middle of a call, alike.
+void dispose(std::shared_ptr<void> content);
 
 } // namespace Tova2

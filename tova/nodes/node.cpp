@@ -101,8 +101,9 @@ void Node::removeAndRelease()
 {
     if (m_word < kMaxNodeImplFactories)
         return;
-    remove();
-    release();
+    // The handle may itself go away, or the tracker throw, while the element is taken out.
+    Node gone(std::move(*this));
+    gone.remove();
 }
 
 std::size_t Node::hashValue() const

@@ -149,22 +149,22 @@ void Node::toBottom(const std::vector<Node>& nodes)
 // Each goes right next to the reference, so the one to end up farthest away goes first.
 void Node::placeAbove(const std::vector<Node>& nodes, const Node& reference)
 {
-    downwards(nodes, [&](Node& node) { node.placeAbove(reference); });
+    downwards(nodes, [reference](Node& node) { node.placeAbove(reference); });
 }
 
 void Node::placeBelow(const std::vector<Node>& nodes, const Node& reference)
 {
-    upwards(nodes, [&](Node& node) { node.placeBelow(reference); });
+    upwards(nodes, [reference](Node& node) { node.placeBelow(reference); });
 }
 
 void Node::ensureAbove(const std::vector<Node>& nodes, const Node& reference)
 {
-    downwards(nodes, [&](Node& node) { node.ensureAbove(reference); });
+    downwards(nodes, [reference](Node& node) { node.ensureAbove(reference); });
 }
 
 void Node::ensureBelow(const std::vector<Node>& nodes, const Node& reference)
 {
-    upwards(nodes, [&](Node& node) { node.ensureBelow(reference); });
+    upwards(nodes, [reference](Node& node) { node.ensureBelow(reference); });
 }
 
 void Node::setStacksBehindParent(bool behind)

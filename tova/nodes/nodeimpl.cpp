@@ -60,6 +60,10 @@ NodeImpl::~NodeImpl()
 
 void NodeImpl::destroy()
 {
+    // A child may still lead a handle to its doomed parent: the count then falls to zero again.
+    if (m_isDoomed)
+        return;
+    m_isDoomed = true;
     dispose(this);
 }
 

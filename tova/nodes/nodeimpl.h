@@ -49,7 +49,13 @@ public:
     virtual bool isa(const char* name) const;
     Node handle() { return Node(this); }
     /// Only for the loop that takes nodes down.
-    void deleteNow() { delete this; }
+    /// Carries out what `dispose` has put off, unless somebody has come to hold the node since.
+    void deleteIfUnheld()
+    {
+        m_isDoomed = false;
+        if (referenceCount() == 0)
+            delete this;
+    }
 
     // Hierarchy
     NodeImpl* parentNode() const { return static_cast<NodeImpl*>(parentItem()); }
@@ -157,6 +163,7 @@ private:
     bool m_isReady : 1 = false; ///< between the end of construction and the start of destruction
     bool m_hasTransform : 1 = false;
     bool m_isMember : 1 = false;
+    bool m_isDoomed : 1 = false; ///< queued for deletion
     bool m_hasBeenInScene : 1 = false;
     bool m_clipsChildren : 1 = false;
     bool m_ignoresTransformations : 1 = false;

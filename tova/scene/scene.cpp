@@ -13,6 +13,7 @@
 
 #include <cmath>
 #include <numbers>
+#include <utility>
 
 namespace Tova2 {
 
@@ -48,6 +49,13 @@ std::vector<Vetra::GLPoint<double>> circle(const Vetra::GLPoint<double>& centre,
     return corners;
 }
 
+/// The content may be in the middle of a call, the tracker's or a painter's for one.
+void giveUp(std::shared_ptr<ScenePrivate> content, Scene* owner)
+{
+    content->removeOwner(owner);
+    dispose(std::move(content));
+}
+
 } // namespace
 
 SceneChangeTracker::~SceneChangeTracker() = default;
@@ -78,16 +86,15 @@ Scene& Scene::operator=(const Scene& other)
 {
     if (d == other.d)
         return *this;
-    const auto old = d; // its nodes go when both are linked up again
-    old->removeOwner(this);
-    d = other.d;
+    auto old = std::exchange(d, other.d);
     d->addOwner(this);
+    giveUp(std::move(old), this);
     return *this;
 }
 
 Scene::~Scene()
 {
-    d->removeOwner(this);
+    giveUp(std::move(d), this);
 }
 
 void Scene::destroy()

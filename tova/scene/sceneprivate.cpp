@@ -34,20 +34,41 @@ Snapshot snapshotOf(NodeImpl& root)
     return nodes;
 }
 
+class Announcement {
+public:
+    Announcement(std::vector<const NodeImpl*>& open, const NodeImpl& node) : m_open(open)
+    {
+        m_open.push_back(&node);
+    }
+    ~Announcement() { m_open.pop_back(); }
+    Announcement(const Announcement&) = delete;
+    Announcement& operator=(const Announcement&) = delete;
+
+private:
+    std::vector<const NodeImpl*>& m_open;
+};
+
 } // namespace
 
 ScenePrivate::ScenePrivate() : m_cache(std::make_unique<NodeCache>()) {}
 
 ScenePrivate::~ScenePrivate()
 {
-    m_tracker = nullptr;
-    m_repaintSinks.clear();
-    removeAllNodes();
+    close();
 }
 
 void ScenePrivate::removeOwner(Scene* owner)
 {
     std::erase(m_owners, owner);
+    if (m_owners.empty())
+        close();
+}
+
+void ScenePrivate::close()
+{
+    m_tracker = nullptr;
+    m_repaintSinks.clear();
+    removeAllNodes();
 }
 
 void ScenePrivate::addNode(NodeImpl& node)
@@ -58,22 +79,33 @@ void ScenePrivate::addNode(NodeImpl& node)
     const Vetra::Holder<NodeImpl> keep(&node);
     DeferredError error;
     reportAdded(node, error);
-    if (has(node))
-        return error.rethrow(); // a tracker has added it meanwhile
+    // Meanwhile a tracker may have added it, or dropped the scene.
+    if (has(node) || m_owners.empty())
+        return error.rethrow();
     ++m_changeCounter;
     if (SceneLink* const other = node.sceneLink())
         error.run([&] { other->removeNode(node); });
     else if (!node.hasBeenInScene() && !settings.creationStyles.empty())
         error.run([&] { node.setDrawStyle(settings.creationStyles.back()); });
-    if (!node.sceneLink())
+    if (!node.sceneLink() && !m_owners.empty())
         enter(node);
     error.rethrow();
 }
 
+bool ScenePrivate::isAnnounced(const NodeImpl& node) const
+{
+    return std::any_of(m_announced.begin(), m_announced.end(), [&](const NodeImpl* root) {
+        return root == &node || root->isAncestorOfNode(node);
+    });
+}
+
+// A tracker that adds or takes out itself what it is being told of does so without being told
+// again, for ever.
 void ScenePrivate::reportAdded(NodeImpl& node, DeferredError& error)
 {
-    if (!m_tracker)
+    if (!m_tracker || isAnnounced(node))
         return;
+    const Announcement announcement(m_announced, node);
     for (const auto& added : snapshotOf(node)) {
         if (m_tracker)
             error.run([&] { m_tracker->nodeAdded(added->handle()); });
@@ -82,8 +114,9 @@ void ScenePrivate::reportAdded(NodeImpl& node, DeferredError& error)
 
 void ScenePrivate::reportRemoved(NodeImpl& node, DeferredError& error)
 {
-    if (!m_tracker)
+    if (!m_tracker || isAnnounced(node))
         return;
+    const Announcement announcement(m_announced, node);
     for (const auto& removed : snapshotOf(node)) {
         if (m_tracker)
             error.run([&] { m_tracker->nodeRemoved(removed->handle()); });

@@ -29,6 +29,7 @@ public:
 
     // Owners, the first of which is who nodes name as their scene
     void addOwner(Scene* owner) { m_owners.push_back(owner); }
+    /// With the last one the content is taken down, and takes no more nodes.
     void removeOwner(Scene* owner);
     Scene* scene() noexcept override { return m_owners.empty() ? nullptr : m_owners.front(); }
 
@@ -86,10 +87,12 @@ public:
 private:
     void nodeChanged(NodeImpl& node, ChangeLevel level) override;
 
+    void close();
     void enter(NodeImpl& node);
     void leave(NodeImpl& node);
     void addTopLevel(NodeImpl& node);
     void removeTopLevel(NodeImpl& node) noexcept;
+    bool isAnnounced(const NodeImpl& node) const;
     void reportAdded(NodeImpl& node, DeferredError& error);
     void reportRemoved(NodeImpl& node, DeferredError& error);
 
@@ -110,6 +113,7 @@ private:
     std::size_t m_topLevelsLeft = 0;
     std::vector<RepaintSink*> m_repaintSinks;
     SceneChangeTracker* m_tracker = nullptr;
+    std::vector<const NodeImpl*> m_announced; ///< whose coming or going the tracker is being told
     std::unique_ptr<NodeCache> m_cache;
     std::optional<QRectF> m_bounds;
     std::optional<PaintState> m_paint;
