@@ -11,6 +11,7 @@ enum class ChangeLevel : std::uint8_t {
     Placement = 2,  ///< other position or transform: this node and all below it
     Presence = 3,   ///< other visibility, opacity or clip: this node and all below it
     Stacking = 4,   ///< another place in the stacking order
+    Announced = 5,  ///< other bounds of this node, soon: they are to be asked for when they matter
 };
 
 } // namespace Tova2

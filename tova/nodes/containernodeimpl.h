@@ -13,6 +13,7 @@ public:
     QRectF strokedRect() const override { return {}; }
     double strokeReach() const override { return 0; }
     bool countsInBounds() const override { return false; }
+    bool hasShape() const override { return false; }
     Bounds outline() const override { return Bounds(); }
     bool outlineContains(const QPointF&) const override { return false; }
     bool outlineIntersects(const Bounds&) const override { return false; }

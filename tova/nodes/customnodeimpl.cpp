@@ -67,7 +67,7 @@ void CustomNodeImpl::setPainter(CustomNodePainter* painter)
 void CustomNodeImpl::boundsChanging()
 {
     geometryChanging();
-    reportChange(ChangeLevel::Geometry);
+    reportChange(ChangeLevel::Announced);
 }
 
 QRectF CustomNodeImpl::geometryRectAt(double viewScale) const

@@ -8,6 +8,19 @@
 
 namespace Tova2 {
 
+namespace {
+
+/// Whether styles differ in colours only: the same area is painted and hit.
+bool coversTheSame(const DrawStyle& a, const DrawStyle& b)
+{
+    Stroke stroke = a.stroke();
+    stroke.setColor(b.stroke().color());
+    return stroke == b.stroke() && a.fill().isNoFill() == b.fill().isNoFill() &&
+           a.effect() == b.effect();
+}
+
+} // namespace
+
 QRectF NodeImpl::strokedRect() const
 {
     const QRectF rect = geometryRect();
@@ -82,9 +95,12 @@ void NodeImpl::setDrawStyle(const DrawStyle& style)
 {
     if (style == m_style)
         return;
-    geometryChanging();
+    const auto level =
+        coversTheSame(style, m_style) ? ChangeLevel::Appearance : ChangeLevel::Geometry;
+    if (level == ChangeLevel::Geometry)
+        geometryChanging();
     m_style = style;
-    reportChange(ChangeLevel::Geometry);
+    reportChange(level);
 }
 
 bool NodeImpl::isVisibleItself() const

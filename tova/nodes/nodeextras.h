@@ -1,6 +1,7 @@
 #pragma once
 
 #include "tova/nodes/customhittestfunctor.h"
+#include "tova/nodes/weakref.h"
 #include "vetra/any.h"
 #include "vetra/cursor.h"
 #include "vetra/referenced.h"
@@ -15,10 +16,16 @@ class NodeChangeSink;
 
 /// What most nodes do not have; made on first use.
 struct NodeExtras {
+    NodeExtras() = default;
+    NodeExtras(const NodeExtras&) = delete;
+    NodeExtras& operator=(const NodeExtras&) = delete;
+    ~NodeExtras() { self.expire(); }
+
     boost::container::flat_map<Vetra::StringID, Vetra::any> tags;
     std::optional<Vetra::Cursor> cursor;
     Vetra::Holder<CustomHitTestFunctor> hitTester;
     NodeChangeSink* sink = nullptr;
+    WeakRef self; ///< to the node that owns these
 };
 
 } // namespace Tova2

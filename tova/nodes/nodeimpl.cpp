@@ -117,18 +117,20 @@ void NodeImpl::setChangeSink(NodeChangeSink* sink)
 
 void NodeImpl::reportChange(ChangeLevel level)
 {
-    dropCaches(level);
+    // To a sink an announced change is one of geometry like any other.
+    const auto told = level == ChangeLevel::Announced ? ChangeLevel::Geometry : level;
+    dropCaches(told);
     if (m_scene)
         m_scene->noteChange(*this, level);
     // The sink may drop the last reference.
     const Vetra::Holder<NodeImpl> keep(referenceCount() > 0 ? this : nullptr);
     NodeChangeSink* const own = m_extras ? m_extras->sink : nullptr;
     if (own)
-        own->nodeChanged(*this, level);
+        own->nodeChanged(*this, told);
     else if (m_scene)
-        m_scene->changeSink().nodeChanged(*this, level);
+        m_scene->changeSink().nodeChanged(*this, told);
     else
-        NodeChangeSink::fallback().nodeChanged(*this, level);
+        NodeChangeSink::fallback().nodeChanged(*this, told);
 }
 
 QPainterPath NodeImpl::shape() const

@@ -114,6 +114,9 @@ public:
     void setMinLODQuality(std::uint8_t quality);
     virtual bool canRenderAtLODQuality(std::uint8_t quality, double scale) const;
     bool clipsChildren() const { return m_clipsChildren; }
+    /// False for a node that has no shape of its own, which `clipsChildren` then does nothing for.
+    virtual bool hasShape() const { return true; }
+    bool isClipping() const { return m_clipsChildren && hasShape(); }
     void setClipsChildren(bool clips);
     bool stacksBehindParent() const;
     void setStacksBehindParent(bool behind);

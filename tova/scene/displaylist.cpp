@@ -15,7 +15,7 @@ namespace {
 
 bool isSpecialItself(const NodeImpl& node)
 {
-    return node.opacity() < 1.0 || node.clipsChildren() || node.ignoresTransformations();
+    return node.opacity() < 1.0 || node.isClipping() || node.ignoresTransformations();
 }
 
 /// What a node has from itself and from its ancestors.
@@ -151,8 +151,10 @@ DisplayList::Description DisplayList::describe(const NodeImpl& node, PlacementCa
     const bool isKnown = m_reach.include(node.drawStyle().stroke(), node.strokeReach(), scale);
     const bool isFixed =
         isKnown && !inherited.ignoresTransformations && !node.geometryDependsOnScale();
-    if (!isFixed && !result.box.isNowhere())
+    if (!isFixed && !result.box.isNowhere()) {
         result.box = Box::everywhere();
+        result.flags |= Special; // to be looked at more closely at the view's scale
+    }
     return result;
 }
 

@@ -23,8 +23,8 @@ class PlacementCache;
 class DisplayList {
 public:
     enum Flag : std::uint8_t {
-        Hidden = 1,      ///< itself or by an ancestor
-        Special = 2,     ///< opacity, a clip or fixed size on screen, of its own or of an ancestor
+        Hidden = 1,  ///< itself or by an ancestor
+        Special = 2, ///< opacity, a clip, or a size that depends on the view, also from an ancestor
         Transparent = 4, ///< cannot be seen, and so cannot be hit
         Uncounted = 8,   ///< no part of the scene's bounds
         TooDeep = 16,    ///< nested beyond what is painted

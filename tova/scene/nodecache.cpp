@@ -121,7 +121,7 @@ void NodeCache::erase(Pictures::iterator picture) noexcept
 void NodeCache::noteChange(NodeImpl& node, ChangeLevel level) noexcept
 {
     // Another place or another order leaves the pixels as they are.
-    if (level == ChangeLevel::Appearance || level == ChangeLevel::Geometry)
+    if (level != ChangeLevel::Placement && level != ChangeLevel::Stacking)
         drop(node);
 }
 

@@ -111,7 +111,7 @@ void NodeWalk::useClipsOf(const NodeImpl& node)
 {
     std::vector<const NodeImpl*> clippers;
     for (const NodeImpl* at = parentWithin(node); at; at = parentWithin(*at)) {
-        if (at->clipsChildren())
+        if (at->isClipping())
             clippers.push_back(at);
     }
     const NodeImpl* const nearest = clippers.empty() ? nullptr : clippers.front();

@@ -3,6 +3,11 @@
 
 #include "tova/scene/scenechangetracker.h"
 
+#include <QMetaObject>
+
+#include <algorithm>
+#include <utility>
+
 namespace Tova2 {
 
 namespace {
@@ -24,6 +29,10 @@ void ScenePrivate::noteChange(NodeImpl& node, ChangeLevel level) noexcept
         return;
     }
     m_bounds.reset();
+    if (level == ChangeLevel::Announced) {
+        noteAnnounced(node);
+        return;
+    }
     if (level == ChangeLevel::Stacking) {
         m_displayList.markOrderStale();
         if (isWatched())
@@ -40,6 +49,38 @@ void ScenePrivate::noteChange(NodeImpl& node, ChangeLevel level) noexcept
     }
     requestRepaint(reachesSubtree ? knownBoxOfSubtree(node) : m_displayList.knownBox(node));
     requestRepaint(reachesSubtree ? computeBoxOfSubtree(node) : m_displayList.computeBox(node));
+}
+
+// Told before the change: the new bounds are taken anew at each use, until the turn of the event
+// loop is over.
+void ScenePrivate::noteAnnounced(NodeImpl& node)
+{
+    if (isWatched())
+        requestRepaint(m_displayList.knownBox(node));
+    m_displayList.markStale(node);
+    if (m_unsettled.empty())
+        QMetaObject::invokeMethod(
+            &m_nextTurn, [this] { settleAnnounced(); }, Qt::QueuedConnection);
+    if (std::find(m_unsettled.begin(), m_unsettled.end(), &node) == m_unsettled.end())
+        m_unsettled.push_back(&node);
+}
+
+void ScenePrivate::followAnnounced()
+{
+    for (NodeImpl* const node : m_unsettled) {
+        m_displayList.markStale(*node);
+        m_bounds.reset();
+    }
+}
+
+void ScenePrivate::settleAnnounced()
+{
+    followAnnounced();
+    const auto announced = std::exchange(m_unsettled, {});
+    for (NodeImpl* const node : announced) {
+        if (isWatched())
+            requestRepaint(m_displayList.computeBox(*node));
+    }
 }
 
 void ScenePrivate::noteReparenting(NodeImpl& node) noexcept

@@ -174,6 +174,7 @@ void ScenePrivate::leave(NodeImpl& node)
             nodesInScenes().decrement();
         m_displayList.strikeOut(*left);
         m_cache->drop(*left);
+        std::erase(m_unsettled, left);
         left->setSceneLink(nullptr);
     }
     m_toolkit.removeSubtree(node, subtree);
@@ -231,6 +232,7 @@ std::vector<NodeImpl*> ScenePrivate::topLevelNodes() const
 
 const DisplayList& ScenePrivate::displayList()
 {
+    followAnnounced();
     if (!m_displayList.isOrderStale()) {
         m_displayList.refresh({});
         return m_displayList;
@@ -249,6 +251,7 @@ const DisplayList& ScenePrivate::displayList()
 
 QRectF ScenePrivate::bounds()
 {
+    followAnnounced();
     if (m_bounds)
         return *m_bounds;
     const DisplayList& list = displayList();

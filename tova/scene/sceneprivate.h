@@ -105,6 +105,9 @@ private:
     Box knownBoxOfSubtree(NodeImpl& node);
     Box computeBoxOfSubtree(NodeImpl& node);
     void requestRepaint(const Box& box);
+    void noteAnnounced(NodeImpl& node);
+    void followAnnounced();
+    void settleAnnounced();
 
     ToolkitScene m_toolkit;
     DisplayList m_displayList;
@@ -115,6 +118,8 @@ private:
     SceneChangeTracker* m_tracker = nullptr;
     std::vector<const NodeImpl*> m_announced; ///< whose coming or going the tracker is being told
     std::unique_ptr<NodeCache> m_cache;
+    std::vector<NodeImpl*> m_unsettled; ///< whose new bounds are not known to be in force yet
+    QObject m_nextTurn;
     std::optional<QRectF> m_bounds;
     std::optional<PaintState> m_paint;
     double m_lowestZ = 0;

@@ -46,7 +46,7 @@ bool contains(NodeImpl& node, const QPointF& device, const QTransform& toDevice,
 bool containsInClips(NodeImpl& node, const QPointF& device, const QTransform& view)
 {
     for (NodeImpl* at = node.parentNode(); at; at = at->parentNode()) {
-        if (!at->clipsChildren())
+        if (!at->isClipping())
             continue;
         bool isInvertible = false;
         const QTransform toLocal = at->nodeToDevice(view).inverted(&isInvertible);
@@ -82,7 +82,7 @@ bool isFinite(const QPointF& point)
 Bounds clippedTo(const NodeImpl& node, Bounds area)
 {
     for (const NodeImpl* at = node.parentNode(); at; at = at->parentNode()) {
-        if (at->clipsChildren())
+        if (at->isClipping())
             area = area.intersectedWith(
                 at->outline().transformed(Vetra::fromQt(at->sceneTransform())));
     }

@@ -68,6 +68,13 @@ public:
     bool isa(const char* typeName) const;
     const char* getFullyQualifiedKobjTypeName() const;
     static const char* staticGetFullyQualifiedKobjTypeName();
+    /// The element under a handle of its kind, for what a query has found: `node.as<RectNode>()`.
+    /// Empty when the element is of another kind.
+    template <class Kind>
+    Kind as() const
+    {
+        return Kind(getValidImpl());
+    }
 
     // Hierarchy
 
@@ -159,7 +166,8 @@ public:
     static void ensureBelow(const std::vector<Node>& nodes, const Node& reference);
     void setStacksBehindParent(bool behind);
     bool isStacksBehindParent() const;
-    /// Children are painted and hit only inside this element's own shape.
+    /// Children are painted and hit only inside this element's own shape; nothing on a container,
+    /// which has none.
     void setClipsChildren(bool clips);
     bool isClipsChildren() const;
 
