@@ -1,0 +1,181 @@
+#include "host/cooperativetaskmanager.h"
+
+#include "taskslicesource.h"
+
+#include <QtGlobal>
+
+#include <algorithm>
+#include <deque>
+#include <utility>
+
+namespace Host {
+
+namespace {
+
+std::chrono::nanoseconds steadyNow()
+{
+    return std::chrono::steady_clock::now().time_since_epoch();
+}
+
+void warn(const std::string& session, std::exception_ptr error)
+{
+    try {
+        std::rethrow_exception(error);
+    } catch (const std::exception& e) {
+        qWarning("Task of session %.200s: %.4000s", session.c_str(), e.what());
+    } catch (...) {
+        qWarning("Task of session %.200s: exception of unknown type", session.c_str());
+    }
+}
+
+} // namespace
+
+CooperativeTaskManager::SliceSource::~SliceSource() = default;
+
+/// Outlives the manager while a slice runs.
+struct CooperativeTaskManager::State {
+    TaskBudget::Clock clock;
+    std::unique_ptr<SliceSource> source;
+    ErrorReporter reporter;
+    std::chrono::nanoseconds budget = kDefaultBudget;
+    std::deque<std::shared_ptr<TaskSession>> sessions; ///< the next to run in front
+    bool isRunning = false;
+
+    void dropDone()
+    {
+        std::erase_if(sessions, [](const auto& session) { return session->isDone(); });
+    }
+    void report(TaskSession& session, std::exception_ptr error, const ErrorReporter& own) noexcept;
+    void runNext(TaskBudget& slice);
+    static void requestSlice(const std::shared_ptr<State>& state);
+    static bool runSlice(const std::shared_ptr<State>& state, TaskBudget slice);
+};
+
+void CooperativeTaskManager::State::report(TaskSession& session, std::exception_ptr error,
+                                           const ErrorReporter& own) noexcept
+{
+    const ErrorReporter chosen = own ? own : reporter; // a reporter may replace itself
+    try {
+        if (chosen)
+            chosen(error);
+        else
+            warn(session.name(), error);
+    } catch (...) {
+        warn(session.name(), std::current_exception());
+    }
+}
+
+void CooperativeTaskManager::State::runNext(TaskBudget& slice)
+{
+    const auto session = sessions.front();
+    std::rotate(sessions.begin(), sessions.begin() + 1, sessions.end());
+    try {
+        session->runSlice(slice);
+    } catch (...) {
+        report(*session, std::current_exception(), session->m_reporter);
+    }
+}
+
+void CooperativeTaskManager::State::requestSlice(const std::shared_ptr<State>& state)
+{
+    if (!state->source || state->sessions.empty())
+        return;
+    state->source->request([weak = std::weak_ptr(state)] {
+        if (const auto alive = weak.lock())
+            runSlice(alive, TaskBudget(alive->clock, alive->clock() + alive->budget));
+    });
+}
+
+bool CooperativeTaskManager::State::runSlice(const std::shared_ptr<State>& state, TaskBudget slice)
+{
+    if (state->isRunning)
+        return !state->sessions.empty();
+    state->isRunning = true;
+    for (state->dropDone(); !state->sessions.empty(); state->dropDone()) {
+        state->runNext(slice);
+        if (slice.isSpentAfterLongStep())
+            break;
+    }
+    state->dropDone();
+    state->isRunning = false;
+    requestSlice(state);
+    return !state->sessions.empty();
+}
+
+CooperativeTaskManager::CooperativeTaskManager()
+    : CooperativeTaskManager(steadyNow, std::make_unique<TaskSliceSource>())
+{}
+
+CooperativeTaskManager::CooperativeTaskManager(TaskBudget::Clock clock,
+                                               std::unique_ptr<SliceSource> source)
+    : m_state(std::make_shared<State>())
+{
+    m_state->clock = clock ? std::move(clock) : TaskBudget::Clock(steadyNow);
+    m_state->source = std::move(source);
+}
+
+CooperativeTaskManager::~CooperativeTaskManager()
+{
+    const auto sessions = std::exchange(m_state->sessions, {});
+    for (const auto& session : sessions)
+        session->cancel();
+    m_state->source.reset();
+}
+
+CooperativeTaskManager& CooperativeTaskManager::instance()
+{
+    static CooperativeTaskManager manager;
+    return manager;
+}
+
+void CooperativeTaskManager::setSliceBudget(std::chrono::nanoseconds budget)
+{
+    if (budget.count() > 0)
+        m_state->budget = budget;
+}
+
+std::chrono::nanoseconds CooperativeTaskManager::sliceBudget() const noexcept
+{
+    return m_state->budget;
+}
+
+void CooperativeTaskManager::setErrorReporter(ErrorReporter reporter)
+{
+    m_state->reporter = std::move(reporter);
+}
+
+void CooperativeTaskManager::start(std::shared_ptr<TaskSession> session)
+{
+    auto& sessions = m_state->sessions;
+    if (!session || session->isDone() || std::ranges::find(sessions, session) != sessions.end())
+        return;
+    sessions.push_back(std::move(session));
+    State::requestSlice(m_state);
+}
+
+std::size_t CooperativeTaskManager::sessionCount() const noexcept
+{
+    return m_state->sessions.size();
+}
+
+bool CooperativeTaskManager::runSlice()
+{
+    return runSlice(TaskBudget(m_state->clock, m_state->clock() + m_state->budget));
+}
+
+bool CooperativeTaskManager::runSlice(TaskBudget budget)
+{
+    const auto state = m_state; // a task may destroy the manager
+    return State::runSlice(state, budget);
+}
+
+void CooperativeTaskManager::runAll()
+{
+    const auto state = m_state;
+    if (state->isRunning)
+        return;
+    while (State::runSlice(state, TaskBudget()))
+        continue;
+}
+
+} // namespace Host
