@@ -39,6 +39,7 @@
 #include "tova/nodes/shapenode.h"
 #include "tova/nodes/textalignment.h"
 #include "tova/nodes/textnode.h"
+#include "tova/nodes/weakref.h"
 
 #include "tova/scene/scene.h"
 #include "tova/scene/scenechangetracker.h"
