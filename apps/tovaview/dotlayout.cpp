@@ -57,13 +57,24 @@ bool placedBlocks(const QByteArray& messages)
            (!last.startsWith("network simplex:") || last.contains(" sec"));
 }
 
+bool isAboutPictures(const QString& warning)
+{
+    for (const char* part :
+         {"SERVER_NAME", "is unsafe", "No or improper image", "shapefile not set"}) {
+        if (warning.contains(QLatin1String(part)))
+            return true;
+    }
+    return false;
+}
+
+/// What is wrong with the text itself; a picture that may not be read is nobody's fault.
 QString errorLine(const QByteArray& messages)
 {
     QString found;
     for (const QByteArray& line : messages.split('\n')) {
-        if (line.startsWith("Error:"))
+        if (line.startsWith("Error:") && !isAboutPictures(QString::fromUtf8(line)))
             return QString::fromUtf8(line.mid(6)).trimmed();
-        if (line.startsWith("in label of") || line.contains("Assertion"))
+        if (line.contains("Assertion"))
             found = QString::fromUtf8(line).trimmed();
     }
     return found;
@@ -101,13 +112,24 @@ QStringList warnings(const QByteArray& messages)
 {
     QStringList found;
     for (const QByteArray& line : messages.split('\n')) {
-        const QString text = oneLine(QString::fromUtf8(line));
+        QString text = oneLine(QString::fromUtf8(line));
+        if (isAboutPictures(text)) // errors among them
+            text = QStringLiteral("Warning: pictures that it names are not read");
         // It is we who asked for right angles; the labels are made readable.
         if (text.startsWith(QStringLiteral("Warning:")) && !found.contains(text) &&
             !text.startsWith(QStringLiteral("Warning: Orthogonal edges")))
             found << text;
     }
     return found;
+}
+
+/// dot calls it a failure when a picture is missing, and prints all the rest.
+bool isUsable(const DotResult& result)
+{
+    const bool ended = result.ending == Ending::Finished ||
+                       (result.ending == Ending::Failed && errorLine(result.messages).isEmpty() &&
+                        isAboutPictures(QString::fromUtf8(result.messages)));
+    return ended && !result.output.trimmed().isEmpty();
 }
 
 DotResult attempt(const Attempt& way, const QByteArray& text, const DotLimits& limits,
@@ -134,7 +156,7 @@ DotLayout layOut(const QString& file, const QByteArray& text, const DotLimits& l
             throw FileError(file, 0,
                             QStringLiteral("cannot run %1 (package graphviz)").arg(program));
         refuseMalformed(file, result.messages);
-        if (result.ending == Ending::Finished && !result.output.trimmed().isEmpty()) {
+        if (isUsable(result)) {
             layout.json = result.output;
             layout.families = resolvedFamilies(result.messages);
             layout.notes += warnings(result.messages);

@@ -25,6 +25,10 @@ Outcome runViewer(const QStringList& arguments, const QString& folder = {})
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
     for (const char* name : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"})
         environment.remove(QLatin1String(name));
+    // Under a sanitizer the known leaks of the platform would be listed among the messages.
+    const QString leaks = environment.value(QStringLiteral("LSAN_OPTIONS"));
+    environment.insert(QStringLiteral("LSAN_OPTIONS"),
+                       leaks + QStringLiteral(":print_suppressions=0"));
     process.setProcessEnvironment(environment);
     if (!folder.isEmpty())
         process.setWorkingDirectory(folder);
