@@ -74,7 +74,7 @@ private:
     };
 
     /// Being watched makes a scene keep its books in another way.
-    struct View : RepaintSink {
+    struct View final : RepaintSink {
         bool isWatching = false;
         void repaintRequested(const DirtyArea&) override {}
         void toggle(Scene& scene)

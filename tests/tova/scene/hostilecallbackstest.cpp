@@ -1,0 +1,251 @@
+#include "tova/nodes/customnode.h"
+#include "tova/nodes/customnodepainter.h"
+#include "tova/nodes/rectnode.h"
+#include "tova/scene/scene.h"
+#include "tova/scene/scenechangetracker.h"
+
+#include "host/diagnosticscounter.h"
+#include "vetra/error.h"
+
+#include <gtest/gtest.h>
+
+#include <QImage>
+
+#include <array>
+#include <random>
+#include <set>
+
+namespace {
+
+using namespace Tova2;
+
+struct Thrown {};
+
+/// Scenes, nodes and handles that every callback may do anything to.
+class World : public SceneChangeTracker {
+public:
+    explicit World(unsigned seed) : m_random(seed)
+    {
+        for (auto& scene : m_scenes)
+            renew(scene);
+    }
+    ~World() override
+    {
+        m_isCalm = true;
+        for (auto& scene : m_scenes)
+            scene->endChangeTracking();
+        m_handles.clear();
+        for (auto& scene : m_scenes)
+            scene.reset();
+    }
+    void run(int steps)
+    {
+        for (int i = 0; i < steps && !testing::Test::HasFailure(); ++i) {
+            act();
+            checkWhole();
+        }
+    }
+
+    void nodeAdded(Node) override { callback(); }
+    void nodeRemoved(Node) override { callback(); }
+    void nodeChanged(Node) override { callback(); }
+
+    void callback()
+    {
+        if (m_isCalm || m_depth > 2 || !oneIn(3))
+            return;
+        if (oneIn(8))
+            throw Thrown();
+        act();
+    }
+    bool oneIn(int n) { return below(n) == 0; }
+
+private:
+    int below(int limit) { return std::uniform_int_distribution<int>(0, limit - 1)(m_random); }
+    void renew(Vetra::Holder<Scene>& scene)
+    {
+        scene = Scene::createScene();
+        scene->beginChangeTracking(this);
+    }
+    void act()
+    {
+        ++m_depth;
+        try {
+            call();
+        } catch (const Thrown&) {
+        } catch (const Vetra::Error&) { // illegal parents
+        }
+        --m_depth;
+    }
+    Node make();
+    void call();
+    void callOn(Node& node, Vetra::Holder<Scene>& scene);
+    void query(Scene& scene);
+    void checkWhole();
+
+    std::mt19937 m_random;
+    std::array<Vetra::Holder<Scene>, 2> m_scenes;
+    std::vector<Node> m_handles;
+    int m_depth = 0;
+    bool m_isCalm = false;
+};
+
+struct HostileTester : CustomHitTestFunctor {
+    explicit HostileTester(World& world) : m_world(world) {}
+    bool contains(const Node&, double, const Vetra::GLPoint<double>&) const override
+    {
+        m_world.callback();
+        return m_world.oneIn(2);
+    }
+    bool intersects(const Node&, double, const Vetra::GLRect<double>&) const override
+    {
+        m_world.callback();
+        return m_world.oneIn(2);
+    }
+    bool intersects(const Node&, double, const Bounds&) const override
+    {
+        m_world.callback();
+        return m_world.oneIn(2);
+    }
+    Bounds hitTestBounds(const Node&, double) const override { return {}; }
+    World& m_world;
+};
+
+struct HostilePainter : CustomNodePainter {
+    explicit HostilePainter(World& world) : m_world(world) {}
+    Vetra::GLRect<double> getBoundingRect(double) const override { return {0, 0, 30, 30}; }
+    void paint(QPainter*, double, const Vetra::GLRect<double>&, const PaintOptions&) override
+    {
+        m_world.callback();
+    }
+    World& m_world;
+};
+
+Node World::make()
+{
+    if (oneIn(3)) {
+        CustomNode node;
+        node.setPainter(new HostilePainter(*this));
+        return node;
+    }
+    RectNode node({0, 0, 10.0 + below(20), 10});
+    if (oneIn(3))
+        node.setCustomHitTestFunctor(new HostileTester(*this));
+    return node;
+}
+
+void World::call()
+{
+    auto& scene = m_scenes[static_cast<std::size_t>(below(2))];
+    if (m_handles.empty() || (m_handles.size() < 10 && oneIn(4))) {
+        m_handles.push_back(make());
+        return;
+    }
+    // By reference: a handle may go away in the middle of a call on it.
+    Node& node = m_handles[static_cast<std::size_t>(below(static_cast<int>(m_handles.size())))];
+    switch (below(16)) {
+    case 0:
+        return scene->destroy();
+    case 1:
+        return oneIn(3) ? renew(scene) : void();
+    case 2:
+    case 3:
+    case 4:
+        return query(*scene);
+    default:
+        return callOn(node, scene);
+    }
+}
+
+void World::callOn(Node& node, Vetra::Holder<Scene>& scene)
+{
+    const auto& other =
+        m_handles[static_cast<std::size_t>(below(static_cast<int>(m_handles.size())))];
+    switch (below(16)) {
+    case 0:
+    case 1:
+        return void(scene->addNode(node));
+    case 2:
+        return void(scene->removeNode(node));
+    case 3:
+    case 4:
+        return node.setParent(other);
+    case 5:
+        return node.unparent();
+    case 6:
+        return node.setVisible(oneIn(2));
+    case 7:
+        return node.placeAbove(other);
+    case 8:
+        return Node::placeBelow({node, other, m_handles.front()}, m_handles.back());
+    case 9:
+        return node.setPosition({below(30) * 1.0, below(30) * 1.0});
+    case 10:
+        return node.setStrokeColor(Vetra::Color::fromPacked(0xff000000u | below(9999)));
+    case 11:
+        return node.removeAndRelease();
+    case 12:
+        return node.setCustomHitTestFunctor(nullptr);
+    case 13:
+        return other.isValid() ? void(other.getParent()) : void();
+    case 14: {
+        const Node dropped = node; // out of the list before it may die
+        std::erase(m_handles, dropped);
+        return;
+    }
+    default:
+        node.release();
+        std::erase(m_handles, Node());
+    }
+}
+
+void World::query(Scene& scene)
+{
+    QImage image(60, 60, QImage::Format_RGB32);
+    switch (below(6)) {
+    case 0:
+        return void(scene.getNodesAtScenePos({5, 5}));
+    case 1:
+        return void(scene.getNodeAt({5, 5}));
+    case 2:
+        return void(scene.getNodesIntersectingRect({0, 0, 5, 50}));
+    case 3:
+        return void(scene.getNodesIntersectingCircle({15, 5}, 9));
+    case 4:
+        return scene.render(image, {}, {0, 0, 60, 60});
+    default:
+        return void(scene.render());
+    }
+}
+
+void World::checkWhole()
+{
+    for (const auto& scene : m_scenes) {
+        const auto all = scene->getAllNodes();
+        std::set<std::size_t> seen;
+        ASSERT_EQ(all.size(), scene->getAllNodesCount());
+        for (const Node& node : all) {
+            ASSERT_TRUE(seen.insert(node.hashValue()).second) << "twice in the scene";
+            ASSERT_EQ(node.getScene(), scene.get());
+            const Node parent = node.getParent();
+            ASSERT_TRUE(!parent.isValid() || parent.getScene() == scene.get());
+        }
+    }
+}
+
+std::int64_t instances()
+{
+    return Host::DiagnosticsCounter::counter("Node:Node raw instance count").value();
+}
+
+TEST(HostileCallbacksTest, AnyCallFromAnyCallbackLeavesScenesWhole)
+{
+    const auto before = instances();
+    for (unsigned seed = 1; seed <= 3000 && !HasFailure(); ++seed) {
+        SCOPED_TRACE("seed " + std::to_string(seed));
+        World(seed).run(120);
+        ASSERT_EQ(instances(), before);
+    }
+}
+
+} // namespace
