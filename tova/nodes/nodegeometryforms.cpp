@@ -7,6 +7,7 @@
 #include "vetra/qt.h"
 
 #include <cmath>
+#include <limits>
 #include <numbers>
 
 namespace Tova2 {
@@ -138,7 +139,10 @@ bool Node::doesIgnoreTransformations() const
 
 double Node::getContentsScaleInScene() const
 {
-    return std::sqrt(std::abs(getValidImpl()->sceneTransform().determinant()));
+    const double determinant = getValidImpl()->sceneTransform().determinant();
+    // Out of the range of numbers, as a finite transform may be.
+    return std::isfinite(determinant) ? std::sqrt(std::abs(determinant))
+                                      : std::sqrt(std::numeric_limits<double>::max());
 }
 
 Vetra::GLRect<double> Node::getBoundingRect() const

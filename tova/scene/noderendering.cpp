@@ -1,4 +1,5 @@
 #include "nodes/nodeimpl.h"
+#include "nodes/values.h"
 #include "scene/box.h"
 #include "scene/renderpipeline.h"
 #include "scene/stackingorder.h"
@@ -52,18 +53,21 @@ Vetra::Pixmap Node::renderToPixmap(CacheType type, double scale,
         QRectF(reach.topLeft() * scale, reach.size() * scale).adjusted(-1, -1, 1, 1);
     const QRectF whole(QPointF(std::floor(inPixels.left()), std::floor(inPixels.top())),
                        QPointF(std::ceil(inPixels.right()), std::ceil(inPixels.bottom())));
-    if (reach.isEmpty() || !isRenderable(whole.size()))
+    // Not by dividing the size: the toolkit asserts that a divisor is not tiny.
+    const QRectF exposed(whole.x() / scale, whole.y() / scale, whole.width() / scale,
+                         whole.height() / scale);
+    if (reach.isEmpty() || !isRenderable(whole.size()) || !isFinite(exposed))
         return {};
     QImage image(whole.size().toSize(), QImage::Format_ARGB32_Premultiplied);
     if (image.isNull())
         return {};
     image.fill(Qt::transparent);
-    offset = {whole.left() / scale, whole.top() / scale};
+    offset = Vetra::fromQt(exposed.topLeft());
     QPainter painter(&image);
     RenderRequest request;
     request.view = QTransform::fromScale(scale, scale) *
                    QTransform::fromTranslate(-whole.left(), -whole.top());
-    request.exposed = QRectF(whole.topLeft() / scale, whole.size() / scale);
+    request.exposed = exposed;
     request.isOffScreen = true;
     request.isPixelDevice = type != CacheType::NoCache;
     renderSubtree(*root, painter, request);

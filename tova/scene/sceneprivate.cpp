@@ -2,6 +2,7 @@
 
 #include "nodes/deferrederror.h"
 #include "nodes/destruction.h"
+#include "nodes/values.h"
 #include "scene/nodecache.h"
 
 #include "host/diagnosticscounter.h"
@@ -259,11 +260,14 @@ QRectF ScenePrivate::bounds()
     for (std::size_t slot = 0; slot < list.size(); ++slot) {
         if (list.flags(slot) & (DisplayList::Hidden | DisplayList::Uncounted))
             continue;
-        const Box& box = list.box(slot);
         const NodeImpl& node = *list.node(slot);
-        all.unite(std::isfinite(box.left) ? box : boxAtUnitScale(node, node.nodeToDevice({})));
+        Box box = list.box(slot);
+        if (!std::isfinite(box.left))
+            box = boxAtUnitScale(node, node.nodeToDevice({}));
+        if (isFinite(box.rect())) // huge transforms of huge rectangles overflow
+            all.unite(box);
     }
-    m_bounds = all.isNowhere() ? QRectF() : all.rect();
+    m_bounds = all.isNowhere() || !isFinite(all.rect()) ? QRectF() : all.rect();
     return *m_bounds;
 }
 
