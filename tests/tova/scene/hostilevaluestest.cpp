@@ -20,6 +20,11 @@ struct ValueUse {
     std::function<void(RectNode&, Scene&, double)> use;
 };
 
+void PrintTo(const ValueUse& row, std::ostream* out)
+{
+    *out << row.name;
+}
+
 const ValueUse uses[] = {
     {"PositionX", [](RectNode& n, Scene&, double v) { n.setPosition({v, 1}); }},
     {"PositionY", [](RectNode& n, Scene&, double v) { n.setPosition({1, v}); }},

@@ -155,6 +155,11 @@ struct RenderCase {
     Vetra::Size<int> size; ///< 0 where the image is to be null
 };
 
+void PrintTo(const RenderCase& row, std::ostream* out)
+{
+    *out << row.name;
+}
+
 class SceneRenderTest : public SceneTest, public testing::WithParamInterface<RenderCase> {};
 
 TEST_P(SceneRenderTest, SizesTheImage)
