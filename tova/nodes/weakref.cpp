@@ -7,6 +7,12 @@
 
 namespace Tova2 {
 
+namespace {
+
+std::uint64_t deaths = 0;
+
+} // namespace
+
 WeakRef::WeakRef(const Node& node)
 {
     if (node.isValid())
@@ -46,8 +52,15 @@ std::size_t WeakRef::hashValue() const noexcept
 
 void WeakRef::expire() noexcept
 {
-    if (m_anchor)
-        m_anchor->m_impl = nullptr;
+    if (!m_anchor)
+        return;
+    m_anchor->m_impl = nullptr;
+    ++deaths;
+}
+
+std::uint64_t WeakRef::deathCount() noexcept
+{
+    return deaths;
 }
 
 } // namespace Tova2

@@ -4,6 +4,7 @@
 #include "vetra/referenced.h"
 
 #include <cstddef>
+#include <cstdint>
 #include <functional>
 
 namespace Tova2 {
@@ -27,6 +28,9 @@ public:
     /// Null once the element is dead.
     NodeImpl* getImpl() const noexcept;
     std::size_t hashValue() const noexcept;
+    /// How many elements have died that references were made to: while it stays the same, those
+    /// that were alive still are.
+    static std::uint64_t deathCount() noexcept;
 
     bool operator==(const WeakRef&) const noexcept = default;
     friend std::size_t hash_value(const WeakRef& ref) noexcept { return ref.hashValue(); }

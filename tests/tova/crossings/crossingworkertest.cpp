@@ -1,0 +1,316 @@
+#include "crossings/crossingmodel.h"
+
+#include "nodes/crossings/crossingstate.h"
+#include "nodes/crossings/pathintersectionsworker.h"
+
+#include "vetra/error.h"
+
+#include <gmock/gmock.h>
+
+#include <random>
+#include <sstream>
+
+namespace Tova2 {
+
+namespace {
+
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::IsEmpty;
+using testing::SizeIs;
+
+class CrossingWorkerTest : public testing::Test {
+protected:
+    using Points = CrossingModel::Points;
+
+    WeakRef add(Points points, double z = 0, double parentZ = 0)
+    {
+        const std::size_t i = m_model.add(std::move(points), z, parentZ);
+        m_worker->nodeUpdated(m_model.path(i).ref);
+        return m_model.path(i).ref;
+    }
+    void runAll() { m_manager.runAll(); }
+    void compareWithModel(const std::string& what)
+    {
+        for (std::size_t i = 0; i < m_model.size(); ++i) {
+            if (m_model.path(i).ref.isValid()) {
+                ASSERT_EQ(m_published.of(m_model.path(i).ref), m_model.crossingsOf(i))
+                    << what << ", path " << i;
+            }
+        }
+    }
+
+    CrossingModel m_model;
+    PublishedCrossings m_published;
+    Host::CooperativeTaskManager m_manager{[] { return std::chrono::nanoseconds(0); }};
+    std::unique_ptr<PathIntersectionsWorker> m_worker =
+        std::make_unique<PathIntersectionsWorker>(m_model, m_published, m_manager);
+};
+
+TEST_F(CrossingWorkerTest, ACrossingHasARecordOnEachPath)
+{
+    const WeakRef across = add({{0, 10}, {50, 10}});
+    const WeakRef down = add({{20, 100}, {20, -3}}, 1);
+    runAll();
+    const PathIntersection first{20, 10, 0, across, {13, 20, 90, 30}};
+    const PathIntersection second{20, 10, 1, down, {13, 20, 90, 30}};
+    EXPECT_THAT(m_published.of(down), ElementsAre(first));
+    EXPECT_THAT(m_published.of(across), ElementsAre(second));
+    EXPECT_EQ(m_worker->crossingCount(), 1u);
+    EXPECT_TRUE(m_worker->allFound());
+}
+
+struct PrecedenceCase {
+    const char* name;
+    double parentZ, z;
+    bool isLaterPiece;
+    std::uint32_t roleOfOther; ///< of the path it is compared with: z 5 in a container of z 5
+};
+std::string caseName(const testing::TestParamInfo<PrecedenceCase>& info)
+{
+    return info.param.name;
+}
+class PrecedenceTest : public CrossingWorkerTest,
+                       public testing::WithParamInterface<PrecedenceCase> {};
+
+TEST_P(PrecedenceTest, DecidesTheRole)
+{
+    const auto& [name, parentZ, z, isLaterPiece, roleOfOther] = GetParam();
+    const WeakRef other = add({{-9, 0}, {-8, 1}, {-8, 5}, {50, 5}}, 5, 5);
+    Points points{{20, 0}, {20, 10}};
+    if (isLaterPiece)
+        points.insert(points.begin(), 4, {90, 90});
+    add(points, z, parentZ);
+    runAll();
+    ASSERT_THAT(m_published.of(other), SizeIs(1));
+    EXPECT_EQ(m_published.of(other)[0].role, roleOfOther);
+}
+INSTANTIATE_TEST_SUITE_P(Crossings, PrecedenceTest,
+                         testing::Values(PrecedenceCase{"ContainerBeforeAll", 6, 0, false, 1},
+                                         PrecedenceCase{"LowerContainer", 4, 9, true, 0},
+                                         PrecedenceCase{"ThenZ", 5, 6, false, 1},
+                                         PrecedenceCase{"LowerZ", 5, 4, true, 0},
+                                         PrecedenceCase{"ThenThePlaceInThePath", 5, 5, true, 1},
+                                         PrecedenceCase{"EarlierPlace", 5, 5, false, 0}),
+                         caseName);
+
+struct NoCrossingCase {
+    const char* name;
+    CrossingModel::Points points; ///< beside a horizontal from (0, 10) to (50, 10)
+};
+std::string noCrossingName(const testing::TestParamInfo<NoCrossingCase>& info)
+{
+    return info.param.name;
+}
+class NoCrossingTest : public CrossingWorkerTest,
+                       public testing::WithParamInterface<NoCrossingCase> {};
+
+TEST_P(NoCrossingTest, NothingIsFound)
+{
+    const WeakRef row = add({{0, 10}, {50, 10}});
+    add(GetParam().points);
+    runAll();
+    EXPECT_THAT(m_published.of(row), IsEmpty());
+    EXPECT_TRUE(m_worker->allFound());
+}
+constexpr double kNan = std::numeric_limits<double>::quiet_NaN();
+constexpr double kInf = std::numeric_limits<double>::infinity();
+INSTANTIATE_TEST_SUITE_P(Crossings, NoCrossingTest,
+                         testing::Values(NoCrossingCase{"AtItsLeftEnd", {{0, 0}, {0, 20}}},
+                                         NoCrossingCase{"AtItsRightEnd", {{50, 0}, {50, 20}}},
+                                         NoCrossingCase{"EndsOnIt", {{20, 0}, {20, 10}}},
+                                         NoCrossingCase{"StartsOnIt", {{20, 10}, {20, 30}}},
+                                         NoCrossingCase{"Slanted", {{20, 0}, {21, 20}}},
+                                         NoCrossingCase{"ZeroLength", {{20, 10}, {20, 10}}},
+                                         NoCrossingCase{"Collinear", {{-9, 10}, {20, 10}}},
+                                         NoCrossingCase{"NotANumber", {{20, kNan}, {20, 20}}},
+                                         NoCrossingCase{"Endless", {{20, -kInf}, {20, kInf}}},
+                                         NoCrossingCase{"OnePoint", {{20, 10}}},
+                                         NoCrossingCase{"NoPoint", {}}),
+                         noCrossingName);
+
+TEST_F(CrossingWorkerTest, APathThatCrossesItselfHasBothRecords)
+{
+    const WeakRef knot = add({{0, 10}, {50, 10}, {50, 40}, {20, 40}, {20, 0}});
+    runAll();
+    const std::array<double, 4> clearance{10, 20, 30, 30};
+    EXPECT_THAT(m_published.of(knot), ElementsAre(PathIntersection{20, 10, 0, knot, clearance},
+                                                  PathIntersection{20, 10, 1, knot, clearance}));
+}
+
+TEST_F(CrossingWorkerTest, ChangedPiecesKeepTheirPlaceInTheOrder)
+{
+    const WeakRef column = add({{20, 0}, {20, 100}});
+    const WeakRef low = add({{0, 30}, {50, 30}}), high = add({{0, 10}, {50, 10}});
+    runAll();
+    m_worker->nodeUpdated(low);
+    runAll();
+    ASSERT_THAT(m_published.of(column), SizeIs(2));
+    EXPECT_EQ(m_published.of(column)[0].other, low);
+    EXPECT_EQ(m_published.of(column)[1].other, high);
+}
+
+TEST_F(CrossingWorkerTest, AnEditTouchesOnlyThoseItConcerns)
+{
+    for (int i = 0; i < 50; ++i)
+        add({{0, 10.0 * i + 5}, {1000, 10.0 * i + 5}});
+    const WeakRef column = add({{20, 0}, {20, 20}});
+    runAll();
+    EXPECT_THAT(m_published.of(column), SizeIs(2));
+    m_model.path(50).path.points = {{20, 10}, {20, 30}}; // leaves one, keeps one, gains one
+    m_worker->nodeUpdated(column);
+    EXPECT_FALSE(m_worker->allFound());
+    runAll();
+    EXPECT_EQ(m_published.lastSize, 4u);
+    compareWithModel("moved");
+}
+
+// Whatever happens to a path between the slices of a pass, the pass does not report it.
+struct MidPassCase {
+    const char* name;
+    void (*act)(CrossingModel& model, PathIntersectionsWorker& worker);
+};
+std::string midPassName(const testing::TestParamInfo<MidPassCase>& info)
+{
+    return info.param.name;
+}
+class MidPassTest : public CrossingWorkerTest, public testing::WithParamInterface<MidPassCase> {};
+
+TEST_P(MidPassTest, AtNoMomentIsItReported)
+{
+    for (int moment = 0; moment < 80; ++moment) {
+        CrossingModel model;
+        PublishedCrossings published;
+        PathIntersectionsWorker worker(model, published, m_manager);
+        for (int i = 0; i < 6; ++i) {
+            worker.nodeUpdated(model.path(model.add({{0, 10.0 * i}, {90, 10.0 * i}})).ref);
+            worker.nodeUpdated(model.path(model.add({{10.0 * i, -5}, {10.0 * i, 99}})).ref);
+        }
+        for (int i = 0; i < moment; ++i)
+            m_manager.runSlice(Host::TaskBudget::steps(1));
+        const bool wasPublished = published.updateCount > 0;
+        const WeakRef ref = model.path(3).ref;
+        published.onFound = [&] {
+            for (std::size_t i = 0; !wasPublished && i < model.size(); ++i) {
+                for (const auto& one : published.of(model.path(i).ref))
+                    EXPECT_NE(one.other, ref) << moment;
+            }
+        };
+        GetParam().act(model, worker);
+        m_manager.runAll();
+        for (std::size_t i = 0; i < model.size(); ++i) {
+            if (i != 3) {
+                EXPECT_EQ(published.of(model.path(i).ref), model.crossingsOf(i)) << moment;
+            }
+        }
+    }
+}
+INSTANTIATE_TEST_SUITE_P(
+    Crossings, MidPassTest,
+    testing::Values(MidPassCase{"Removed",
+                                [](CrossingModel& model, PathIntersectionsWorker& worker) {
+                                    model.takeOut(3);
+                                    worker.nodeRemoved(model.path(3).ref);
+                                }},
+                    MidPassCase{"Hidden",
+                                [](CrossingModel& model, PathIntersectionsWorker& worker) {
+                                    model.path(3).isVisible = false;
+                                    worker.nodeUpdated(model.path(3).ref);
+                                }},
+                    MidPassCase{"DeadAndRemoved",
+                                [](CrossingModel& model, PathIntersectionsWorker& worker) {
+                                    model.kill(3);
+                                    worker.nodeRemoved(model.path(3).ref);
+                                }},
+                    MidPassCase{"DeadWithoutNotice",
+                                [](CrossingModel& model, PathIntersectionsWorker& worker) {
+                                    model.kill(3);
+                                    worker.nodeUpdated(model.path(0).ref);
+                                }}),
+    midPassName);
+
+TEST_F(CrossingWorkerTest, TheWorkerMayDieOrForgetAtAnyMoment)
+{
+    for (int moment = 0; moment < 60; ++moment) {
+        for (int i = 0; i < 5; ++i) {
+            add({{0, 10.0 * i}, {90, 10.0 * i}});
+            add({{10.0 * i, -5}, {10.0 * i, 99}});
+        }
+        for (int i = 0; i < moment; ++i)
+            m_manager.runSlice(Host::TaskBudget::steps(1));
+        const int updates = m_published.updateCount;
+        if (moment % 2)
+            m_worker = std::make_unique<PathIntersectionsWorker>(m_model, m_published, m_manager);
+        else
+            m_worker->clear();
+        runAll();
+        EXPECT_EQ(m_published.updateCount, updates);
+    }
+}
+
+TEST_F(CrossingWorkerTest, ItMayDieWhileItPublishes)
+{
+    add({{0, 10}, {90, 10}});
+    add({{10, 0}, {10, 99}});
+    m_published.onFound = [this] { m_worker.reset(); };
+    runAll();
+    EXPECT_EQ(m_published.updateCount, 1);
+}
+
+TEST_F(CrossingWorkerTest, WhatAnUpdateCausesIsFoundByTheNextPass)
+{
+    const WeakRef row = add({{0, 10}, {90, 10}});
+    m_published.onFound = [&] {
+        if (m_model.size() < 4)
+            add({{10.0 * m_model.size(), 0}, {10.0 * m_model.size(), 99}});
+    };
+    runAll();
+    EXPECT_THAT(m_published.of(row), SizeIs(3));
+}
+
+TEST_F(CrossingWorkerTest, ATableThatWouldBeTooLongEndsThePassWithAnError)
+{
+    std::string error;
+    m_manager.setErrorReporter([&](std::exception_ptr raised) {
+        try {
+            std::rethrow_exception(raised);
+        } catch (const Vetra::Error& e) {
+            error = e.key();
+        }
+    });
+    m_worker->state().tableLimit = 20;
+    for (int i = 0; i < 8; ++i)
+        add({{0, 10.0 * i}, {90, 10.0 * i}});
+    const WeakRef column = add({{10, -9}, {10, 5}});
+    runAll();
+    EXPECT_EQ(error, "");
+    for (int i = 0; i < 3; ++i) {
+        add({{20.0 + i, -9}, {20.0 + i, 95}});
+        runAll();
+    }
+    EXPECT_EQ(error, "list<T> too long");
+    EXPECT_FALSE(m_worker->allFound());
+    m_worker->state().tableLimit = 1000; // and what was accepted is not lost
+    m_worker->nodeUpdated(column);
+    runAll();
+    compareWithModel("after the error");
+}
+
+TEST_F(CrossingWorkerTest, TheDumpsListTheTables)
+{
+    add({{0, 10}, {90, 10}, {90, 99}}, 4);
+    runAll();
+    std::ostringstream levels, tables;
+    m_worker->dumpChangeLevels(levels);
+    m_worker->dumpTables(tables);
+    EXPECT_THAT(levels.str(), testing::StartsWith("--------------------\nNODE CHANGE LEVELS 1 / "));
+    EXPECT_THAT(levels.str(), HasSubstr("\n    Tova2.RectNode "));
+    EXPECT_THAT(levels.str(), testing::EndsWith(" -> 1\n--------------------\n"));
+    EXPECT_THAT(tables.str(), HasSubstr("VERTICALS 1\n    90 -> (90, 10) - (90, 99) z 0 / 4"));
+    EXPECT_THAT(tables.str(), HasSubstr("START EVENTS 1\n    0 -> "));
+    EXPECT_THAT(tables.str(), HasSubstr("END EVENTS 1\n    90 -> "));
+}
+
+} // namespace
+
+} // namespace Tova2

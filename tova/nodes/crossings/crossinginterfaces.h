@@ -1,0 +1,43 @@
+#pragma once
+
+#include "tova/nodes/crossings/pathintersection.h"
+#include "vetra/glpoint.h"
+
+#include <vector>
+
+namespace Tova2 {
+
+/// One path as it takes part in crossings.
+struct CrossingPath {
+    std::vector<Vetra::GLPoint<double>> points; ///< scene coordinates
+    double parentZ = 0;                         ///< of the container it is in, else 0
+    double z = 0;
+};
+
+/// Where the worker gets its paths from.
+class CrossingSource {
+public:
+    virtual ~CrossingSource() = default;
+    /// Fills `path`, which is reused from call to call. False for a node that takes no part now: a
+    /// hidden one, or one that is no path.
+    virtual bool describe(const WeakRef& node, CrossingPath& path) = 0;
+};
+
+/// New records of every node that is listed; those of others are as they were.
+struct PathIntersectionsUpdate {
+    struct Item {
+        WeakRef node;
+        std::vector<PathIntersection> crossings; ///< empty when it has none any more
+    };
+    std::vector<Item> items; ///< each node once
+};
+
+/// Where the worker's results go.
+class CrossingResults {
+public:
+    virtual ~CrossingResults() = default;
+    /// May call back into the worker, or destroy it.
+    virtual void crossingsFound(PathIntersectionsUpdate&& update) = 0;
+};
+
+} // namespace Tova2

@@ -1,0 +1,87 @@
+#include "nodes/crossings/pathintersectionsworker.h"
+
+#include "nodes/crossings/accepttasks.h"
+#include "nodes/crossings/crossingstate.h"
+#include "nodes/crossings/linesweeptask.h"
+#include "nodes/crossings/prunetask.h"
+#include "nodes/crossings/publishtask.h"
+
+namespace Tova2 {
+
+void addPass(Host::OrderedTaskSession& session, const PathXWorkerTask::StatePtr& state,
+             const std::weak_ptr<Host::OrderedTaskSession>& self, int round)
+{
+    session.add(std::make_shared<AcceptRemovedNodesTask>(state));
+    session.add(std::make_shared<AcceptUpdatedNodesTask>(state));
+    session.add(std::make_shared<LineSweepTask>(state));
+    session.add(std::make_shared<PruneTask>(state));
+    session.add(std::make_shared<PublishTask>(state, self, round));
+}
+
+PathIntersectionsWorker::PathIntersectionsWorker(CrossingSource& source, CrossingResults& results,
+                                                 Host::CooperativeTaskManager& manager)
+    : m_source(source), m_results(results), m_manager(manager)
+{
+    clear();
+}
+
+PathIntersectionsWorker::~PathIntersectionsWorker()
+{
+    abandon();
+}
+
+void PathIntersectionsWorker::abandon()
+{
+    if (m_state)
+        m_state->source = nullptr;
+    if (m_session)
+        m_session->cancel();
+}
+
+void PathIntersectionsWorker::clear()
+{
+    abandon();
+    m_session.reset();
+    m_state = std::make_shared<State>();
+    m_state->source = &m_source;
+    m_state->results = &m_results;
+    m_state->deathsSeen = WeakRef::deathCount();
+}
+
+void PathIntersectionsWorker::nodeUpdated(const WeakRef& node)
+{
+    if (!node.isValid())
+        return nodeRemoved(node);
+    m_state->queueUpdate(node);
+    start();
+}
+
+void PathIntersectionsWorker::nodeRemoved(const WeakRef& node)
+{
+    const auto found = m_state->slots.find(node);
+    if (found == m_state->slots.end())
+        return;
+    m_state->queueRemoval(found->second);
+    start();
+}
+
+void PathIntersectionsWorker::start()
+{
+    if (m_session && !m_session->isDone())
+        return;
+    m_session = std::make_shared<Host::OrderedTaskSession>("PathX");
+    addPass(*m_session, m_state, m_session, 0);
+    m_manager.start(m_session);
+}
+
+bool PathIntersectionsWorker::allFound() const
+{
+    return m_state->isIdle();
+}
+
+std::size_t PathIntersectionsWorker::crossingCount() const
+{
+    return m_state->publishedCount;
+}
+
+} // namespace Tova2
