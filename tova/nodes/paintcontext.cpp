@@ -15,7 +15,12 @@
 namespace Tova2 {
 
 PaintContext::PaintContext(QPainter& painter, const QTransform& view, const PaintOptions& options)
-    : m_painter(painter), m_view(view), m_options(options)
+    : m_painter(painter)
+    , m_view(view)
+    , m_options(options)
+    , m_pixelRatio(painter.device()->devicePixelRatioF())
+    , m_isUniformView(view.m12() == 0 && view.m21() == 0 &&
+                      std::abs(view.m11()) == std::abs(view.m22()))
 {}
 
 void PaintContext::enter(const QPointF& sceneOffset)
@@ -34,6 +39,14 @@ void PaintContext::enter(const QTransform& nodeToDevice)
         m_coordinates = Coordinates::Unknown;
 }
 
+void PaintContext::enterLike(const PaintContext& other)
+{
+    if (other.m_isMovedOnly)
+        enter(other.m_offset);
+    else
+        enter(other.m_nodeToDevice * other.m_view.inverted() * m_view);
+}
+
 void PaintContext::setOpacity(double opacity)
 {
     if (opacity == m_opacity)
@@ -50,7 +63,7 @@ void PaintContext::setStyle(const DrawStyle& style)
         m_arePenAndBrushSet = m_isFrameSet = false;
         m_penWidth = m_stroke.logicalWidth() == 0
                          ? 1.0
-                         : m_stroke.width(m_options.viewScale) * m_options.viewScale;
+                         : m_stroke.width(m_options.viewScale) * m_options.viewScale * m_pixelRatio;
     }
     if (!m_isStyleKnown || style.fill() != m_fill) {
         m_fill = style.fill();
@@ -92,6 +105,11 @@ QTransform PaintContext::nodeToDevice() const
                          : m_nodeToDevice;
 }
 
+QTransform PaintContext::nodeToPixels() const
+{
+    return nodeToDevice() * QTransform::fromScale(m_pixelRatio, m_pixelRatio);
+}
+
 QPainter& PaintContext::localPainter()
 {
     if (m_coordinates != Coordinates::Node) {
@@ -128,7 +146,7 @@ bool PaintContext::drawsShifted() const
 // between two.
 QPointF PaintContext::aligned(const QPointF& point) const
 {
-    const QTransform toDevice = nodeToDevice();
+    const QTransform toDevice = nodeToPixels();
     if (toDevice.type() > QTransform::TxScale || toDevice.m11() == 0 || toDevice.m22() == 0)
         return point;
     const bool isOdd = !m_stroke.isNoStroke() && std::llround(std::max(m_penWidth, 1.0)) % 2 == 1;
@@ -148,7 +166,9 @@ QRectF PaintContext::aligned(const QRectF& rect) const
 void PaintContext::drawDeviceImage(const QPoint& corner, const QImage& image)
 {
     m_painter.setWorldTransform(QTransform());
-    m_painter.drawImage(corner, image);
+    m_painter.setOpacity(1);
+    m_painter.drawImage(QPointF(corner) / m_pixelRatio, image);
+    m_painter.setOpacity(m_opacity);
     m_coordinates = Coordinates::Unknown;
 }
 
@@ -165,10 +185,22 @@ void PaintContext::drawRect(const QRectF& rect)
 
 bool PaintContext::canFillFrame() const
 {
-    return m_fillsStrokes && m_isAntialiased && m_stroke.logicalWidth() > 0 &&
+    // The toolkit draws lines of a pixel and less by a quicker rule of its own, which all others of
+    // that width follow too; only where they are to be crisp is the exact area better.
+    const bool isWide = m_penWidth > 1 || m_isPixelAligned;
+    return m_fillsStrokes && m_isAntialiased && isWide &&
+           (m_stroke.logicalWidth() > 0 || m_isUniformView) &&
            m_stroke.style() == StrokeStyle::SolidLine &&
            (m_stroke.joinStyle() == StrokeJoinStyle::MiterJoin ||
             m_stroke.joinStyle() == StrokeJoinStyle::SvgMiterJoin);
+}
+
+// A cosmetic line is a pixel of the device's own wide, which is less than a unit on a dense screen.
+double PaintContext::frameWidth() const
+{
+    const double width = m_stroke.width(m_options.viewScale);
+    return m_stroke.logicalWidth() > 0 ? std::min(width, Limits::penWidth / m_options.viewScale)
+                                       : width / m_pixelRatio;
 }
 
 void PaintContext::fillFrame(const QRectF& rect)
@@ -182,8 +214,7 @@ void PaintContext::fillFrame(const QRectF& rect)
         m_isFrameSet = true;
         m_arePenAndBrushSet = false;
     }
-    const double half = std::min(m_stroke.width(m_options.viewScale) / 2,
-                                 Limits::penWidth / m_options.viewScale / 2);
+    const double half = frameWidth() / 2;
     const QRectF out = rect.adjusted(-half, -half, half, half);
     const QRectF in = rect.adjusted(half, half, -half, -half);
     if (!(in.width() > 0 && in.height() > 0)) {

@@ -36,7 +36,10 @@ public:
 
     void enter(const QPointF& sceneOffset);
     void enter(const QTransform& nodeToDevice);
+    /// The node that `other` is in, under this context's own view.
+    void enterLike(const PaintContext& other);
     void setOpacity(double opacity);
+    double opacity() const { return m_opacity; }
     void setStyle(const DrawStyle& style);
 
     void drawRect(const QRectF& rect);
@@ -45,7 +48,7 @@ public:
     void drawLine(const QLineF& line);
     void drawPath(const QPainterPath& path);
 
-    /// Pixel by pixel; `corner` is in device pixels.
+    /// Pixel by pixel; `corner` is in the device's own pixels.
     void drawDeviceImage(const QPoint& corner, const QImage& image);
 
     /// In the node's coordinates, with the look of the last `setStyle` if it was called for this
@@ -55,12 +58,16 @@ public:
 
     /// Local to device, as the painter's transform is while the node draws.
     QTransform nodeToDevice() const;
+    /// Local to the device's own pixels, of which a unit of `nodeToDevice` may have several.
+    QTransform nodeToPixels() const;
+    double pixelRatio() const { return m_pixelRatio; }
 
 private:
     void setAntialiased(bool on);
     void setPenAndBrush();
     bool drawsShifted() const;
     bool canFillFrame() const;
+    double frameWidth() const;
     void fillFrame(const QRectF& rect);
     void useView();
     QPainter& viewPainter();
@@ -78,6 +85,8 @@ private:
     enum class Coordinates { Unknown, View, Node } m_coordinates = Coordinates::Unknown;
     Stroke m_stroke{StrokeStyle::SolidLine};
     Fill m_fill;
+    double m_pixelRatio;
+    bool m_isUniformView; ///< as long in all directions, and level
     double m_opacity = -1;
     double m_penWidth = 0; ///< in device pixels
     bool m_isStyleKnown = false;

@@ -18,8 +18,16 @@ struct NodeCache::Picture {
     const NodeImpl* node;
     QTransform placement; ///< local to the picture, whose translation is the phase plus the
                           ///< origin's offset
+    double pixelRatio;
+    double opacity; ///< of each stroke and fill, which differs from that of the whole picture
     std::uint8_t quality;
     QImage image;
+
+    bool isFor(const Picture& other) const
+    {
+        return placement == other.placement && pixelRatio == other.pixelRatio &&
+               opacity == other.opacity && quality == other.quality;
+    }
 };
 
 namespace {
@@ -47,7 +55,7 @@ bool NodeCache::paintCached(NodeImpl& node, PaintContext& context)
 
 bool NodeCache::paint(NodeImpl& node, PaintContext& context)
 {
-    const QTransform toDevice = context.nodeToDevice();
+    const QTransform toDevice = context.nodeToPixels();
     const QRectF reach = toDevice.mapRect(node.strokedRectAt(context.options().viewScale))
                              .adjusted(-kMargin, -kMargin, kMargin, kMargin);
     const double bytes = std::ceil(reach.width() + 1) * std::ceil(reach.height() + 1) * 4;
@@ -57,7 +65,8 @@ bool NodeCache::paint(NodeImpl& node, PaintContext& context)
     const QPoint corner(static_cast<int>(std::floor(reach.left())),
                         static_cast<int>(std::floor(reach.top())));
     const QTransform placement = toDevice * QTransform::fromTranslate(-corner.x(), -corner.y());
-    Picture wanted{&node, placement, context.options().quality, {}};
+    Picture wanted{
+        &node, placement, context.pixelRatio(), context.opacity(), context.options().quality, {}};
     auto picture = find(node, wanted);
     if (picture == m_pictures.end()) {
         const QSize size(static_cast<int>(std::ceil(reach.width())) + 1,
@@ -68,10 +77,16 @@ bool NodeCache::paint(NodeImpl& node, PaintContext& context)
         wanted.image.fill(Qt::transparent);
         QPainter painter(&wanted.image);
         painter.setRenderHints(QPainter::TextAntialiasing | QPainter::SmoothPixmapTransform);
-        PaintContext own(painter, placement, context.options());
-        own.enter(placement);
+        const QTransform view = context.view() *
+                                QTransform::fromScale(context.pixelRatio(), context.pixelRatio()) *
+                                QTransform::fromTranslate(-corner.x(), -corner.y());
+        PaintContext own(painter, view, context.options());
+        own.setFillsStrokes(true);
+        own.setOpacity(context.opacity());
+        own.enterLike(context);
         node.paintNode(own);
         painter.end();
+        wanted.image.setDevicePixelRatio(context.pixelRatio());
         repaints().increment();
         picture = keep(node, std::move(wanted));
     }
@@ -85,7 +100,7 @@ NodeCache::Pictures::iterator NodeCache::find(NodeImpl& node, const Picture& wan
     if (found == m_byNode.end())
         return m_pictures.end();
     for (const auto picture : found->second) {
-        if (picture->placement == wanted.placement && picture->quality == wanted.quality) {
+        if (picture->isFor(wanted)) {
             m_pictures.splice(m_pictures.begin(), m_pictures, picture);
             return picture;
         }

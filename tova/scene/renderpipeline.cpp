@@ -76,7 +76,9 @@ void renderScene(ScenePrivate& scene, QPainter& painter, const RenderRequest& re
     if (!isUsable(view, request.exposed))
         return;
     const DestructionDelay delay;
-    const PaintStateScope state(scene, {view, request.isOffScreen});
+    const double ratio = painter.device()->devicePixelRatioF();
+    const PaintStateScope state(scene,
+                                {view * QTransform::fromScale(ratio, ratio), request.isOffScreen});
     const auto candidates = candidatesIn(scene, request.exposed, scaleOf(view));
     NodeWalk walk(painter, view, request, nullptr);
     auto edits = scene.editCounter();

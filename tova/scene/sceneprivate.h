@@ -74,7 +74,7 @@ public:
 
     /// In force while a paint is under way; restored by whoever sets it.
     struct PaintState {
-        QTransform view;
+        QTransform view; ///< scene to the device's own pixels
         bool isOffScreen = false;
     };
     const std::optional<PaintState>& paintState() const { return m_paint; }

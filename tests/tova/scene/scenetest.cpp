@@ -180,7 +180,7 @@ INSTANTIATE_TEST_SUITE_P(
                     RenderCase{"NegativeHeightIsTheBounds", 0, {0, 0, 9, -9}, 1, {10, 5}},
                     RenderCase{"MarginIsInPixels", 3, {0, 0, 10, 10}, 2, {26, 26}},
                     RenderCase{"SmallScaleRoundsUp", 0, {0, 0, 10, 10}, 0.25, {3, 3}},
-                    RenderCase{"AtTheLimit", 0, {0, 0, 16384, 1}, 1, {16384, 1}},
+                    RenderCase{"AtTheLimit", 0, {0, 0, 32767, 1}, 1, {32767, 1}},
                     RenderCase{"BeyondTheLimit", 0, {0, 0, 32768, 1}, 1, {0, 0}},
                     RenderCase{"MarginBeyondTheLimit", 2000000000, {}, 1, {0, 0}},
                     RenderCase{"TooManyBytes", 0, {0, 0, 30000, 30000}, 1, {0, 0}},

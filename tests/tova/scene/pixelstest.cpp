@@ -1,0 +1,243 @@
+#include "scene/repaintsink.h"
+#include "scene/sceneprivate.h"
+
+#include "tova/tova.h"
+
+#include <gmock/gmock.h>
+
+#include <QCoreApplication>
+#include <QImage>
+#include <QPainter>
+
+#include <cstdlib>
+
+using namespace Tova2;
+
+namespace {
+
+constexpr Vetra::GLRect<double> kSource{0, 0, 60, 40};
+
+DrawStyle smoothStyle(double width)
+{
+    DrawStyle style(Stroke(Vetra::Color(0.2, 0, 0), width, StrokeStyle::SolidLine,
+                           StrokeCapStyle::FlatCap, StrokeJoinStyle::MiterJoin, nullptr),
+                    Fill(Vetra::Color(0.9, 0.6, 0.1, 0.7)));
+    style.setIsAntiAliased(true);
+    return style;
+}
+
+/// Nodes of several kinds at fractions of a pixel, one turned and one faint.
+Vetra::Holder<Scene> makeScene(CacheType cache)
+{
+    auto scene = Scene::createScene();
+    const auto add = [&](Node node, double x, double y, double width) {
+        node.setDrawStyle(smoothStyle(width));
+        node.setPosition({x, y});
+        node.setCacheType(cache);
+        scene->addNode(node);
+        return node;
+    };
+    add(RectNode({0, 0, 15, 10}), 2.3, 3.7, 1.5);
+    add(EllipseNode(Ellipse({0, 0, 15, 10})), 22.25, 4.5, 3).setOpacity(0.5);
+    add(RoundedRectNode({0, 0, 15, 10}, 3), 40.1, 5.2, 0).rotateDegrees(25);
+    add(LineNode({0, 0}, {30, 11}), 5.5, 22.2, 2);
+    return scene;
+}
+
+QImage render(Scene& scene, double scale, double pixelRatio = 1)
+{
+    QImage image(static_cast<int>(kSource.width * scale * pixelRatio),
+                 static_cast<int>(kSource.height * scale * pixelRatio),
+                 QImage::Format_ARGB32_Premultiplied);
+    image.setDevicePixelRatio(pixelRatio);
+    image.fill(Qt::white);
+    scene.render(image, {}, kSource);
+    return image;
+}
+
+/// The largest difference of any channel of any pixel.
+int difference(const QImage& a, const QImage& b)
+{
+    if (a.size() != b.size())
+        return 256;
+    int largest = 0;
+    for (int y = 0; y < a.height(); ++y) {
+        for (int x = 0; x < a.width(); ++x) {
+            const QRgb p = a.pixel(x, y), q = b.pixel(x, y);
+            largest = std::max({largest, std::abs(qRed(p) - qRed(q)),
+                                std::abs(qGreen(p) - qGreen(q)), std::abs(qBlue(p) - qBlue(q))});
+        }
+    }
+    return largest;
+}
+
+struct CacheCase {
+    const char* name;
+    CacheType type;
+    double scale;
+};
+void PrintTo(const CacheCase& c, std::ostream* out)
+{
+    *out << c.name;
+}
+class NodeCacheTest : public testing::TestWithParam<CacheCase> {};
+
+// Composing translucent pixels a second time rounds once more.
+constexpr int kRounding = 3;
+
+TEST_P(NodeCacheTest, LooksLikeNoCacheOnFirstAndLaterPaints)
+{
+    const auto plain = makeScene(CacheType::NoCache), cached = makeScene(GetParam().type);
+    const QImage expected = render(*plain, GetParam().scale);
+    EXPECT_LE(difference(render(*cached, GetParam().scale), expected), kRounding);
+    EXPECT_LE(difference(render(*cached, GetParam().scale), expected), kRounding);
+}
+
+TEST_P(NodeCacheTest, FollowsEachKindOfChange)
+{
+    const auto plain = makeScene(CacheType::NoCache), cached = makeScene(GetParam().type);
+    render(*cached, GetParam().scale);
+    for (const auto& scene : {plain, cached}) {
+        const auto nodes = scene->getAllNodes();
+        nodes[0].as<LineNode>().setEnd({20, 2});
+        Node(nodes[1]).setPosition({41.6, 6.9});
+        Node(nodes[2]).setFillColor(Vetra::Color(0, 0.5, 0));
+        Node(nodes[3]).rotateDegrees(10);
+    }
+    EXPECT_LE(difference(render(*cached, GetParam().scale), render(*plain, GetParam().scale)),
+              kRounding);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Scene, NodeCacheTest,
+    testing::Values(CacheCase{"ItemUnscaled", CacheType::ItemCoordinateCache, 1},
+                    CacheCase{"ItemEnlarged", CacheType::ItemCoordinateCache, 3.3},
+                    CacheCase{"DeviceReduced", CacheType::DeviceCoordinateCache, 0.45},
+                    CacheCase{"DeviceEnlarged", CacheType::DeviceCoordinateCache, 2}));
+
+struct RatioCase {
+    const char* name;
+    double ratio;
+    CacheType cache;
+};
+void PrintTo(const RatioCase& c, std::ostream* out)
+{
+    *out << c.name;
+}
+class PixelRatioTest : public testing::TestWithParam<RatioCase> {};
+
+// Fails as well where anything is drawn small and blown up.
+TEST_P(PixelRatioTest, EqualsAScaleOfTheSameFactor)
+{
+    const auto scene = makeScene(GetParam().cache);
+    // The cosmetic outline is a pixel wide on either, so it does not scale.
+    Node(scene->getAllNodes()[1]).setStroke(smoothStyle(1).stroke());
+    EXPECT_LE(difference(render(*scene, 1, GetParam().ratio), render(*scene, GetParam().ratio)),
+              kRounding);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Scene, PixelRatioTest,
+    testing::Values(RatioCase{"Fractional", 1.25, CacheType::NoCache},
+                    RatioCase{"Double", 2, CacheType::NoCache},
+                    RatioCase{"DoubleFromCaches", 2, CacheType::DeviceCoordinateCache},
+                    RatioCase{"FractionalFromCaches", 1.25, CacheType::ItemCoordinateCache}));
+
+struct AlignCase {
+    const char* name;
+    double width, x, scale, ratio;
+};
+void PrintTo(const AlignCase& c, std::ostream* out)
+{
+    *out << c.name;
+}
+class PixelAlignTest : public testing::TestWithParam<AlignCase> {};
+
+TEST_P(PixelAlignTest, LeavesNoHalfCoveredPixels)
+{
+    const auto scene = Scene::createScene();
+    DrawStyle style = smoothStyle(GetParam().width);
+    style.setStroke(Stroke(Vetra::Color(0, 0, 0), GetParam().width, StrokeStyle::SolidLine,
+                           StrokeCapStyle::FlatCap, StrokeJoinStyle::MiterJoin, nullptr));
+    style.setFill(Fill());
+    style.setIsPixelAligned(true);
+    RectNode node({0, 0, 20.4, 13.7});
+    node.setDrawStyle(style);
+    node.setPosition({GetParam().x, 7.3});
+    scene->addNode(node);
+    const QImage image = render(*scene, GetParam().scale, GetParam().ratio);
+    int inked = 0, half = 0;
+    for (int y = 0; y < image.height(); ++y) {
+        for (int x = 0; x < image.width(); ++x) {
+            const int red = qRed(image.pixel(x, y));
+            inked += red == 0;
+            half += red != 0 && red != 255;
+        }
+    }
+    EXPECT_GT(inked, 20);
+    EXPECT_EQ(half, 0);
+}
+
+INSTANTIATE_TEST_SUITE_P(Scene, PixelAlignTest,
+                         testing::Values(AlignCase{"OddWidth", 1, 5.4, 1, 1},
+                                         AlignCase{"EvenWidth", 2, 5.4, 1, 1},
+                                         AlignCase{"Cosmetic", 0, 5.4, 2.7, 1},
+                                         AlignCase{"OddOnEnlargedView", 1, 5.5, 3, 1},
+                                         AlignCase{"EvenOnDenseScreen", 1, 5.3, 1, 2}));
+
+class GrowingPainter : public CustomNodePainter {
+public:
+    double size = 10;
+
+private:
+    Vetra::GLRect<double> getBoundingRect(double) const override { return {0, 0, size, size}; }
+    void paint(QPainter* painter, double, const Vetra::GLRect<double>& target,
+               const PaintOptions&) override
+    {
+        painter->fillRect(QRectF(target.x, target.y, target.width, target.height), Qt::black);
+    }
+};
+
+// A painter tells before its bounds change; whoever asks in between must not fix the old ones.
+TEST(AnnouncedBoundsTest, TakesEffectWithoutATurnOfTheEventLoop)
+{
+    const auto scene = Scene::createScene();
+    CustomNode node;
+    auto* const painter = new GrowingPainter;
+    node.setPainter(painter);
+    scene->addNode(node);
+    ASSERT_EQ(scene->getBounds().width, 10);
+    painter->boundsChanging();
+    EXPECT_EQ(scene->getBounds().width, 10);
+    painter->size = 30;
+    EXPECT_EQ(scene->getBounds().width, 30);
+    EXPECT_EQ(scene->getNodeAt({25, 25}), node);
+}
+
+class AreaRecorder final : public RepaintSink {
+public:
+    void repaintRequested(const DirtyArea& area) override
+    {
+        isAsked |= area.rect.isEmpty() || area.rect.width() >= 30;
+    }
+    bool isAsked = false;
+};
+
+TEST(AnnouncedBoundsTest, RepaintsTheNewAreaInTheNextTurn)
+{
+    const auto scene = Scene::createScene();
+    CustomNode node;
+    auto* const painter = new GrowingPainter;
+    node.setPainter(painter);
+    scene->addNode(node);
+    AreaRecorder sink;
+    scene->d_func()->addRepaintSink(&sink);
+    painter->boundsChanging();
+    painter->size = 30;
+    sink.isAsked = false;
+    QCoreApplication::processEvents();
+    EXPECT_TRUE(sink.isAsked);
+    scene->d_func()->removeRepaintSink(&sink);
+}
+
+} // namespace
