@@ -44,6 +44,41 @@ void LineNode::setLine(const Vetra::GLPoint<double>& start, const Vetra::GLPoint
     getValidLineImpl()->setLine({Vetra::toQt(start), Vetra::toQt(end)});
 }
 
+LineEndDecoration LineNode::getStartDecoration() const
+{
+    return getValidLineImpl()->ends().decoration(LineEnds::Which::Start);
+}
+
+LineEndDecoration LineNode::getEndDecoration() const
+{
+    return getValidLineImpl()->ends().decoration(LineEnds::Which::End);
+}
+
+void LineNode::setStartDecoration(const LineEndDecoration& decoration)
+{
+    getValidLineImpl()->setDecoration(LineEnds::Which::Start, decoration);
+}
+
+void LineNode::setEndDecoration(const LineEndDecoration& decoration)
+{
+    getValidLineImpl()->setDecoration(LineEnds::Which::End, decoration);
+}
+
+LineEndDecoration& LineNode::getMutableStartDecoration()
+{
+    return getValidLineImpl()->ends().mutableDecoration(LineEnds::Which::Start);
+}
+
+LineEndDecoration& LineNode::getMutableEndDecoration()
+{
+    return getValidLineImpl()->ends().mutableDecoration(LineEnds::Which::End);
+}
+
+void LineNode::onChangedDecorationProperties()
+{
+    getValidLineImpl()->applyDecorations();
+}
+
 const char* LineNode::staticGetFullyQualifiedKobjTypeName()
 {
     return LineNodeImpl::kTypeName;

@@ -10,6 +10,8 @@
 
 namespace Tova2 {
 
+using Which = LineEnds::Which;
+
 namespace {
 
 double dot(const QPointF& a, const QPointF& b)
@@ -32,7 +34,46 @@ void LineNodeImpl::setLine(const QLineF& line)
         return;
     geometryChanging();
     m_line = line;
+    const Vetra::Holder<NodeImpl> keep(referenceCount() > 0 ? this : nullptr);
     reportChange(ChangeLevel::Geometry);
+    placeDecorations();
+}
+
+void LineNodeImpl::setDecoration(Which which, const LineEndDecoration& decoration)
+{
+    finishDecorations(m_ends.set(which, decoration, *this));
+}
+
+void LineNodeImpl::applyDecorations()
+{
+    finishDecorations(m_ends.apply(*this));
+}
+
+void LineNodeImpl::finishDecorations(bool isDrawnElsewhere)
+{
+    const Vetra::Holder<NodeImpl> keep(referenceCount() > 0 ? this : nullptr);
+    if (isDrawnElsewhere) {
+        geometryChanging();
+        reportChange(ChangeLevel::Geometry);
+    }
+    placeDecorations();
+}
+
+// One after the other, from the line as it is then: whoever is told of a move may edit it.
+void LineNodeImpl::placeDecorations()
+{
+    if (m_ends.isEmpty())
+        return;
+    const Vetra::Holder<NodeImpl> keep(referenceCount() > 0 ? this : nullptr);
+    m_ends.place(Which::Start, LineTip::between(m_line.p2(), m_line.p1()), *this);
+    m_ends.place(Which::End, LineTip::between(m_line.p1(), m_line.p2()), *this);
+}
+
+bool LineNodeImpl::isDrawn() const
+{
+    const double left = m_ends.backoff(Which::Start) + m_ends.backoff(Which::End);
+    return !drawStyle().stroke().isNoStroke() &&
+           !(left > 0 && left >= LineTip::distance(m_line.p1(), m_line.p2()));
 }
 
 QRectF LineNodeImpl::geometryRect() const
@@ -50,7 +91,7 @@ LineNodeImpl::Band LineNodeImpl::band() const
     const double cap = stroke.capStyle() == StrokeCapStyle::FlatCap ? 0.0 : half;
     const bool hasDirection = length > 0 && std::isfinite(length);
     return {hasDirection ? QPointF(m_line.dx() / length, m_line.dy() / length) : QPointF(1, 0),
-            -cap, length + cap, half};
+            m_ends.backoff(Which::Start) - cap, length - m_ends.backoff(Which::End) + cap, half};
 }
 
 double LineNodeImpl::strokeReach() const
@@ -63,7 +104,7 @@ double LineNodeImpl::strokeReach() const
 
 Bounds LineNodeImpl::outline() const
 {
-    if (drawStyle().stroke().isNoStroke())
+    if (!isDrawn())
         return Bounds();
     const Band band = this->band();
     const QPointF aside = QPointF(-band.along.y(), band.along.x()) * band.half;
@@ -75,7 +116,7 @@ Bounds LineNodeImpl::outline() const
 
 bool LineNodeImpl::outlineContains(const QPointF& point) const
 {
-    if (drawStyle().stroke().isNoStroke() || !isFinite(point))
+    if (!isDrawn() || !isFinite(point))
         return false;
     const Band band = this->band();
     const QPointF offset = point - m_line.p1();
@@ -86,7 +127,7 @@ bool LineNodeImpl::outlineContains(const QPointF& point) const
 bool LineNodeImpl::outlineIntersects(const Bounds& area) const
 {
     const QRectF rect = Vetra::toQt(area.boundingRect());
-    if (!area.isOnlyRect() || !isFinite(rect) || drawStyle().stroke().isNoStroke())
+    if (!area.isOnlyRect() || !isFinite(rect) || !isDrawn())
         return NodeImpl::outlineIntersects(area);
     // Two rectangles are apart when they are along a side of either.
     if (!outline().boundingRect().intersects(area.boundingRect()))
@@ -102,10 +143,12 @@ bool LineNodeImpl::outlineIntersects(const Bounds& area) const
 
 void LineNodeImpl::paintNode(PaintContext& context) const
 {
-    if (drawStyle().stroke().isNoStroke())
+    if (!isDrawn())
         return;
     context.setStyle(drawStyle());
-    context.drawLine(m_line);
+    const QPointF along = band().along;
+    context.drawLine({m_line.p1() + along * m_ends.backoff(Which::Start),
+                      m_line.p2() - along * m_ends.backoff(Which::End)});
 }
 
 } // namespace Tova2

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "nodes/lineends.h"
 #include "nodes/nodeimpl.h"
 
 #include <QLineF>
@@ -13,6 +14,9 @@ public:
     const char* typeName() const override { return kTypeName; }
     const QLineF& line() const { return m_line; }
     void setLine(const QLineF& line);
+    LineEnds& ends() { return m_ends; }
+    void setDecoration(LineEnds::Which which, const LineEndDecoration& decoration);
+    void applyDecorations();
 
     QRectF geometryRect() const override;
     double strokeReach() const override;
@@ -29,8 +33,13 @@ private:
         double half;        ///< of its width
     };
     Band band() const;
+    void finishDecorations(bool isDrawnElsewhere);
+    void placeDecorations();
+    /// False without a stroke, and where decorations take the place of the whole line.
+    bool isDrawn() const;
 
     QLineF m_line;
+    LineEnds m_ends;
 };
 
 } // namespace Tova2

@@ -13,6 +13,14 @@ const char* keyOf(NodeError error)
         return "CannotParentToSelf";
     case NodeError::CyclicalHierarchy:
         return "CyclicalHierarchy";
+    case NodeError::InvalidLinearPathIndex:
+        return "InvalidLinearPathIndex";
+    case NodeError::InvalidCurveIndex:
+        return "InvalidCurveIndex";
+    case NodeError::NegativeLinearPathScale:
+        return "NegativeLinearPathScale";
+    case NodeError::ZeroLengthDirectionVector:
+        return "ZeroLengthDirectionVector";
     case NodeError::InvalidNode:
         break;
     }

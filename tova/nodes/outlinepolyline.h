@@ -25,7 +25,6 @@ public:
 
 private:
     void add(const OutlineSubpath& subpath);
-    void addCurve(const OutlinePiece& curve);
     template <class Visit>
     bool anySegment(bool isFilled, Visit visit) const;
 

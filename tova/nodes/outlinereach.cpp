@@ -114,7 +114,8 @@ private:
         const double turn = cross(in, out), ahead = 1 + dot(in, out);
         const QPointF outer = turned(turn > 0 ? -in : in) / 2;
         // From the end of the outer edge to the tip, along the edge.
-        const double toTip = ahead > 0 ? std::abs(turn) / ahead / 2 : kMiterLimit + 1;
+        // Straight back, both are no more than rounding.
+        const double toTip = ahead > 1e-12 ? std::abs(turn) / ahead / 2 : kMiterLimit + 1;
         if (m_join == StrokeJoinStyle::SvgMiterJoin) {
             // A little above the limit, since the curves' directions are the toolkit's only nearly.
             if (std::hypot(0.5, toTip) <= 1.05 * kMiterLimit / 2)

@@ -185,14 +185,24 @@ void PaintContext::drawRect(const QRectF& rect)
 
 bool PaintContext::canFillFrame() const
 {
-    // The toolkit draws lines of a pixel and less by a quicker rule of its own, which all others of
-    // that width follow too; only where they are to be crisp is the exact area better.
+    // The toolkit draws lines of a pixel and less by a quicker rule of its own, which all others of that width follow
+    // too; only where they are to be crisp is the exact area better.
     const bool isWide = m_penWidth > 1 || m_isPixelAligned;
     return m_fillsStrokes && m_isAntialiased && isWide &&
            (m_stroke.logicalWidth() > 0 || m_isUniformView) &&
            m_stroke.style() == StrokeStyle::SolidLine &&
            (m_stroke.joinStyle() == StrokeJoinStyle::MiterJoin ||
             m_stroke.joinStyle() == StrokeJoinStyle::SvgMiterJoin);
+}
+
+void PaintContext::useStrokeBrush()
+{
+    if (m_isFrameSet)
+        return;
+    m_painter.setPen(Qt::NoPen);
+    m_painter.setBrush(Vetra::toQt(m_stroke.color()));
+    m_isFrameSet = true;
+    m_arePenAndBrushSet = false;
 }
 
 // A cosmetic line is a pixel of the device's own wide, which is less than a unit on a dense screen.
@@ -208,12 +218,7 @@ void PaintContext::fillFrame(const QRectF& rect)
     useView();
     if (m_fill.style() == FillStyle::Solid)
         m_painter.fillRect(rect, Vetra::toQt(m_fill.color()));
-    if (!m_isFrameSet) {
-        m_painter.setPen(Qt::NoPen);
-        m_painter.setBrush(Vetra::toQt(m_stroke.color()));
-        m_isFrameSet = true;
-        m_arePenAndBrushSet = false;
-    }
+    useStrokeBrush();
     const double half = frameWidth() / 2;
     const QRectF out = rect.adjusted(-half, -half, half, half);
     const QRectF in = rect.adjusted(half, half, -half, -half);

@@ -1,10 +1,15 @@
 #pragma once
 
+#include "nodes/strokepolygon.h"
+
 #include "tova/nodes/paintoptions.h"
 #include "tova/nodes/style/drawstyle.h"
 
 #include <QPointF>
 #include <QTransform>
+
+#include <span>
+#include <vector>
 
 class QImage;
 class QLineF;
@@ -47,6 +52,9 @@ public:
     void drawEllipse(const QRectF& rect);
     void drawLine(const QLineF& line);
     void drawPath(const QPainterPath& path);
+    // Of two points at least. A polyline has no inside; a polygon is filled by the odd-even rule.
+    void drawPolyline(std::span<const QPointF> points);
+    void drawPolygon(std::span<const QPointF> points);
 
     /// Pixel by pixel; `corner` is in the device's own pixels.
     void drawDeviceImage(const QPoint& corner, const QImage& image);
@@ -69,6 +77,10 @@ private:
     bool canFillFrame() const;
     double frameWidth() const;
     void fillFrame(const QRectF& rect);
+    void useStrokeBrush();
+    bool fillStroke(std::span<const QPointF> points, bool isClosed);
+    double strokePolygonWidth() const;
+    void drawPoints(std::span<const QPointF> points, bool isClosed);
     void useView();
     QPainter& viewPainter();
     QRectF aligned(const QRectF& rect) const;
@@ -96,6 +108,9 @@ private:
     bool m_isAntialiasedSet = false;
     bool m_isPixelAligned = false;
     bool m_fillsStrokes = false;
+
+    StrokePolygon m_strokePolygon;
+    std::vector<QPointF> m_movedPoints;
 };
 
 } // namespace Tova2

@@ -5,7 +5,15 @@
 namespace Tova2 {
 
 /// Keys of message group "tova:nodes"; an enumerator's name is the key the host looks up.
-enum class NodeError { InvalidNode, CannotParentToSelf, CyclicalHierarchy };
+enum class NodeError {
+    InvalidNode,
+    CannotParentToSelf,
+    CyclicalHierarchy,
+    InvalidLinearPathIndex,
+    InvalidCurveIndex,
+    NegativeLinearPathScale,
+    ZeroLengthDirectionVector
+};
 
 /// Throws Vetra::Error with group "tova:nodes".
 [[noreturn]] TOVA_EXPORT void raise(NodeError error);

@@ -1,0 +1,58 @@
+#pragma once
+
+#include "nodes/linearpathnodeimpl.h"
+#include "nodes/lineends.h"
+
+#include "tova/nodes/cornerstyle.h"
+
+namespace Tova2 {
+
+/// How much of a line of segments is drawn: from a point on one to a point on another.
+struct DrawnPart {
+    std::size_t firstSegment, lastSegment;
+    QPointF start, end;
+};
+
+class OpenLinearPathNodeImpl final : public LinearPathNodeImpl {
+public:
+    static constexpr const char* kTypeName = "Tova2.OpenLinearPathNode";
+
+    const char* typeName() const override { return kTypeName; }
+    bool isa(const char* name) const override;
+    LineEnds& ends() { return m_ends; }
+    void setDecoration(LineEnds::Which which, const LineEndDecoration& decoration);
+    void applyDecorations();
+    CornerStyle cornerStyle() const { return m_cornerStyle; }
+    void setCornerStyle(CornerStyle style);
+    double cornerRadius() const { return m_cornerRadius; }
+    void setCornerRadius(double radius);
+    bool usesPathForEffect() const { return m_usesPathForEffect; }
+    void setUsesPathForEffect(bool uses);
+
+protected:
+    bool isClosed() const override { return false; }
+    std::span<const QPointF> plainPoints() const override;
+    Flattened flattened() const override;
+    bool isCurved() const override;
+    double slack() const override { return m_cornerRadius; }
+    QPainterPath pathOf(const Range& range) const override;
+    void pointsChanged() override { placeDecorations(); }
+
+private:
+    struct CutCorner;
+
+    void finishDecorations(bool isDrawnElsewhere);
+    void placeDecorations();
+    LineTip tip(LineEnds::Which which) const;
+    bool hasCutCorners() const;
+    std::optional<DrawnPart> drawnPart() const;
+    QPointF vertex(const DrawnPart& part, std::size_t index) const;
+    std::optional<CutCorner> corner(const DrawnPart& part, std::size_t index) const;
+
+    LineEnds m_ends;
+    double m_cornerRadius = 4;
+    CornerStyle m_cornerStyle = CornerStyle::Sharp;
+    bool m_usesPathForEffect = false;
+};
+
+} // namespace Tova2
