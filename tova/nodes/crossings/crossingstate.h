@@ -24,8 +24,7 @@ struct CrossingNode {
     WeakRef node;
     std::uint32_t changeLevel = 0; ///< how many of its updates were accepted
     TableBlock segments;
-    TableBlock pairs;       ///< its crossings, in order; one of its own with itself twice in a row
-    std::uint64_t rank = 0; ///< by when it was first reported
+    std::uint64_t rank = 0;     ///< by when it was first reported
     std::uint64_t sortRank = 0; ///< the rank that its segments have in the tables
     bool isRegistered : 1 = false;
     bool isUpdateQueued : 1 = false;
@@ -41,11 +40,11 @@ struct CrossingNode {
 struct SegmentIndex {
     struct Vertical {
         double x, y1, y2;
-        std::uint32_t segment;
+        std::uint32_t segment, node;
     };
     struct Horizontal {
         double y, left, right;
-        std::uint32_t segment;
+        std::uint32_t segment, node;
     };
     ScratchArray<Vertical> verticals;     ///< by x
     ScratchArray<Horizontal> horizontals; ///< by y
@@ -78,6 +77,8 @@ struct PathIntersectionsWorker::State {
     SegmentIndex index;               ///< as of the last whole pass
     std::vector<std::uint32_t> loose; ///< taken since, so not in the index
     ChunkedVector<CrossingPair> pairs;
+    /// By node: its crossings, in order; one with itself twice in a row.
+    std::vector<TableBlock> pairBlocks;
     std::size_t pairCount = 0; ///< in use
 
     std::vector<std::uint32_t> dirty;    ///< nodes accepted and not yet swept

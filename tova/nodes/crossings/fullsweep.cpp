@@ -10,15 +10,18 @@ namespace Tova2 {
 namespace {
 
 constexpr std::size_t kBlock = 512; // small steps in one, so that the budget costs nothing
+constexpr std::size_t kYStep = 64;
+constexpr std::size_t kAhead = 16; // elements from what is fetched to what is used
 
 } // namespace
 
-const std::array<FullSweep::Phase, 14> FullSweep::kPhases{
-    &FullSweep::gather,     &FullSweep::sortVerticals, &FullSweep::sortRows,
-    &FullSweep::sortStarts, &FullSweep::sortEnds,      &FullSweep::placeVerticals,
-    &FullSweep::placeRows,  &FullSweep::placeStarts,   &FullSweep::placeEnds,
-    &FullSweep::sweep,      &FullSweep::lay,           &FullSweep::scatter,
-    &FullSweep::commit,     &FullSweep::discard,
+const std::array<FullSweep::Phase, 16> FullSweep::kPhases{
+    &FullSweep::gather,       &FullSweep::sortVerticals, &FullSweep::sortRows,
+    &FullSweep::sortStarts,   &FullSweep::sortEnds,      &FullSweep::placeVerticals,
+    &FullSweep::placeRows,    &FullSweep::placeStarts,   &FullSweep::placeEnds,
+    &FullSweep::sweep,        &FullSweep::lay,           &FullSweep::scatter,
+    &FullSweep::markAffected, &FullSweep::commit,        &FullSweep::clean,
+    &FullSweep::discard,
 };
 
 FullSweep::FullSweep(State& state)
@@ -89,8 +92,9 @@ bool FullSweep::placeVerticals(Host::TaskBudget& budget)
         m_index.verticals = ScratchArray<SegmentIndex::Vertical>(sorted.size());
     return sliced(m_cursor, sorted.size(), kBlock, budget, [&](std::size_t from, std::size_t to) {
         for (std::size_t i = from; i < to; ++i) {
+            __builtin_prefetch(&segment(sorted[std::min(i + kAhead, to - 1)].value));
             const PathSegment& v = segment(sorted[i].value);
-            m_index.verticals[i] = {v.p1.x, v.p1.y, v.p2.y, sorted[i].value};
+            m_index.verticals[i] = {v.p1.x, v.p1.y, v.p2.y, sorted[i].value, v.node};
         }
     });
 }
@@ -101,15 +105,27 @@ bool FullSweep::placeRows(Host::TaskBudget& budget)
     if (m_cursor == 0) {
         m_index.horizontals = ScratchArray<SegmentIndex::Horizontal>(sorted.size());
         m_placeOf = ScratchArray<std::uint32_t>(sorted.size());
+        m_ys.reserve(sorted.size());
+        m_someYs.reserve(sorted.size() / kYStep + 1);
     }
     return sliced(m_cursor, sorted.size(), kBlock, budget, [&](std::size_t from, std::size_t to) {
         for (std::size_t i = from; i < to; ++i) {
-            const std::uint32_t id = m_horizontalSegments[sorted[i].value];
-            const PathSegment& h = segment(id);
-            m_index.horizontals[i] = {h.p1.y, h.p1.x, h.p2.x, id};
-            m_placeOf[sorted[i].value] = static_cast<std::uint32_t>(i);
+            const std::size_t later = sorted[std::min(i + kAhead, to - 1)].value;
+            __builtin_prefetch(&segment(m_horizontalSegments[later]));
+            placeRow(i, sorted[i].value);
         }
     });
+}
+
+void FullSweep::placeRow(std::size_t place, std::uint32_t number)
+{
+    const std::uint32_t id = m_horizontalSegments[number];
+    const PathSegment& h = segment(id);
+    m_index.horizontals[place] = {h.p1.y, h.p1.x, h.p2.x, id, h.node};
+    m_placeOf[number] = static_cast<std::uint32_t>(place);
+    m_ys.push_back(h.p1.y);
+    if (place % kYStep == 0)
+        m_someYs.push_back(h.p1.y);
 }
 
 bool FullSweep::placeStarts(Host::TaskBudget& budget)
@@ -121,10 +137,8 @@ bool FullSweep::placeStarts(Host::TaskBudget& budget)
     }
     return sliced(m_cursor, sorted.size(), kBlock, budget, [&](std::size_t from, std::size_t to) {
         for (std::size_t i = from; i < to; ++i) {
-            const std::uint32_t id = m_horizontalSegments[sorted[i].value];
-            const std::uint32_t place = m_placeOf[sorted[i].value];
-            m_starting[i] = {segment(id).p1.x, place, id, segment(id).node};
-            m_serialAt[place] = static_cast<std::uint32_t>(i);
+            m_starting[i] = {numberOfKey(sorted[i].key), m_placeOf[sorted[i].value]};
+            m_serialAt[m_starting[i].place] = static_cast<std::uint32_t>(i);
         }
     });
 }
@@ -138,10 +152,8 @@ bool FullSweep::placeEnds(Host::TaskBudget& budget)
         m_sorter = std::make_unique<ActiveSet>(sorted.size());
     }
     return sliced(m_cursor, sorted.size(), kBlock, budget, [&](std::size_t from, std::size_t to) {
-        for (std::size_t i = from; i < to; ++i) {
-            const std::uint32_t place = m_placeOf[sorted[i].value];
-            m_ending[i] = {m_index.horizontals[place].right, place};
-        }
+        for (std::size_t i = from; i < to; ++i)
+            m_ending[i] = {numberOfKey(sorted[i].key), m_placeOf[sorted[i].value]};
     });
 }
 
@@ -164,47 +176,64 @@ void FullSweep::advanceTo(double x)
 
 void FullSweep::meet(const SegmentIndex::Vertical& vertical)
 {
-    const auto yOf = [](const SegmentIndex::Horizontal& row) { return row.y; };
-    const auto& rows = m_index.horizontals;
-    const auto* const first = std::ranges::upper_bound(rows, vertical.y1, {}, yOf);
-    if (first == rows.end() || !(first->y < vertical.y2))
+    const std::size_t first = firstAbove(vertical.y1);
+    if (first == m_ys.size() || !(m_ys[first] < vertical.y2))
         return;
-    const auto* const last = std::ranges::lower_bound(first, rows.end(), vertical.y2, {}, yOf);
-    m_serials.clear();
-    m_active->forEach(first - rows.begin(), last - rows.begin(),
-                      [this](std::size_t place) { m_serials.push_back(m_serialAt[place]); });
-    if (m_serials.empty())
-        return;
-    sortBySerial(m_serials);
-    const std::uint32_t node = segment(vertical.segment).node;
-    for (const std::uint32_t serial : m_serials)
-        emit(vertical, node, serial);
+    m_met.clear();
+    m_active->forEach(first, firstFrom(vertical.y2, first), [this](std::size_t place) {
+        m_met.push_back(std::uint64_t{m_serialAt[place]} << 32 | place);
+    });
+    sortMet();
+    for (const std::uint64_t met : m_met)
+        emit(vertical, static_cast<std::uint32_t>(met));
 }
 
-void FullSweep::sortBySerial(std::vector<std::uint32_t>& serials)
+std::size_t FullSweep::firstAbove(double y) const
+{
+    const auto block = std::ranges::upper_bound(m_someYs, y) - m_someYs.begin();
+    if (block == 0)
+        return 0;
+    const auto from = m_ys.begin() + (block - 1) * static_cast<std::ptrdiff_t>(kYStep);
+    const auto to = from + std::min<std::ptrdiff_t>(kYStep, m_ys.end() - from);
+    return std::upper_bound(from, to, y) - m_ys.begin();
+}
+
+std::size_t FullSweep::firstFrom(double y, std::size_t place) const
+{
+    // Most verticals are short: from their upper end it is not far.
+    std::size_t reach = 1;
+    while (place + reach < m_ys.size() && m_ys[place + reach] < y)
+        reach *= 2;
+    const auto from = m_ys.begin() + static_cast<std::ptrdiff_t>(place + reach / 2);
+    const auto to =
+        m_ys.begin() + static_cast<std::ptrdiff_t>(std::min(place + reach, m_ys.size()));
+    return std::lower_bound(from, to, y) - m_ys.begin();
+}
+
+void FullSweep::sortMet()
 {
     constexpr std::size_t kFew = 64;
-    if (serials.size() <= kFew) {
-        std::ranges::sort(serials);
+    if (m_met.size() <= kFew) {
+        std::ranges::sort(m_met);
         return;
     }
-    for (const std::uint32_t serial : serials)
-        m_sorter->insert(serial);
-    const auto [least, most] = std::ranges::minmax(serials);
-    serials.clear();
-    m_sorter->forEach(least, most + std::size_t{1}, [this, &serials](std::size_t serial) {
-        serials.push_back(static_cast<std::uint32_t>(serial));
+    const auto [least, most] = std::ranges::minmax(m_met);
+    for (const std::uint64_t met : m_met)
+        m_sorter->insert(met >> 32);
+    m_met.clear();
+    m_sorter->forEach(least >> 32, (most >> 32) + 1, [this](std::size_t serial) {
+        m_met.push_back(m_starting[serial].place);
         m_sorter->erase(serial);
     });
 }
 
-void FullSweep::emit(const SegmentIndex::Vertical& vertical, std::uint32_t node,
-                     std::uint32_t serial)
+void FullSweep::emit(const SegmentIndex::Vertical& vertical, std::uint32_t place)
 {
+    const SegmentIndex::Horizontal& row = m_index.horizontals[place];
     m_state.checkSize(2 * m_found.size() + 2);
-    m_found.push_back({vertical.segment, m_starting[serial].segment});
-    ++m_pairBlocks[node].count;
-    ++m_pairBlocks[m_starting[serial].node].count;
+    m_found.push_back({{vertical.segment, row.segment}, vertical.node, row.node});
+    ++m_pairBlocks[vertical.node].count;
+    ++m_pairBlocks[row.node].count;
 }
 
 bool FullSweep::lay(Host::TaskBudget&)
@@ -222,52 +251,88 @@ bool FullSweep::scatter(Host::TaskBudget& budget)
 {
     return sliced(m_cursor, m_found.size(), kBlock, budget, [&](std::size_t from, std::size_t to) {
         for (std::size_t i = from; i < to; ++i) {
-            for (const std::uint32_t id : {m_found[i].vertical, m_found[i].horizontal}) {
-                TableBlock& block = m_pairBlocks[segment(id).node];
-                m_pairs[block.first + block.count++] = m_found[i];
+            prefetchTargets(m_found[std::min(i + kAhead, to - 1)]);
+            for (const std::uint32_t node : {m_found[i].verticalNode, m_found[i].horizontalNode}) {
+                TableBlock& block = m_pairBlocks[node];
+                m_pairs[block.first + block.count++] = m_found[i].pair;
             }
         }
     });
 }
 
+void FullSweep::prefetchTargets(const Found& found)
+{
+    for (const std::uint32_t node : {found.verticalNode, found.horizontalNode}) {
+        const TableBlock& block = m_pairBlocks[node];
+        __builtin_prefetch(&m_pairs[block.first + block.count], 1);
+    }
+}
+
+bool FullSweep::markAffected(Host::TaskBudget& budget)
+{
+    return slicedEach(m_cursor, m_pairBlocks.size(), budget, [this](std::size_t i) {
+        const auto slot = static_cast<std::uint32_t>(i);
+        const CrossingNode& node = m_state.nodes[slot];
+        if (m_pairBlocks[slot].count > 0 || node.hasPublished || !node.isRegistered)
+            m_state.markAffected(slot);
+    });
+}
+
 bool FullSweep::commit(Host::TaskBudget&)
 {
-    for (std::uint32_t slot = 0; slot < m_pairBlocks.size(); ++slot) {
-        CrossingNode& node = m_state.nodes[slot];
-        node.isDirty = false;
-        node.pairs = m_pairBlocks[slot];
-        if (m_isCompacting)
-            node.segments = m_segmentBlocks[slot];
-        if (node.pairs.count > 0 || node.hasPublished || !node.isRegistered)
-            m_state.markAffected(slot);
-    }
-    m_state.dirty.clear();
     m_state.loose.clear();
     m_state.pairCount = m_pairs.size();
     std::swap(m_state.pairs, m_pairs);
     std::swap(m_state.index, m_index);
-    if (m_isCompacting)
+    std::swap(m_state.pairBlocks, m_pairBlocks);
+    m_state.pairBlocks.resize(m_state.nodes.size());
+    if (m_isCompacting) {
         std::swap(m_state.segments, m_compacted);
-    std::erase_if(m_state.order, [this](const State::Ranked& ranked) {
-        const CrossingNode& node = m_state.nodes[ranked.slot];
-        return node.sortRank != ranked.rank && node.rank != ranked.rank;
-    });
+        for (std::size_t slot = 0; slot < m_segmentBlocks.size(); ++slot)
+            m_state.nodes[slot].segments = m_segmentBlocks[slot];
+    }
+    return true;
+}
+
+bool FullSweep::clean(Host::TaskBudget& budget)
+{
+    while (!m_state.dirty.empty()) {
+        m_state.nodes[m_state.dirty.back()].isDirty = false;
+        m_state.dirty.pop_back();
+        if (budget.isSpentAfterStep())
+            return false;
+    }
+    if (m_state.order.size() > 2 * m_state.slots.size()) {
+        std::erase_if(m_state.order, [this](const State::Ranked& ranked) {
+            const CrossingNode& node = m_state.nodes[ranked.slot];
+            return node.sortRank != ranked.rank && node.rank != ranked.rank;
+        });
+    }
     return true;
 }
 
 bool FullSweep::discard(Host::TaskBudget& budget)
 {
     // Giving back what large tables took needs time as well.
-    m_index = {};
-    for (auto* const sort : {&m_verticals, &m_rows, &m_starts, &m_ends})
-        sort->reset();
-    const auto isSpent = [&budget] { return budget.isSpentAfterLongStep(); };
-    while (m_found.freeSome() || m_pairs.freeSome()) {
-        if (isSpent())
+    const std::array<void (*)(FullSweep&), 10> kFree{
+        [](FullSweep& s) { s.m_verticals.reset(); },
+        [](FullSweep& s) { s.m_rows.reset(); },
+        [](FullSweep& s) { s.m_starts.reset(); },
+        [](FullSweep& s) { s.m_ends.reset(); },
+        [](FullSweep& s) { s.m_index.verticals.reset(); },
+        [](FullSweep& s) { s.m_index.horizontals.reset(); },
+        [](FullSweep& s) { s.m_starting.reset(); },
+        [](FullSweep& s) { s.m_ending.reset(); },
+        [](FullSweep& s) { s.m_serialAt.reset(); },
+        [](FullSweep& s) { s.m_placeOf.reset(); },
+    };
+    while (m_cursor < kFree.size()) {
+        kFree[m_cursor++](*this);
+        if (budget.isSpentAfterLongStep())
             return false;
     }
-    while (m_compacted.freeSome()) {
-        if (isSpent())
+    while (m_found.freeSome() || m_pairs.freeSome() || m_compacted.freeSome()) {
+        if (budget.isSpentAfterLongStep())
             return false;
     }
     return true;

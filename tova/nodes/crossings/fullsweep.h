@@ -33,15 +33,17 @@ private:
     struct Starting {
         double left;
         std::uint32_t place; ///< by y
-        std::uint32_t segment;
-        std::uint32_t node;
+    };
+    struct Found {
+        CrossingPair pair;
+        std::uint32_t verticalNode, horizontalNode;
     };
     struct Ending {
         double right;
         std::uint32_t place;
     };
     using Phase = bool (FullSweep::*)(Host::TaskBudget&);
-    static const std::array<Phase, 14> kPhases;
+    static const std::array<Phase, 16> kPhases;
 
     bool gather(Host::TaskBudget& budget);
     void gather(const State::Ranked& ranked);
@@ -52,16 +54,22 @@ private:
     bool sortEnds(Host::TaskBudget& budget) { return m_ends->run(budget); }
     bool placeVerticals(Host::TaskBudget& budget);
     bool placeRows(Host::TaskBudget& budget);
+    void placeRow(std::size_t place, std::uint32_t number);
     bool placeStarts(Host::TaskBudget& budget);
     bool placeEnds(Host::TaskBudget& budget);
     bool sweep(Host::TaskBudget& budget);
     void advanceTo(double x);
     void meet(const SegmentIndex::Vertical& vertical);
-    void sortBySerial(std::vector<std::uint32_t>& serials);
-    void emit(const SegmentIndex::Vertical& vertical, std::uint32_t node, std::uint32_t serial);
+    std::size_t firstAbove(double y) const;
+    std::size_t firstFrom(double y, std::size_t place) const;
+    void sortMet();
+    void emit(const SegmentIndex::Vertical& vertical, std::uint32_t place);
     bool lay(Host::TaskBudget& budget);
     bool scatter(Host::TaskBudget& budget);
+    void prefetchTargets(const Found& found);
+    bool markAffected(Host::TaskBudget& budget);
     bool commit(Host::TaskBudget& budget);
+    bool clean(Host::TaskBudget& budget);
     bool discard(Host::TaskBudget& budget);
     PathSegment& segment(std::uint32_t i)
     {
@@ -89,9 +97,13 @@ private:
     std::size_t m_endCursor = 0;
     std::unique_ptr<ActiveSet> m_active; ///< places
     std::unique_ptr<ActiveSet> m_sorter; ///< serials
-    std::vector<std::uint32_t> m_serials;
+    /// Rows that a vertical meets, serial in the upper half and place in the lower, so that they
+    /// sort as they became active.
+    std::vector<std::uint64_t> m_met;
+    std::vector<double> m_ys;     ///< by place
+    std::vector<double> m_someYs; ///< each `kYStep`-th of them: a search stays in the cache
 
-    ChunkedVector<CrossingPair> m_found;
+    ChunkedVector<Found> m_found;
     std::vector<TableBlock> m_pairBlocks; ///< by node
     ChunkedVector<CrossingPair> m_pairs;
 };

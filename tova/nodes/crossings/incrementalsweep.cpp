@@ -121,7 +121,7 @@ void IncrementalSweep::prepareRebuild()
     });
     for (const std::uint32_t slot : m_state.dirty) {
         noteNode(slot);
-        const TableBlock& block = m_state.nodes[slot].pairs;
+        const TableBlock& block = m_state.pairBlocks[slot];
         for (std::uint32_t i = 0; i < block.count; ++i) {
             const CrossingPair& pair = m_state.pairs[block.first + i];
             noteNode(m_state.segments[pair.vertical].node);
@@ -148,7 +148,7 @@ bool IncrementalSweep::isObsolete(const CrossingPair& pair) const
 
 void IncrementalSweep::rebuild(std::uint32_t node)
 {
-    const TableBlock& block = m_state.nodes[node].pairs;
+    const TableBlock& block = m_state.pairBlocks[node];
     std::vector<CrossingPair> kept;
     for (std::uint32_t i = 0; i < block.count; ++i) {
         const CrossingPair& pair = m_state.pairs[block.first + i];
@@ -175,10 +175,10 @@ void IncrementalSweep::commit()
         size += rebuilt.pairs.size();
     m_state.checkSize(size);
     for (const Rebuilt& rebuilt : m_rebuilt) {
-        CrossingNode& node = m_state.nodes[rebuilt.node];
-        m_state.pairCount += rebuilt.pairs.size() - node.pairs.count;
-        node.pairs = {static_cast<std::uint32_t>(m_state.pairs.size()),
-                      static_cast<std::uint32_t>(rebuilt.pairs.size())};
+        TableBlock& block = m_state.pairBlocks[rebuilt.node];
+        m_state.pairCount += rebuilt.pairs.size() - block.count;
+        block = {static_cast<std::uint32_t>(m_state.pairs.size()),
+                 static_cast<std::uint32_t>(rebuilt.pairs.size())};
         for (const CrossingPair& pair : rebuilt.pairs)
             m_state.pairs.push_back(pair);
         m_state.markAffected(rebuilt.node);

@@ -41,6 +41,7 @@ bool PublishTask::begin()
         startAnother(m_round + 1);
         return false;
     }
+    m_isAnyLeftOut = isLate;
     state().newlyPending.clear();
     m_itemOf.resize(state().nodes.size());
     m_update.items.reserve(state().affected.size());
@@ -56,29 +57,51 @@ void PublishTask::startAnother(int round)
 
 bool PublishTask::isLeftOut(std::uint32_t slot) const
 {
-    const CrossingNode& node = state().nodes[slot];
-    return !node.isRegistered || node.isPending();
+    return m_isAnyLeftOut && state().nodes[slot].isPending();
 }
 
 void PublishTask::build(std::uint32_t slot)
 {
-    const CrossingNode& node = state().nodes[slot];
-    PathIntersectionsUpdate::Item item{node.node, {}};
-    if (!isLeftOut(slot)) {
-        item.crossings.reserve(node.pairs.count);
-        CrossingPair last{};
-        for (std::uint32_t i = 0; i < node.pairs.count; ++i) {
-            const CrossingPair pair = state().pairs[node.pairs.first + i];
-            const std::uint32_t v = state().segments[pair.vertical].node;
-            const std::uint32_t h = state().segments[pair.horizontal].node;
-            const bool isSecond = v == h && i > 0 && pair == last;
-            last = isSecond ? CrossingPair{} : pair;
-            if (!isLeftOut(v == slot ? h : v))
-                item.crossings.push_back(record(pair, v == slot, isSecond));
-        }
-    }
-    m_update.items.push_back(std::move(item));
+    CrossingNode& node = state().nodes[slot];
+    if (!node.node.isValid())
+        return;
+    m_update.items.push_back({node.node, {}});
     m_itemOf[slot] = static_cast<std::uint32_t>(m_update.items.size());
+    if (!isLeftOut(slot))
+        m_update.items.back().crossings = recordsOf(slot);
+    node.hasPublished = !m_update.items.back().crossings.empty();
+}
+
+std::vector<PathIntersection> PublishTask::recordsOf(std::uint32_t slot)
+{
+    const TableBlock block = state().pairBlocks[slot];
+    std::vector<PathIntersection> records;
+    records.reserve(block.count);
+    bool isSecond = false; // of two for one crossing of a path with itself
+    for (std::uint32_t i = 0; i < block.count; ++i) {
+        prefetch(block.first + i, state().pairs.size());
+        const CrossingPair pair = state().pairs[block.first + i];
+        const std::uint32_t v = state().segments[pair.vertical].node;
+        const std::uint32_t h = state().segments[pair.horizontal].node;
+        if (!isLeftOut(v == slot ? h : v))
+            records.push_back(record(pair, v == slot, isSecond));
+        isSecond = v == h && !isSecond;
+    }
+    return records;
+}
+
+void PublishTask::prefetch(std::size_t pair, std::size_t end)
+{
+    // The pieces of the other paths lie anywhere. Blocks follow each other in most cases.
+    constexpr std::size_t kAhead = 12;
+    if (pair + kAhead >= end)
+        return;
+    const CrossingPair& later = state().pairs[pair + kAhead];
+    __builtin_prefetch(&state().segments[later.vertical]);
+    __builtin_prefetch(&state().segments[later.horizontal]);
+    const CrossingPair& next = state().pairs[pair + kAhead / 2];
+    __builtin_prefetch(&state().nodeOf(state().segments[next.vertical]).node);
+    __builtin_prefetch(&state().nodeOf(state().segments[next.horizontal]).node);
 }
 
 PathIntersection PublishTask::record(const CrossingPair& pair, bool isVerticals, bool isSecondOfOwn)
@@ -97,11 +120,6 @@ PathIntersection PublishTask::record(const CrossingPair& pair, bool isVerticals,
 void PublishTask::deliver()
 {
     leaveOutLate();
-    for (const std::uint32_t slot : state().affected) {
-        CrossingNode& node = state().nodes[slot];
-        node.hasPublished = !m_update.items[m_itemOf[slot] - 1].crossings.empty();
-    }
-    std::erase_if(m_update.items, [](const auto& item) { return !item.node.isValid(); });
     state().isPublished = true;
     state().publishedCount = state().pairCount / 2;
     if (!m_update.items.empty())
@@ -128,8 +146,9 @@ void PublishTask::leaveOut(std::uint32_t slot)
     const CrossingNode& node = state().nodes[slot];
     if (auto* const own = crossingsOf(slot))
         own->clear();
-    for (std::uint32_t i = 0; i < node.pairs.count; ++i) {
-        const CrossingPair pair = state().pairs[node.pairs.first + i];
+    const TableBlock block = state().pairBlocks[slot];
+    for (std::uint32_t i = 0; i < block.count; ++i) {
+        const CrossingPair pair = state().pairs[block.first + i];
         for (const std::uint32_t id : {pair.vertical, pair.horizontal}) {
             if (auto* const others = crossingsOf(state().segments[id].node))
                 std::erase_if(*others, [&](const auto& one) { return one.other == node.node; });

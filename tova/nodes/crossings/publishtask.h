@@ -25,6 +25,8 @@ private:
     bool begin();
     void build(std::uint32_t slot);
     PathIntersection record(const CrossingPair& pair, bool isVerticals, bool isSecondOfOwn);
+    std::vector<PathIntersection> recordsOf(std::uint32_t slot);
+    void prefetch(std::size_t pair, std::size_t end);
     bool isLeftOut(std::uint32_t slot) const;
     void deliver();
     void leaveOutLate();
@@ -34,6 +36,7 @@ private:
 
     std::weak_ptr<Host::OrderedTaskSession> m_session;
     int m_round;
+    bool m_isAnyLeftOut = false;
     Phase m_phase = Phase::Begin;
     std::size_t m_cursor = 0;
     PathIntersectionsUpdate m_update;

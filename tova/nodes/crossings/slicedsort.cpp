@@ -8,11 +8,21 @@
 
 namespace Tova2 {
 
+namespace {
+
+constexpr std::uint64_t kSign = std::uint64_t{1} << 63;
+
+} // namespace
+
 std::uint64_t sortKey(double number)
 {
     const auto bits = std::bit_cast<std::uint64_t>(number + 0.0); // turns -0 into 0
-    constexpr std::uint64_t kSign = std::uint64_t{1} << 63;
     return bits & kSign ? ~bits : bits | kSign;
+}
+
+double numberOfKey(std::uint64_t key)
+{
+    return std::bit_cast<double>(key & kSign ? key & ~kSign : ~key);
 }
 
 SlicedSort::SlicedSort(ScratchArray<SortItem> items) : m_items(std::move(items)) {}

@@ -16,6 +16,7 @@ struct SortItem {
 
 /// A key that orders as the finite number does; both zeros have the same.
 std::uint64_t sortKey(double number);
+double numberOfKey(std::uint64_t key);
 
 /// Stable sort by key that may stop at any time: a radix sort, since each of its passes is a plain
 /// loop, and since coordinates of diagrams agree in most of their bits.
