@@ -161,7 +161,7 @@ bool FullSweep::sweep(Host::TaskBudget& budget)
 {
     return slicedEach(m_cursor, m_index.verticals.size(), budget, [this](std::size_t i) {
         advanceTo(m_index.verticals[i].x);
-        meet(m_index.verticals[i]);
+        meet(static_cast<std::uint32_t>(i));
     });
 }
 
@@ -174,8 +174,9 @@ void FullSweep::advanceTo(double x)
         m_active->erase(m_ending[m_endCursor].place);
 }
 
-void FullSweep::meet(const SegmentIndex::Vertical& vertical)
+void FullSweep::meet(std::uint32_t number)
 {
+    const SegmentIndex::Vertical& vertical = m_index.verticals[number];
     const std::size_t first = firstAbove(vertical.y1);
     if (first == m_ys.size() || !(m_ys[first] < vertical.y2))
         return;
@@ -185,7 +186,7 @@ void FullSweep::meet(const SegmentIndex::Vertical& vertical)
     });
     sortMet();
     for (const std::uint64_t met : m_met)
-        emit(vertical, static_cast<std::uint32_t>(met));
+        emit({number, static_cast<std::uint32_t>(met)});
 }
 
 std::size_t FullSweep::firstAbove(double y) const
@@ -227,13 +228,12 @@ void FullSweep::sortMet()
     });
 }
 
-void FullSweep::emit(const SegmentIndex::Vertical& vertical, std::uint32_t place)
+void FullSweep::emit(const Found& found)
 {
-    const SegmentIndex::Horizontal& row = m_index.horizontals[place];
     m_state.checkSize(2 * m_found.size() + 2);
-    m_found.push_back({{vertical.segment, row.segment}, vertical.node, row.node});
-    ++m_pairBlocks[vertical.node].count;
-    ++m_pairBlocks[row.node].count;
+    m_found.push_back(found);
+    ++m_pairBlocks[m_index.verticals[found.vertical].node].count;
+    ++m_pairBlocks[m_index.horizontals[found.row].node].count;
 }
 
 bool FullSweep::lay(Host::TaskBudget&)
@@ -252,19 +252,27 @@ bool FullSweep::scatter(Host::TaskBudget& budget)
     return sliced(m_cursor, m_found.size(), kBlock, budget, [&](std::size_t from, std::size_t to) {
         for (std::size_t i = from; i < to; ++i) {
             prefetchTargets(m_found[std::min(i + kAhead, to - 1)]);
-            for (const std::uint32_t node : {m_found[i].verticalNode, m_found[i].horizontalNode}) {
-                TableBlock& block = m_pairBlocks[node];
-                m_pairs[block.first + block.count++] = m_found[i].pair;
-            }
+            assign(m_found[i]);
         }
     });
 }
 
 void FullSweep::prefetchTargets(const Found& found)
 {
-    for (const std::uint32_t node : {found.verticalNode, found.horizontalNode}) {
+    for (const std::uint32_t node :
+         {m_index.verticals[found.vertical].node, m_index.horizontals[found.row].node}) {
         const TableBlock& block = m_pairBlocks[node];
         __builtin_prefetch(&m_pairs[block.first + block.count], 1);
+    }
+}
+
+void FullSweep::assign(const Found& found)
+{
+    const SegmentIndex::Vertical& vertical = m_index.verticals[found.vertical];
+    const SegmentIndex::Horizontal& row = m_index.horizontals[found.row];
+    for (const std::uint32_t node : {vertical.node, row.node}) {
+        TableBlock& block = m_pairBlocks[node];
+        m_pairs[block.first + block.count++] = {vertical.segment, row.segment};
     }
 }
 

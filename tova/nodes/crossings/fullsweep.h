@@ -34,9 +34,10 @@ private:
         double left;
         std::uint32_t place; ///< by y
     };
+    /// By their places in the new index.
     struct Found {
-        CrossingPair pair;
-        std::uint32_t verticalNode, horizontalNode;
+        std::uint32_t vertical;
+        std::uint32_t row;
     };
     struct Ending {
         double right;
@@ -59,14 +60,15 @@ private:
     bool placeEnds(Host::TaskBudget& budget);
     bool sweep(Host::TaskBudget& budget);
     void advanceTo(double x);
-    void meet(const SegmentIndex::Vertical& vertical);
+    void meet(std::uint32_t vertical);
     std::size_t firstAbove(double y) const;
     std::size_t firstFrom(double y, std::size_t place) const;
     void sortMet();
-    void emit(const SegmentIndex::Vertical& vertical, std::uint32_t place);
+    void emit(const Found& found);
     bool lay(Host::TaskBudget& budget);
     bool scatter(Host::TaskBudget& budget);
     void prefetchTargets(const Found& found);
+    void assign(const Found& found);
     bool markAffected(Host::TaskBudget& budget);
     bool commit(Host::TaskBudget& budget);
     bool clean(Host::TaskBudget& budget);
