@@ -19,6 +19,8 @@
 #include "tova/nodes/style/stroke.h"
 #include "tova/nodes/style/strokeinsettype.h"
 
+#include "tova/nodes/crossings/pathintersection.h"
+
 #include "tova/nodes/cachetype.h"
 #include "tova/nodes/compositenode.h"
 #include "tova/nodes/containernode.h"
