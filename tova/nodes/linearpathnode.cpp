@@ -103,6 +103,22 @@ void LinearPathNode::translate(const Vetra::GLPoint<double>& distance)
     getValidLinearPathImpl()->translatePoints(Vetra::toQt(distance));
 }
 
+std::vector<Vetra::GLPoint<double>> LinearPathNode::intersectionPoints() const
+{
+    std::vector<Vetra::GLPoint<double>> points;
+    for (const PathIntersection& crossing : getValidLinearPathImpl()->drawnCrossings())
+        points.push_back({crossing.x, crossing.y});
+    return points;
+}
+
+std::vector<Vetra::GLPoint<double>> LinearPathNode::intersectionPointsRaw() const
+{
+    std::vector<Vetra::GLPoint<double>> points;
+    for (const PathIntersection& crossing : getValidLinearPathImpl()->crossings())
+        points.push_back({crossing.x, crossing.y});
+    return points;
+}
+
 const char* LinearPathNode::staticGetFullyQualifiedKobjTypeName()
 {
     return LinearPathNodeImpl::kTypeName;

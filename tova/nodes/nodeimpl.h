@@ -17,6 +17,7 @@
 
 namespace Tova2 {
 
+class LinearPathNodeImpl;
 class NodeChangeSink;
 class PaintContext;
 class SceneLink;
@@ -48,6 +49,8 @@ public:
     virtual const char* typeName() const { return "Tova2.Node"; }
     virtual bool isa(const char* name) const;
     Node handle() { return Node(this); }
+    /// Null for every other kind: what takes part in crossings.
+    virtual LinearPathNodeImpl* asLinearPath() { return nullptr; }
     /// Only for the loop that takes nodes down.
     /// Carries out what `dispose` has put off, unless somebody has come to hold the node since.
     void deleteIfUnheld()
@@ -87,6 +90,9 @@ public:
     QRectF strokedRectAt(double viewScale) const;
     /// How far the stroke may reach beyond the geometry, as a multiple of its width.
     virtual double strokeReach() const { return 0.5; }
+    /// In scene units at a view scale of 1, how far marks may lie beyond the stroked geometry; they
+    /// keep their size on the device when the view zooms out.
+    virtual double markReach() const { return 0; }
     /// False for what scene bounds leave out although it has bounds.
     virtual bool countsInBounds() const { return true; }
 

@@ -3,6 +3,8 @@
 #include "nodes/nodeextras.h"
 #include "nodes/nodeimpl.h"
 
+#include "tova/nodes/crossings/pathintersectionsenabledtag.h"
+
 namespace Tova2 {
 
 using Vetra::StringID;
@@ -15,6 +17,13 @@ bool isTagged(const NodeImpl* impl, const StringID& tag)
     return extras && extras->tags.contains(tag);
 }
 
+/// Tags are the host's own business, but for a path: one of them may take it out of the crossings.
+void tagChanged(NodeImpl& node, const StringID& tag)
+{
+    if (tag == pathIntersectionsEnabledTag() && node.asLinearPath())
+        node.reportChange(ChangeLevel::Geometry);
+}
+
 } // namespace
 
 void Node::addTag(const StringID& tag)
@@ -24,7 +33,9 @@ void Node::addTag(const StringID& tag)
 
 void Node::addTag(const StringID& tag, const Vetra::any& value)
 {
-    getValidImpl()->madeExtras().tags.insert_or_assign(tag, value);
+    NodeImpl* const impl = getValidImpl();
+    impl->madeExtras().tags.insert_or_assign(tag, value);
+    tagChanged(*impl, tag);
 }
 
 bool Node::hasTag(const StringID& tag) const
@@ -50,14 +61,20 @@ std::vector<StringID> Node::getTags() const
 
 void Node::removeTag(const StringID& tag)
 {
-    if (NodeExtras* const extras = getValidImpl()->extras())
-        extras->tags.erase(tag);
+    NodeImpl* const impl = getValidImpl();
+    if (impl->extras() && impl->extras()->tags.erase(tag))
+        tagChanged(*impl, tag);
 }
 
 void Node::removeAllTags()
 {
-    if (NodeExtras* const extras = getValidImpl()->extras())
-        extras->tags.clear();
+    NodeImpl* const impl = getValidImpl();
+    if (!impl->extras())
+        return;
+    const bool hadOptOut = isTagged(impl, pathIntersectionsEnabledTag());
+    impl->extras()->tags.clear();
+    if (hadOptOut)
+        tagChanged(*impl, pathIntersectionsEnabledTag());
 }
 
 std::vector<Node> Node::getChildrenWithTag(const StringID& tag) const

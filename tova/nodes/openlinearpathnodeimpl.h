@@ -36,6 +36,7 @@ protected:
     bool isCurved() const override;
     double slack() const override { return m_cornerRadius; }
     QPainterPath pathOf(const Range& range) const override;
+    DrawnSegment drawnSegment(const Range& range, std::size_t segment) const override;
     void pointsChanged() override { placeDecorations(); }
 
 private:

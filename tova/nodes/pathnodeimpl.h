@@ -15,6 +15,8 @@
 
 namespace Tova2 {
 
+struct CrossingOutline;
+
 /// What straight and curved paths share: strokes that change along the way, hit tests and bounds,
 /// and paint. A derived class holds the vertices and says what is drawn between them.
 ///
@@ -70,6 +72,10 @@ protected:
     virtual double slack() const { return 0; }
     /// As one line, from the first segment's start to the last one's end.
     virtual QPainterPath pathOf(const Range& range) const = 0;
+
+    /// The segments with the marks of their crossings, in the node's coordinates. False, and
+    /// nothing built, where there is none to draw.
+    virtual bool buildCrossings(const Range&, double, CrossingOutline&) const { return false; }
 
     void dropCaches(ChangeLevel level) override;
     FlatPath flat() const;

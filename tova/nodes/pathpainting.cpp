@@ -1,6 +1,9 @@
+#include "nodes/crossings/crossingoutline.h"
 #include "nodes/paintcontext.h"
 #include "nodes/pathcache.h"
 #include "nodes/pen.h"
+#include "nodes/scenelink.h"
+#include "nodes/values.h"
 
 #include "tova/nodes/geometry/limits.h"
 #include "vetra/qt.h"
@@ -84,6 +87,8 @@ private:
     void drawLoop(const Stroke& stroke);
     void drawRun(const Run& run);
     void drawSeenParts(const Run& run);
+    bool drawCrossings(const Run& run);
+    void drawPin(const PinMark& pin, const Stroke& stroke);
     std::vector<Stretch> seenParts(const Run& run) const;
     void drawAtOnce(const Run& run, const std::vector<Stretch>& stretches);
     void drawStretch(const Run& run, const Stretch& stretch);
@@ -186,10 +191,56 @@ void PathNodeImpl::Painting::drawRun(const Run& run)
     // The dashes of what lies before a part of a curve are known only nearly.
     const bool isSolid = run.stroke->style() == StrokeStyle::SolidLine;
     const bool isDashedCurve = m_node.isCurved() && !isSolid && run.count < kManyPieces;
+    if (drawCrossings(run))
+        return;
     if (m_flat.chunks.empty() || isDashedCurve)
         drawStretch(run, {0, run.count, 0});
     else
         drawSeenParts(run);
+}
+
+bool PathNodeImpl::Painting::drawCrossings(const Run& run)
+{
+    CrossingOutline outline;
+    const Range range = m_node.segmentsOf(m_flat, run.first, run.count);
+    if (!m_node.buildCrossings(range, m_context.options().viewScale, outline))
+        return false;
+    m_context.drawPath(outline.main);
+    if (!outline.thinHops.isEmpty())
+        m_context.drawPath(outline.thinHops);
+    for (const PinMark& pin : outline.pins)
+        drawPin(pin, *run.stroke);
+    return true;
+}
+
+// The line fades into the paper on its way to the line that it crosses, and out of it on the other
+// side; the crossed line itself is left alone.
+void PathNodeImpl::Painting::drawPin(const PinMark& pin, const Stroke& stroke)
+{
+    SceneLink* const scene = m_node.sceneLink();
+    if (!scene || isSame(pin.start, pin.end))
+        return;
+    QPainter& painter = m_context.localPainter();
+    QColor paper = scene->paperColor(), clear = paper;
+    clear.setAlpha(0);
+    NodeImpl* const crossed = pin.crossed.getImpl();
+    const double clearing =
+        crossed ? crossed->drawStyle().stroke().width(m_context.options().viewScale) : 0;
+    const double length = QLineF(pin.start, pin.end).length();
+    const double middle = std::min(clearing / length / 2, 0.5);
+    QLinearGradient fade(pin.start, pin.end);
+    fade.setColorAt(0, clear);
+    fade.setColorAt(0.5 - middle, paper);
+    fade.setColorAt(0.5 + middle, paper);
+    fade.setColorAt(1, clear);
+    QPen pen = painter.pen();
+    const double width =
+        stroke.width(m_context.options().viewScale) + 1 / m_context.options().viewScale;
+    painter.setPen(QPen(QBrush(fade), width, Qt::SolidLine, Qt::FlatCap));
+    const QPointF step = pin.end - pin.start;
+    painter.drawLine(QLineF(pin.start, pin.start + step * (0.5 - middle)));
+    painter.drawLine(QLineF(pin.start + step * (0.5 + middle), pin.end));
+    m_context.forgetPainterState();
 }
 
 void PathNodeImpl::Painting::drawSeenParts(const Run& run)

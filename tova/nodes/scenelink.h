@@ -2,12 +2,14 @@
 
 #include "nodes/changelevel.h"
 
+#include <QColor>
 #include <QPointF>
 
 namespace Tova2 {
 
 class NodeChangeSink;
 class NodeImpl;
+class PathIntersectionsDecorator;
 class Scene;
 
 /// What a node asks of the scene it is in. Lets nodes stay below scenes.
@@ -32,6 +34,11 @@ public:
     virtual void toBottom(NodeImpl& node) = 0;
     virtual void placeAbove(NodeImpl& node, const NodeImpl& reference) = 0;
     virtual void placeBelow(NodeImpl& node, const NodeImpl& reference) = 0;
+
+    /// Null while crossings are not drawn.
+    virtual const PathIntersectionsDecorator* crossingDecorator() const = 0;
+    /// What lies behind the nodes, for marks that let a line fade.
+    virtual QColor paperColor() const = 0;
 
     /// The scene point nearest to `point` that lies on a pixel's corner in the paint under way.
     virtual QPointF pixelAligned(const QPointF& point) const = 0;

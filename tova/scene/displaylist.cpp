@@ -149,6 +149,7 @@ DisplayList::Description DisplayList::describe(const NodeImpl& node, PlacementCa
                              ? 1.0
                              : std::sqrt(std::abs(transform.determinant()));
     const bool isKnown = m_reach.include(node.drawStyle().stroke(), node.strokeReach(), scale);
+    m_reach.includeMarks(node.markReach());
     const bool isFixed =
         isKnown && !inherited.ignoresTransformations && !node.geometryDependsOnScale();
     if (!isFixed && !result.box.isNowhere()) {

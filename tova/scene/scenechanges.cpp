@@ -1,7 +1,9 @@
+#include "scene/crossingmanager.h"
 #include "scene/nodecache.h"
 #include "scene/sceneprivate.h"
 
 #include "tova/scene/scenechangetracker.h"
+#include "vetra/qt.h"
 
 #include <QMetaObject>
 
@@ -23,6 +25,7 @@ void ScenePrivate::noteChange(NodeImpl& node, ChangeLevel level) noexcept
 {
     ++m_editCounter;
     m_cache->noteChange(node, level);
+    m_crossings->nodeChanged(node, level);
     if (level == ChangeLevel::Appearance) {
         if (isWatched())
             requestRepaint(m_displayList.computeBox(node));
@@ -97,6 +100,7 @@ void ScenePrivate::noteReparented(NodeImpl& node) noexcept
         addTopLevel(node);
     m_displayList.markOrderStale();
     m_displayList.markSubtreeStale(node);
+    m_crossings->nodeChanged(node, ChangeLevel::Placement);
     m_bounds.reset();
     if (isWatched())
         requestRepaint(computeBoxOfSubtree(node));
@@ -120,6 +124,25 @@ void ScenePrivate::removeRepaintSink(RepaintSink* sink)
 {
     displayList();
     std::erase(m_repaintSinks, sink);
+}
+
+const PathIntersectionsDecorator* ScenePrivate::crossingDecorator() const
+{
+    return m_crossings->decorator();
+}
+
+QColor ScenePrivate::paperColor() const
+{
+    return settings.background.hasColor() ? Vetra::toQt(settings.background.getColor())
+                                          : QColor(Qt::white);
+}
+
+void ScenePrivate::repaintNode(NodeImpl& node)
+{
+    ++m_editCounter;
+    m_cache->drop(node);
+    if (isWatched())
+        requestRepaint(m_displayList.computeBox(node));
 }
 
 void ScenePrivate::requestFullRepaint()

@@ -3,6 +3,7 @@
 #include "nodes/deferrederror.h"
 #include "nodes/destruction.h"
 #include "nodes/values.h"
+#include "scene/crossingmanager.h"
 #include "scene/nodecache.h"
 
 #include "host/diagnosticscounter.h"
@@ -51,7 +52,9 @@ private:
 
 } // namespace
 
-ScenePrivate::ScenePrivate() : m_cache(std::make_unique<NodeCache>()) {}
+ScenePrivate::ScenePrivate()
+    : m_cache(std::make_unique<NodeCache>()), m_crossings(std::make_unique<CrossingManager>(*this))
+{}
 
 ScenePrivate::~ScenePrivate()
 {
@@ -138,6 +141,8 @@ void ScenePrivate::enter(NodeImpl& node)
         m_lowestZ = std::min(m_lowestZ, entered->zValue());
         m_highestZ = std::max(m_highestZ, entered->zValue());
     }
+    for (NodeImpl* const entered : subtree)
+        m_crossings->nodeEntered(*entered);
     m_nodeCount += static_cast<unsigned>(subtree.size());
     addTopLevel(node);
     node.setMembership(true);
@@ -176,6 +181,7 @@ void ScenePrivate::leave(NodeImpl& node)
         m_displayList.strikeOut(*left);
         m_cache->drop(*left);
         std::erase(m_unsettled, left);
+        m_crossings->nodeLeft(*left);
         left->setSceneLink(nullptr);
     }
     m_toolkit.removeSubtree(node, subtree);

@@ -16,6 +16,7 @@
 
 namespace Tova2 {
 
+class CrossingManager;
 class DeferredError;
 class NodeCache;
 class Scene;
@@ -71,6 +72,11 @@ public:
     QRectF bounds();
     NodeCache& cache() { return *m_cache; }
     QPointF pixelAligned(const QPointF& point) const override;
+    CrossingManager& crossings() { return *m_crossings; }
+    const PathIntersectionsDecorator* crossingDecorator() const override;
+    QColor paperColor() const override;
+    /// Other pixels, of which neither trackers nor caches of geometry need to know.
+    void repaintNode(NodeImpl& node);
 
     /// In force while a paint is under way; restored by whoever sets it.
     struct PaintState {
@@ -118,6 +124,7 @@ private:
     SceneChangeTracker* m_tracker = nullptr;
     std::vector<const NodeImpl*> m_announced; ///< whose coming or going the tracker is being told
     std::unique_ptr<NodeCache> m_cache;
+    std::unique_ptr<CrossingManager> m_crossings;
     std::vector<NodeImpl*> m_unsettled; ///< whose new bounds are not known to be in force yet
     QObject m_nextTurn;
     std::optional<QRectF> m_bounds;

@@ -1,7 +1,9 @@
 #include "scene/scenesettings.h"
 
+#include "scene/crossingmanager.h"
 #include "scene/sceneprivate.h"
 
+#include "host/cooperativetaskmanager.h"
 #include "tova/scene/scene.h"
 #include "tova/scene/sceneerrors.h"
 
@@ -69,22 +71,37 @@ void Scene::setMinRenderFontSize(int size)
 
 bool Scene::pathIntersectionsEnabled() const
 {
-    return d->settings.pathIntersectionsEnabled;
+    return d->crossings().isEnabled();
 }
 
 void Scene::setPathIntersectionsEnabled(bool enabled)
 {
-    d->settings.pathIntersectionsEnabled = enabled;
+    d->crossings().setEnabled(enabled);
 }
 
 const std::string& Scene::pathIntersectionsDecoratorName() const
 {
-    return d->settings.pathIntersectionsDecoratorName;
+    return d->crossings().decoratorName();
 }
 
 void Scene::usePathIntersectionsDecorator(const std::string& name)
 {
-    d->settings.pathIntersectionsDecoratorName = name;
+    d->crossings().useDecorator(name);
+}
+
+bool Scene::pathIntersectionsAllFound() const
+{
+    return d->crossings().allFound();
+}
+
+std::size_t Scene::pathIntersectionsCount() const
+{
+    return d->crossings().crossingCount();
+}
+
+void Scene::findPathIntersections()
+{
+    Host::CooperativeTaskManager::instance().runAll();
 }
 
 bool Scene::usingDebugRepaintRegion() const

@@ -16,8 +16,6 @@ struct SceneSettings {
     Background background;
     Vetra::StringID lodStrategyKey; ///< empty: the level-of-detail manager's default
     int minRenderFontSize = 5;
-    bool pathIntersectionsEnabled = true;
-    std::string pathIntersectionsDecoratorName = "grad_pin";
     bool debugRepaintRegion = false;
     Vetra::Color debugRepaintRegionColor{0, 1.0, 0, 0.5};
     bool debugTextEditArea = false;

@@ -52,7 +52,7 @@ double ViewReach::at(double viewScale) const
             farthest = std::max(farthest, m_scaled[i] * growth);
         }
     }
-    return farthest + 1.0 / viewScale;
+    return farthest + m_marks * std::max(1.0, 1.0 / viewScale) + 1.0 / viewScale;
 }
 
 } // namespace Tova2

@@ -13,13 +13,15 @@ class ViewReach {
 public:
     /// False for a stroke whose width at other scales nobody can tell: its node may be anywhere.
     bool include(const Stroke& stroke, double reachPerWidth, double sceneScale);
+    void includeMarks(double reach) { m_marks = reach > m_marks ? reach : m_marks; }
     void clear() { *this = ViewReach(); }
 
     /// In scene units, with a pixel for antialiasing.
     double at(double viewScale) const;
 
 private:
-    double m_cosmetic = 0;            ///< in pixels
+    double m_marks = 0;    ///< in scene units at a view scale of 1, and never less in pixels
+    double m_cosmetic = 0; ///< in pixels
     std::array<double, 5> m_scaled{}; ///< in scene units at a multiplier of 1, by standard function
 };
 

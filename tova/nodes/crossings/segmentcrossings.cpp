@@ -13,6 +13,25 @@ bool hasRoom(const PathIntersection& crossing, const PathXSegmentDecorator::Clea
     return std::ranges::equal(crossing.clearance, required, std::greater<>());
 }
 
+/// The ends may lie closer than those of the whole segment, which the record knows: where a corner
+/// is cut off, or the line gives way to a decoration.
+bool hasRoomBetween(const PathIntersection& crossing,
+                    const PathXSegmentDecorator::Clearance& required, const QPointF& from,
+                    const QPointF& to)
+{
+    const auto [left, right] = std::minmax({from.x(), to.x()});
+    const auto [top, bottom] = std::minmax({from.y(), to.y()});
+    if (from.x() == to.x())
+        return crossing.y - top > required[0] && bottom - crossing.y > required[2];
+    return crossing.x - left > required[1] && right - crossing.x > required[3];
+}
+
+/// A path that crosses itself has two records of one place.
+bool isSamePlace(const PathIntersection* a, const PathIntersection* b)
+{
+    return a->x == b->x && a->y == b->y && a->other == b->other;
+}
+
 } // namespace
 
 SegmentCrossings::SegmentCrossings(std::span<const PathIntersection> crossings)
@@ -59,8 +78,10 @@ std::vector<const PathIntersection*> drawnCrossings(const PathXSegmentDecorator&
 {
     auto drawn = crossings.on(from, to);
     std::erase_if(drawn, [&](const PathIntersection* crossing) {
-        return !hasRoom(*crossing, decorator.requiredBy(*crossing));
+        const auto required = decorator.requiredBy(*crossing);
+        return !hasRoom(*crossing, required) || !hasRoomBetween(*crossing, required, from, to);
     });
+    drawn.erase(std::unique(drawn.begin(), drawn.end(), isSamePlace), drawn.end());
     return drawn;
 }
 

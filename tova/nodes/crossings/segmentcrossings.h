@@ -32,7 +32,7 @@ private:
 };
 
 /// Of `SegmentCrossings::on` those that the decorator draws: all four free distances are greater
-/// than what it needs.
+/// than what it needs, and so are those to `from` and `to`. A place is drawn once.
 std::vector<const PathIntersection*> drawnCrossings(const PathXSegmentDecorator& decorator,
                                                     const SegmentCrossings& crossings,
                                                     const QPointF& from, const QPointF& to);

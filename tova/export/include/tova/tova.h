@@ -20,6 +20,7 @@
 #include "tova/nodes/style/strokeinsettype.h"
 
 #include "tova/nodes/crossings/pathintersection.h"
+#include "tova/nodes/crossings/pathintersectionsenabledtag.h"
 
 #include "tova/nodes/cachetype.h"
 #include "tova/nodes/compositenode.h"

@@ -40,6 +40,13 @@ public:
     void scale(double factor);
     void translate(const Vetra::GLPoint<double>& distance);
 
+    /// Where the path crosses others, in scene coordinates, as far as the scene's decorator draws
+    /// it: a crossing too close to an end or a corner is left out, and all are while nothing is
+    /// drawn.
+    std::vector<Vetra::GLPoint<double>> intersectionPoints() const;
+    /// All that the scene has found.
+    std::vector<Vetra::GLPoint<double>> intersectionPointsRaw() const;
+
     static const char* staticGetFullyQualifiedKobjTypeName();
 
 protected:

@@ -101,10 +101,21 @@ public:
     /// In pixels.
     int getMinRenderFontSize() const;
     void setMinRenderFontSize(int size);
+    /// Whether crossings of linear paths are looked for and marked; on in a new scene.
     bool pathIntersectionsEnabled() const;
     void setPathIntersectionsEnabled(bool enabled);
+    /// Empty when crossings are found and not drawn.
     const std::string& pathIntersectionsDecoratorName() const;
+    /// "hop", "pin", "grad_pin" or "light_pin"; any other name turns decoration off.
     void usePathIntersectionsDecorator(const std::string& name);
+    /// Whether the worker has finished a whole pass and published it, and nothing has changed
+    /// since.
+    bool pathIntersectionsAllFound() const;
+    /// In what was published last.
+    std::size_t pathIntersectionsCount() const;
+    /// Finishes the pass at once instead of between the events of the loop, for pictures made
+    /// without one.
+    void findPathIntersections();
     bool usingDebugRepaintRegion() const;
     void setDebugRepaintRegion(bool on);
     Vetra::Color debugRepaintRegionColor() const;
