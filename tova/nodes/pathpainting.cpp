@@ -12,6 +12,7 @@
 #include <QPainter>
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 
 namespace Tova2 {
@@ -20,21 +21,75 @@ namespace {
 
 /// Above so many points those that no pixel tells apart are left out.
 constexpr std::size_t kManyPoints = 4096;
-constexpr double kIndistinctPixels = 0.1;
+constexpr double kIndistinctPixels = 0.25;
+/// As many points the toolkit fills at once; its time grows faster than their number.
+constexpr std::size_t kSlice = 512;
 /// Beyond it, even dashed curves are drawn in parts.
 constexpr std::size_t kManyPieces = 50'000;
 
-/// Only what is as far apart as `distance`, and the last one.
-void thin(std::vector<QPointF>& points, double distance)
-{
-    std::size_t kept = 0;
-    for (std::size_t i = 1; i + 1 < points.size(); ++i) {
-        const QPointF step = points[i] - points[kept];
-        if (std::abs(step.x()) >= distance || std::abs(step.y()) >= distance)
-            points[++kept] = points[i];
+/// A stretch of neighbouring points that lie in a strip too narrow to tell apart.
+class Strip {
+public:
+    Strip(std::size_t index, const QPointF& device)
+        : m_left(device.x())
+        , m_right(m_left)
+        , m_top(device.y())
+        , m_bottom(m_top)
+        , m_first(index)
+        , m_extremes{index, index, index, index}
+    {}
+    /// False when the point lies outside; the strip is complete then.
+    bool add(std::size_t index, const QPointF& device)
+    {
+        const double left = std::min(m_left, device.x()), right = std::max(m_right, device.x());
+        const double top = std::min(m_top, device.y()), bottom = std::max(m_bottom, device.y());
+        if (right - left > kIndistinctPixels && bottom - top > kIndistinctPixels)
+            return false;
+        const bool isFarther[] = {left<m_left, right> m_right, top<m_top, bottom> m_bottom};
+        for (std::size_t side = 0; side < 4; ++side) {
+            if (isFarther[side])
+                m_extremes[side] = index;
+        }
+        m_left = left, m_right = right, m_top = top, m_bottom = bottom;
+        return true;
     }
-    points[++kept] = points.back();
-    points.resize(kept + 1);
+    /// Of the first point, the outermost ones and the last.
+    std::array<std::size_t, 6> kept(std::size_t last) const
+    {
+        std::array<std::size_t, 6> all{m_first,       m_extremes[0], m_extremes[1],
+                                       m_extremes[2], m_extremes[3], last};
+        std::sort(all.begin(), all.end());
+        return all;
+    }
+
+private:
+    double m_left, m_right, m_top, m_bottom;
+    std::size_t m_first;
+    std::array<std::size_t, 4> m_extremes;
+};
+
+/// Leaves out what no pixel tells apart: a path zoomed out far has thousands of points to a pixel.
+std::vector<QPointF> thinned(const std::vector<QPointF>& points, const QTransform& toDevice)
+{
+    std::vector<QPointF> result;
+    Strip strip(0, toDevice.map(points[0]));
+    const auto close = [&](std::size_t last) {
+        std::size_t before = points.size();
+        for (const std::size_t index : strip.kept(last)) {
+            if (index != before)
+                result.push_back(points[index]);
+            before = index;
+        }
+    };
+    for (std::size_t i = 1; i < points.size(); ++i) {
+        const QPointF device = toDevice.map(points[i]);
+        if (strip.add(i, device))
+            continue;
+        close(i - 1);
+        strip = Strip(i, device);
+    }
+    close(points.size() - 1);
+    return result;
 }
 
 /// The part of the line inside the rectangle; null when there is none.
@@ -92,6 +147,7 @@ private:
     std::vector<Stretch> seenParts(const Run& run) const;
     void drawAtOnce(const Run& run, const std::vector<Stretch>& stretches);
     void drawStretch(const Run& run, const Stretch& stretch);
+    void drawInSlices(std::span<const QPointF> points);
     QPainterPath curvesOf(const Run& run, const Stretch& stretch) const;
     std::vector<QPointF> pointsOf(const Run& run, const Stretch& stretch) const;
     void drawFarLines();
@@ -176,8 +232,7 @@ void PathNodeImpl::Painting::drawLoop(const Stroke& stroke)
     std::vector<QPointF> few;
     std::span<const QPointF> points = m_flat.points;
     if (points.size() > kManyPoints) {
-        few.assign(points.begin(), points.end());
-        thin(few, kIndistinctPixels / m_scale);
+        few = thinned({points.begin(), points.end()}, m_context.nodeToDevice());
         points = few;
     }
     m_context.drawPolygon(points);
@@ -268,6 +323,11 @@ std::vector<PathNodeImpl::Painting::Stretch> PathNodeImpl::Painting::seenParts(c
     for (std::size_t i = 0; i < run.count; ++i) {
         const std::size_t piece = (run.first + i) % m_flat.pieceCount();
         const bool isNowSeen = isSeen(piece);
+        if (!isNowSeen && !isDashed) {
+            // On to the next chunk, which may be the one around the first point.
+            const std::size_t rest = FlatChunk::kPieces - piece % FlatChunk::kPieces;
+            i += std::min(rest, m_flat.pieceCount() - piece) - 1;
+        }
         if (isNowSeen && !wasSeen)
             stretches.push_back({i, 0, length});
         if (isNowSeen)
@@ -307,10 +367,19 @@ void PathNodeImpl::Painting::drawStretch(const Run& run, const Stretch& stretch)
                                                                        : curvesOf(run, stretch));
     else if (first + stretch.count < m_flat.points.size() && stretch.count < kManyPoints)
         m_context.drawPolyline(m_flat.points.subspan(first, stretch.count + 1));
-    else
+    else if (run.stroke->style() != StrokeStyle::SolidLine || stretch.count < kManyPoints)
         m_context.drawPolyline(pointsOf(run, stretch));
+    else
+        drawInSlices(pointsOf(run, stretch));
     if (isShifted)
         m_context.forgetPainterState();
+}
+
+void PathNodeImpl::Painting::drawInSlices(std::span<const QPointF> points)
+{
+    // Two slices meet without a join, which nobody sees among so many points.
+    for (std::size_t first = 0; first + 1 < points.size(); first += kSlice)
+        m_context.drawPolyline(points.subspan(first, std::min(kSlice + 1, points.size() - first)));
 }
 
 // The painter is left with a pen that the context does not know until its state is forgotten.
@@ -344,7 +413,7 @@ std::vector<QPointF> PathNodeImpl::Painting::pointsOf(const Run& run, const Stre
     for (std::size_t i = 0; i <= stretch.count; ++i)
         points.push_back(m_flat.points[(run.first + stretch.first + i) % m_flat.points.size()]);
     if (points.size() > kManyPoints && run.stroke->style() == StrokeStyle::SolidLine)
-        thin(points, kIndistinctPixels / m_scale);
+        return thinned(points, m_context.nodeToDevice());
     return points;
 }
 
