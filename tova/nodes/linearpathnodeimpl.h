@@ -42,6 +42,7 @@ protected:
     QRectF exactRect() const override { return boundingRectOf(std::span(m_points)); }
     bool isCurved() const override { return false; }
     QPainterPath pathOf(const Range& range) const override;
+    bool hasCrossings() const override;
     bool buildCrossings(const Range& range, double viewScale, CrossingOutline& out) const override;
     /// The straight part of a segment as it is drawn, and the corner after it, if that is cut.
     struct DrawnSegment {

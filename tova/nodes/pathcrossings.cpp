@@ -40,6 +40,11 @@ std::span<const PathIntersection> LinearPathNodeImpl::crossings() const
                        : std::span<const PathIntersection>();
 }
 
+bool LinearPathNodeImpl::hasCrossings() const
+{
+    return m_crossings && sceneLink() && sceneLink()->crossingDecorator();
+}
+
 void LinearPathNodeImpl::setCrossings(std::vector<PathIntersection>&& crossings)
 {
     if (crossings.empty())
@@ -80,12 +85,13 @@ LinearPathNodeImpl::DrawnSegment LinearPathNodeImpl::drawnSegment(const Range&,
 bool LinearPathNodeImpl::buildCrossings(const Range& range, double viewScale,
                                         CrossingOutline& out) const
 {
-    const auto* const decorator =
-        m_crossings && sceneLink() ? sceneLink()->crossingDecorator() : nullptr;
-    const QTransform toScene = decorator ? sceneTransform() : QTransform();
+    if (!hasCrossings())
+        return false;
+    const auto* const decorator = sceneLink()->crossingDecorator();
+    const QTransform toScene = sceneTransform();
     bool isInvertible = false;
     const QTransform toLocal = toScene.inverted(&isInvertible);
-    if (!decorator || !isInvertible)
+    if (!isInvertible)
         return false;
     const SegmentCrossings crossings(*m_crossings);
     const CrossingContext context{out, lineWidth(), viewScale, widthOfCrossed};
@@ -110,10 +116,9 @@ bool LinearPathNodeImpl::buildCrossings(const Range& range, double viewScale,
 std::vector<PathIntersection> LinearPathNodeImpl::drawnCrossings() const
 {
     std::vector<PathIntersection> drawn;
-    const auto* const decorator =
-        m_crossings && sceneLink() ? sceneLink()->crossingDecorator() : nullptr;
-    if (!decorator || points().size() < 2)
+    if (!hasCrossings() || points().size() < 2)
         return drawn;
+    const auto* const decorator = sceneLink()->crossingDecorator();
     const QTransform toScene = sceneTransform();
     const SegmentCrossings crossings(*m_crossings);
     CrossingOutline outline;

@@ -73,6 +73,8 @@ protected:
     /// As one line, from the first segment's start to the last one's end.
     virtual QPainterPath pathOf(const Range& range) const = 0;
 
+    /// Whether there is anything to mark.
+    virtual bool hasCrossings() const { return false; }
     /// The segments with the marks of their crossings, in the node's coordinates. False, and
     /// nothing built, where there is none to draw.
     virtual bool buildCrossings(const Range&, double, CrossingOutline&) const { return false; }

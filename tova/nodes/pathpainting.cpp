@@ -175,7 +175,7 @@ void PathNodeImpl::Painting::run()
     if (!isExact)
         return drawFarLines();
     const Runs runs = m_node.runsOf(m_flat);
-    if (runs.size() == 1 && runs[0].isLoop && isAllSeen())
+    if (runs.size() == 1 && runs[0].isLoop && isAllSeen() && !m_node.hasCrossings())
         return drawLoop(*runs[0].stroke);
     if (m_node.isFilled())
         drawLoop(Stroke::NoStroke());

@@ -166,6 +166,18 @@ TEST_F(CrossingSceneTest, ReportsACrossingWithItselfOnceForEachRecordAndDrawsItO
     EXPECT_THAT(knot.intersectionPoints(), ElementsAre(Point{25, 20}));
 }
 
+TEST_F(CrossingSceneTest, MarksClosedPathsToo)
+{
+    m_scene->usePathIntersectionsDecorator("");
+    LinearPathNode frame({{20, 20}, {80, 20}, {80, 80}, {20, 80}});
+    m_scene->addNode(frame);
+    const QImage plain = picture();
+    m_scene->usePathIntersectionsDecorator("light_pin");
+    const QImage marked = picture();
+    EXPECT_EQ(qRed(plain.pixel(80, 47)), 0);
+    EXPECT_EQ(qRed(marked.pixel(80, 47)), 255) << "its right side, just above the line across";
+}
+
 // The bulge lies beyond the line's own bounds: what it painted has to go with it.
 TEST_F(CrossingSceneTest, HopsAreInsideWhatIsRepainted)
 {
