@@ -43,9 +43,9 @@ void release(void* block, std::size_t size) noexcept
 
 namespace {
 
-/// Blocks of one size from large regions that are committed only as far as they are used. New
-/// blocks rise in address, which keeps the toolkit's own sorted lists from moving half their length
-/// at each removal.
+/// Blocks of one size, side by side in regions small enough to come from the growing end of the
+/// heap. New blocks rise in address, which keeps the toolkit's own sorted lists from moving half
+/// their length at each removal.
 class Pool {
 public:
     void* take(std::size_t size)
@@ -64,7 +64,7 @@ private:
     struct Free {
         Free* next;
     };
-    static constexpr std::size_t kRegion = std::size_t{32} << 20;
+    static constexpr std::size_t kRegion = std::size_t{64} << 10;
 
     Free* m_free = nullptr;
     char* m_next = nullptr;

@@ -185,11 +185,7 @@ void PaintContext::drawRect(const QRectF& rect)
 
 bool PaintContext::canFillFrame() const
 {
-    // The toolkit draws lines of a pixel and less by a quicker rule of its own, which all others of
-    // that width follow too; only where they are to be crisp is the exact area better.
-    const bool isWide = m_penWidth > 1 || m_isPixelAligned;
-    return m_fillsStrokes && m_isAntialiased && isWide &&
-           (m_stroke.logicalWidth() > 0 || m_isUniformView) &&
+    return m_fillsStrokes && m_isAntialiased && (m_stroke.logicalWidth() > 0 || m_isUniformView) &&
            m_stroke.style() == StrokeStyle::SolidLine &&
            (m_stroke.joinStyle() == StrokeJoinStyle::MiterJoin ||
             m_stroke.joinStyle() == StrokeJoinStyle::SvgMiterJoin);
