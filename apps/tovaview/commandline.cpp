@@ -3,7 +3,9 @@
 #include <QDir>
 #include <QFileInfo>
 
+#include <algorithm>
 #include <cmath>
+#include <iterator>
 
 namespace TovaView {
 namespace {
@@ -42,6 +44,14 @@ bool readDump(const QString& text, Options& options)
     return !text.isEmpty();
 }
 
+bool readDecorator(const QString& text, Options& options)
+{
+    options.decorator = text;
+    constexpr const char* names[] = {"hop", "pin", "grad_pin", "light_pin", "none"};
+    return std::any_of(std::begin(names), std::end(names),
+                       [&](const char* name) { return text == QLatin1String(name); });
+}
+
 /// Links resolved, as far as the file exists.
 QString wholePath(const QString& path)
 {
@@ -65,6 +75,7 @@ constexpr ValueOption valueOptions[] = {
     {"--scale", "a number above 0, at most 1000", readScale},
     {"--size", "WIDTHxHEIGHT in pixels, each 1 to 32767", readSize},
     {"--dump", "the name of a file", readDump},
+    {"--decorator", "one of hop, pin, grad_pin, light_pin, none", readDecorator},
 };
 
 struct Flag {
@@ -168,16 +179,17 @@ QString usage()
 {
     return QStringLiteral(
         "Usage: tovaview FILE [--export OUT.png|OUT.pdf] [--scale S | --size WxH]\n"
-        "                [--dump OUT.json] [--stats] [--version] [--help]\n"
+        "                [--decorator NAME] [--dump OUT.json] [--stats] [--version] [--help]\n"
         "\n"
         "Shows a Graphviz diagram: DOT (.dot, .gv; laid out by dot) or plain output (.plain).\n"
         "Without a display it writes the picture to FILE.png.\n"
         "\n"
-        "  --export OUT   write the picture instead of showing it\n"
-        "  --scale S      pixels a point in the picture (1)\n"
-        "  --size WxH     fit the picture into W by H pixels\n"
-        "  --dump OUT     write one JSON object a node\n"
-        "  --stats        print counts, bounds and times as one line of JSON\n");
+        "  --export OUT      write the picture instead of showing it\n"
+        "  --scale S         pixels a point in the picture (1)\n"
+        "  --size WxH        fit the picture into W by H pixels\n"
+        "  --decorator NAME  mark crossings by hop, pin, grad_pin, light_pin or none (grad_pin)\n"
+        "  --dump OUT        write one JSON object a node\n"
+        "  --stats           print counts, bounds and times as one line of JSON\n");
 }
 
 } // namespace TovaView

@@ -10,8 +10,9 @@ struct Options {
     QString file;
     QString exportTo; ///< empty: no picture was asked for
     QString dumpTo;
-    double scale = 0; ///< pixels a point; 0: not given
-    QSize size;       ///< pixels; invalid: not given
+    double scale = 0;                               ///< pixels a point; 0: not given
+    QSize size;                                     ///< pixels; invalid: not given
+    QString decorator = QStringLiteral("grad_pin"); ///< of crossings; "none" draws none
     bool stats = false, version = false, help = false;
     QString error; ///< what is wrong with the command line; empty when nothing is
 };

@@ -23,14 +23,27 @@ bool isNear(const Point& point, const Point& a, const Point& b)
            along < length + straightTolerance;
 }
 
-/// A corner between two pieces of one direction says nothing.
+bool isUpright(const Point& a, const Point& b)
+{
+    return a.x == b.x || a.y == b.y;
+}
+
+/// Whether the way through `corner` is as good as straight. An upright piece must not come out
+/// slanted, however little.
+bool saysNothing(const Point& a, const Point& corner, const Point& b)
+{
+    return isNear(corner, a, b) &&
+           (isUpright(a, b) || !(isUpright(a, corner) || isUpright(corner, b)));
+}
+
+/// Corners between two pieces of one direction.
 void dropNeedless(Points& line)
 {
     Points kept;
     for (const Point& point : line) {
         if (!kept.empty() && kept.back() == point)
             continue;
-        if (kept.size() > 1 && isNear(kept.back(), kept[kept.size() - 2], point))
+        if (kept.size() > 1 && saysNothing(kept[kept.size() - 2], kept.back(), point))
             kept.back() = point;
         else
             kept.push_back(point);
@@ -94,7 +107,7 @@ Rect boxOf(const Points& points)
     return box;
 }
 
-Figure simplified(Figure curve)
+Figure straightened(Figure curve)
 {
     if (curve.outline != Outline::Bezier)
         return curve;
@@ -109,9 +122,17 @@ Figure simplified(Figure curve)
     }
     if (corners.empty())
         return curve;
-    dropNeedless(corners);
     curve.outline = Outline::Polyline;
     curve.points = std::move(corners);
+    return curve;
+}
+
+Figure simplified(Figure curve)
+{
+    const bool curved = curve.outline == Outline::Bezier;
+    curve = straightened(std::move(curve));
+    if (curved && curve.outline == Outline::Polyline)
+        dropNeedless(curve.points);
     return curve;
 }
 

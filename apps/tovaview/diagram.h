@@ -112,7 +112,10 @@ struct Diagram {
 
 /// The box of all points; the zero rectangle when there are none.
 Rect boxOf(const Points& points);
-/// The same curve without bezier pieces that are straight: a polyline when all of them are.
+/// A curve whose bezier pieces are all straight, as the polyline of their ends, each exactly where
+/// it was; any other figure as it is.
+Figure straightened(Figure curve);
+/// Straightened, and without the corners that say nothing.
 Figure simplified(Figure curve);
 void translate(Drawing& drawing, const Point& by);
 void translate(Diagram& diagram, const Point& by);

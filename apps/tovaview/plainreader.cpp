@@ -258,7 +258,7 @@ private:
                 directionOf({p[last], p[last - 1], p[last - 2], p[last - 3]}), line);
         addHead(connector, blockAt(connector.tail), p[0], directionOf({p[0], p[1], p[2], p[3]}),
                 line);
-        connector.lines.push_back(simplified(std::move(curve)));
+        connector.lines.push_back(straightened(std::move(curve)));
     }
 
     /// Where a curve is heading at its end; its points come end first. The zero vector when they

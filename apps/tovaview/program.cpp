@@ -120,6 +120,9 @@ private:
         m_timings.load = lap(timer);
         m_scene = SceneBuilder(diagram).build();
         m_timings.build = lap(timer);
+        m_scene.scene->usePathIntersectionsDecorator(m_options.decorator.toStdString());
+        m_scene.scene->findPathIntersections();
+        m_timings.crossings = lap(timer);
     }
 
     int show()

@@ -5,14 +5,19 @@
 
 #include <tova/nodes/containernode.h>
 #include <tova/nodes/ellipsenode.h>
+#include <tova/nodes/openlinearpathnode.h>
 #include <tova/nodes/rectnode.h>
 #include <tova/nodes/shapenode.h>
 #include <tova/nodes/style/background.h>
+
+#include <algorithm>
 
 namespace TovaView {
 namespace {
 
 constexpr double pageMargin = 8;
+/// Of right-angled connectors.
+constexpr double cornerRadius = 3;
 /// Lets a line that runs through a label be guessed, and the label be read.
 constexpr double groundOpacity = 0.8;
 // Of the font's size, from the baseline: what letters reach as a rule.
@@ -35,6 +40,13 @@ std::size_t segmentsOf(const Vetra::Shape& path)
         count += element.type == Vetra::Shape::ElementType::LineTo ||
                  element.type == Vetra::Shape::ElementType::CubicTo;
     return count;
+}
+
+bool isRightAngled(const Points& line)
+{
+    return std::adjacent_find(line.begin(), line.end(), [](const Point& a, const Point& b) {
+               return a.x != b.x && a.y != b.y;
+           }) == line.end();
 }
 
 /// The line through a text; fonts know of none.
@@ -136,29 +148,31 @@ void SceneBuilder::addBlocks(bool inClusters)
 void SceneBuilder::addConnectors()
 {
     for (const Connector& connector : m_diagram.connectors) {
-        if (connector.lines.empty() && connector.heads.empty())
-            continue;
-        ++m_result.connectors;
-        Tova2::Node root;
-        Point origin{};
-        for (const auto* figures : {&connector.lines, &connector.heads}) {
-            for (const Figure& figure : *figures) {
-                if (!root.isValid())
-                    origin = figure.points.front();
-                Tova2::ShapeNode node(shapeOf(figure, origin));
-                node.setDrawStyle(styleOf(figure, origin));
-                if (!root.isValid())
-                    node.setPosition(origin);
-                place(node, root);
-                m_result.items[node].path = node.getShape();
-                if (figures == &connector.lines)
-                    m_result.segments += segmentsOf(node.getShape());
-                if (!root.isValid())
-                    root = node;
-            }
-        }
-        name(root, connector.id);
+        if (!connector.lines.empty() || !connector.heads.empty())
+            addConnector(connector);
     }
+}
+
+/// All coordinates are the scene's, so that they stay what the layout says to the last bit.
+void SceneBuilder::addConnector(const Connector& connector)
+{
+    ++m_result.connectors;
+    Tova2::Node root;
+    for (const auto* figures : {&connector.lines, &connector.heads}) {
+        for (const Figure& figure : *figures) {
+            const bool isLine = figures == &connector.lines;
+            Tova2::Node node = isLine ? makeLine(figure) : Tova2::ShapeNode(shapeOf(figure, {}));
+            node.setDrawStyle(styleOf(figure, {}));
+            place(node, root);
+            SceneItem& item = m_result.items[node];
+            item.path = shapeOf(figure, {});
+            if (isLine)
+                m_result.segments += segmentsOf(item.path);
+            if (!root.isValid())
+                root = node;
+        }
+    }
+    name(root, connector.id);
 }
 
 void SceneBuilder::addConnectorLabels()
@@ -232,6 +246,19 @@ Tova2::Node SceneBuilder::makeFigure(const Figure& figure, const Point& origin)
     }
     node.setDrawStyle(styleOf(figure, origin));
     return node;
+}
+
+/// What is not straight can cross nothing as far as the scene can tell.
+Tova2::Node SceneBuilder::makeLine(const Figure& figure)
+{
+    if (figure.outline != Outline::Polyline || figure.fill)
+        return Tova2::ShapeNode(shapeOf(figure, {}));
+    Tova2::OpenLinearPathNode path(figure.points);
+    if (isRightAngled(figure.points)) {
+        path.setCornerStyle(Tova2::CornerStyle::Rounded);
+        path.setRoundedCornerRadius(cornerRadius);
+    }
+    return path;
 }
 
 Tova2::Node SceneBuilder::makeText(const TextPiece& text, const Point& origin)

@@ -84,9 +84,11 @@ QByteArray statsLine(const DiagramScene& diagram, const Timings& timings)
         {QStringLiteral("nodes"), static_cast<qint64>(diagram.scene->getAllNodesCount())},
         {QStringLiteral("connectors"), static_cast<qint64>(diagram.connectors)},
         {QStringLiteral("segments"), static_cast<qint64>(diagram.segments)},
+        {QStringLiteral("crossings"), static_cast<qint64>(diagram.scene->pathIntersectionsCount())},
         {QStringLiteral("bounds"), rectArray(diagram.scene->getBounds())},
         {QStringLiteral("loadMilliseconds"), timings.load},
         {QStringLiteral("buildMilliseconds"), timings.build},
+        {QStringLiteral("crossingMilliseconds"), timings.crossings},
         {QStringLiteral("paintMilliseconds"), timings.paint}};
     return QJsonDocument(stats).toJson(QJsonDocument::Compact) + '\n';
 }

@@ -13,7 +13,7 @@ namespace TovaView {
 QByteArray dumpScene(const DiagramScene& diagram);
 
 struct Timings {
-    double load = 0, build = 0, paint = 0; ///< milliseconds
+    double load = 0, build = 0, crossings = 0, paint = 0; ///< milliseconds
 };
 
 /// One line of JSON, with its line end.

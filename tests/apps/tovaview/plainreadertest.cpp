@@ -41,6 +41,15 @@ TEST(PlainReaderTest, StraightPiecesCollapseToCorners)
     EXPECT_EQ(connector.labels.texts.at(0).text, QStringLiteral("via here"));
 }
 
+TEST(PlainReaderTest, NeedlessCornersStay)
+{
+    const Diagram diagram =
+        read(twoBoxes + "edge a b 10 1 2 1 2 1 1.5 1 1.5 1 1.5 1 1.5 1 1.5 1 1.5 1 1 1 1"
+                        " solid black\nstop\n");
+    EXPECT_EQ(diagram.connectors.at(0).lines.at(0).points,
+              (Points{{72, 72}, {72, 108}, {72, 108}, {72, 144}}));
+}
+
 TEST(PlainReaderTest, BentPiecesStayCurves)
 {
     const Diagram diagram =

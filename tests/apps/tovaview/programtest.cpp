@@ -88,7 +88,7 @@ TEST(ProgramTest, ExportsEveryBundledDiagram)
 {
     const TemporaryFolder folder;
     for (const char* name : {"statemachine.dot", "modules.dot", "profile.dot", "bootflow.dot",
-                             "bootflow.plain", "unicode.dot"}) {
+                             "bootflow.plain", "modules.plain", "unicode.dot"}) {
         const QString picture = folder.path(name) + QStringLiteral(".png");
         const Outcome outcome = runViewer(
             {diagram(name), QStringLiteral("--size=640x480"), QStringLiteral("--export"), picture,
@@ -102,6 +102,27 @@ TEST(ProgramTest, ExportsEveryBundledDiagram)
         EXPECT_TRUE(QFileInfo(folder.path("dump.json")).size() > 100);
     }
 }
+
+class DecoratorTest : public testing::TestWithParam<const char*> {};
+
+TEST_P(DecoratorTest, ShowsInThePictureAndNotInTheCount)
+{
+    const TemporaryFolder folder;
+    const auto draw = [&](const char* decorator) {
+        const QString picture = folder.path(decorator) + QStringLiteral(".png");
+        const Outcome outcome = runViewer({diagram("modules.plain"), QStringLiteral("--export"),
+                                           picture, QStringLiteral("--decorator"),
+                                           QLatin1String(decorator), QStringLiteral("--stats")});
+        EXPECT_EQ(outcome.code, 0) << outcome.messages;
+        EXPECT_THAT(outcome.output, HasSubstr("\"crossings\":1304,"));
+        return QImage(picture);
+    };
+    EXPECT_NE(draw(GetParam()), draw("none"));
+}
+
+INSTANTIATE_TEST_SUITE_P(Program, DecoratorTest,
+                         testing::Values("hop", "pin", "grad_pin", "light_pin"),
+                         [](const auto& row) { return row.param; });
 
 TEST(ProgramTest, WithoutADisplayWritesBesideAndSaysWhere)
 {

@@ -131,9 +131,10 @@ TEST(SceneBuilderTest, CountsConnectorsAndTheirPieces)
     const DiagramScene scene = SceneBuilder(smallDiagram()).build();
     EXPECT_EQ(scene.connectors, 1u);
     EXPECT_EQ(scene.segments, 2u) << "heads do not count";
-    const QJsonObject stats = QJsonDocument::fromJson(statsLine(scene, {1, 2, 3})).object();
+    const QJsonObject stats = QJsonDocument::fromJson(statsLine(scene, {1, 2, 3, 4})).object();
     EXPECT_EQ(stats[QLatin1String("nodes")].toInt(), dumpOf(scene).size());
-    EXPECT_EQ(stats[QLatin1String("paintMilliseconds")].toDouble(), 3);
+    EXPECT_EQ(stats[QLatin1String("crossingMilliseconds")].toDouble(), 3);
+    EXPECT_EQ(stats[QLatin1String("paintMilliseconds")].toDouble(), 4);
 }
 
 TEST(SceneBuilderTest, AreaHoldsTextsBeyondThePage)
