@@ -95,6 +95,7 @@ struct Block {
 struct Connector {
     QString id;
     int tail = -1, head = -1; ///< indices of blocks
+    bool hidden = false;      ///< its lines are led as others are, and not drawn
     std::vector<Figure> lines;
     std::vector<Figure> heads;
     Drawing labels;    ///< of its middle; connectors may run through them

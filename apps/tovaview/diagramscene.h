@@ -7,6 +7,7 @@
 #include <vetra/shape.h>
 
 #include <unordered_map>
+#include <vector>
 
 namespace TovaView {
 
@@ -23,7 +24,9 @@ struct DiagramScene {
     std::unordered_map<Tova2::Node, SceneItem> items;
     Rect area; ///< all that is worth showing, in points
     std::size_t connectors = 0;
-    std::size_t segments = 0; ///< straight and curved pieces of the connectors
+    std::size_t segments = 0;        ///< straight and curved pieces of the connectors
+    std::vector<Tova2::Node> hidden; ///< connectors that take room in the layout and are not shown
+    std::size_t crossings = 0;       ///< of the layout: hidden connectors count
 };
 
 } // namespace TovaView

@@ -223,7 +223,7 @@ private:
         const QString color = takeColor(words);
         expectNoMore(words);
         if (hasStyle(style, "invis"))
-            connector.labels = {};
+            hide(connector, std::move(curve));
         else
             drawLine(connector, std::move(curve), lineStyleOf(style, color));
         m_diagram.connectors.push_back(std::move(connector));
@@ -247,6 +247,13 @@ private:
             piece.anchor.x = x;
             piece.width = 0;
         }
+    }
+
+    static void hide(Connector& connector, Figure curve)
+    {
+        connector.hidden = true;
+        connector.labels = {};
+        connector.lines.push_back(straightened(std::move(curve)));
     }
 
     void drawLine(Connector& connector, Figure curve, const LineStyle& line)

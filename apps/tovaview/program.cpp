@@ -1,6 +1,7 @@
 #include "program.h"
 
 #include "commandline.h"
+#include "crossings.h"
 #include "diagramfile.h"
 #include "diagramwindow.h"
 #include "exporter.h"
@@ -121,8 +122,7 @@ private:
         m_scene = SceneBuilder(diagram).build();
         m_timings.build = lap(timer);
         m_scene.scene->usePathIntersectionsDecorator(m_options.decorator.toStdString());
-        m_scene.scene->findPathIntersections();
-        m_timings.crossings = lap(timer);
+        m_timings.crossings = findCrossings(m_scene);
     }
 
     int show()

@@ -148,7 +148,9 @@ void SceneBuilder::addBlocks(bool inClusters)
 void SceneBuilder::addConnectors()
 {
     for (const Connector& connector : m_diagram.connectors) {
-        if (!connector.lines.empty() || !connector.heads.empty())
+        if (connector.hidden)
+            hide(connector);
+        else if (!connector.lines.empty() || !connector.heads.empty())
             addConnector(connector);
     }
 }
@@ -246,6 +248,15 @@ Tova2::Node SceneBuilder::makeFigure(const Figure& figure, const Point& origin)
     }
     node.setDrawStyle(styleOf(figure, origin));
     return node;
+}
+
+void SceneBuilder::hide(const Connector& connector)
+{
+    for (const Figure& figure : connector.lines) {
+        Tova2::Node node = makeLine(figure);
+        node.setDrawStyle(styleOf(figure, {}));
+        m_result.hidden.push_back(node);
+    }
 }
 
 /// What is not straight can cross nothing as far as the scene can tell.

@@ -19,6 +19,7 @@ private:
     void addClusters();
     void addConnectors();
     void addConnector(const Connector& connector);
+    void hide(const Connector& connector);
     void addBlocks(bool inClusters);
     void addConnectorLabels();
 

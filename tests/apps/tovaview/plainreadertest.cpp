@@ -58,6 +58,16 @@ TEST(PlainReaderTest, BentPiecesStayCurves)
     EXPECT_TRUE(diagram.connectors[0].heads.empty()) << "both ends touch";
 }
 
+TEST(PlainReaderTest, InvisibleConnectorsKeepOnlyTheirWay)
+{
+    const Diagram diagram = read(twoBoxes + "edge a b 4 1 2.25 1 2 1 1 1 0.889 words 1 1 invis"
+                                            " black\nstop\n");
+    const Connector& connector = diagram.connectors.at(0);
+    EXPECT_TRUE(connector.hidden && connector.heads.empty() && connector.labels.empty());
+    EXPECT_EQ(connector.lines.at(0).points.size(), 2u);
+    EXPECT_FALSE(connector.lines[0].line);
+}
+
 TEST(PlainReaderTest, HeadFillsTheGapBeforeTheBlock)
 {
     // The ellipse's top is at 0.75 inches; ten points above it are 0.889.

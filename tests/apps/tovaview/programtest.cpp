@@ -114,7 +114,7 @@ TEST_P(DecoratorTest, ShowsInThePictureAndNotInTheCount)
                                            picture, QStringLiteral("--decorator"),
                                            QLatin1String(decorator), QStringLiteral("--stats")});
         EXPECT_EQ(outcome.code, 0) << outcome.messages;
-        EXPECT_THAT(outcome.output, HasSubstr("\"crossings\":1304,"));
+        EXPECT_THAT(outcome.output, HasSubstr("\"crossings\":1304,\"crossingsShown\":68,"));
         return QImage(picture);
     };
     EXPECT_NE(draw(GetParam()), draw("none"));
