@@ -23,6 +23,12 @@ bool isNear(const Point& point, const Point& a, const Point& b)
            along < length + straightTolerance;
 }
 
+/// Of the four points of a bezier piece.
+bool isStraight(const Point* piece)
+{
+    return isNear(piece[1], piece[0], piece[3]) && isNear(piece[2], piece[0], piece[3]);
+}
+
 bool isUpright(const Point& a, const Point& b)
 {
     return a.x == b.x || a.y == b.y;
@@ -109,22 +115,36 @@ Rect boxOf(const Points& points)
 
 Figure straightened(Figure curve)
 {
-    if (curve.outline != Outline::Bezier)
+    if (curve.outline != Outline::Bezier || curve.points.size() < 4)
         return curve;
-    Points corners;
+    Points corners{curve.points.front()};
     for (std::size_t i = 0; i + 3 < curve.points.size(); i += 3) {
-        const Point* piece = &curve.points[i];
-        if (!isNear(piece[1], piece[0], piece[3]) || !isNear(piece[2], piece[0], piece[3]))
+        if (!isStraight(&curve.points[i]))
             return curve;
-        if (corners.empty())
-            corners.push_back(piece[0]);
-        corners.push_back(piece[3]);
+        corners.push_back(curve.points[i + 3]);
     }
-    if (corners.empty())
-        return curve;
     curve.outline = Outline::Polyline;
     curve.points = std::move(corners);
     return curve;
+}
+
+std::vector<Figure> splitIntoRuns(const Figure& curve)
+{
+    if (const Figure whole = straightened(curve); whole.outline != Outline::Bezier)
+        return {whole};
+    std::vector<Figure> runs;
+    bool wasUpright = false;
+    for (std::size_t i = 0; i + 3 < curve.points.size(); i += 3) {
+        const Point* piece = &curve.points[i];
+        const bool upright = isStraight(piece) && isUpright(piece[0], piece[3]);
+        if (runs.empty() || upright != wasUpright)
+            runs.push_back({Outline::Bezier, {piece[0]}, curve.fill, curve.line});
+        runs.back().points.insert(runs.back().points.end(), piece + 1, piece + 4);
+        wasUpright = upright;
+    }
+    for (Figure& run : runs)
+        run = straightened(std::move(run));
+    return runs;
 }
 
 Figure simplified(Figure curve)

@@ -116,6 +116,9 @@ Rect boxOf(const Points& points);
 /// A curve whose bezier pieces are all straight, as the polyline of their ends, each exactly where
 /// it was; any other figure as it is.
 Figure straightened(Figure curve);
+/// A curve in parts, each straightened: upright runs, which may cross others, are parted from bent
+/// ones.
+std::vector<Figure> splitIntoRuns(const Figure& curve);
 /// Straightened, and without the corners that say nothing.
 Figure simplified(Figure curve);
 void translate(Drawing& drawing, const Point& by);

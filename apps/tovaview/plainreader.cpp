@@ -223,7 +223,7 @@ private:
         const QString color = takeColor(words);
         expectNoMore(words);
         if (hasStyle(style, "invis"))
-            hide(connector, std::move(curve));
+            hide(connector, curve);
         else
             drawLine(connector, std::move(curve), lineStyleOf(style, color));
         m_diagram.connectors.push_back(std::move(connector));
@@ -249,11 +249,11 @@ private:
         }
     }
 
-    static void hide(Connector& connector, Figure curve)
+    static void hide(Connector& connector, const Figure& curve)
     {
         connector.hidden = true;
         connector.labels = {};
-        connector.lines.push_back(straightened(std::move(curve)));
+        connector.lines = splitIntoRuns(curve);
     }
 
     void drawLine(Connector& connector, Figure curve, const LineStyle& line)
@@ -265,7 +265,7 @@ private:
                 directionOf({p[last], p[last - 1], p[last - 2], p[last - 3]}), line);
         addHead(connector, blockAt(connector.tail), p[0], directionOf({p[0], p[1], p[2], p[3]}),
                 line);
-        connector.lines.push_back(straightened(std::move(curve)));
+        connector.lines = splitIntoRuns(curve);
     }
 
     /// Where a curve is heading at its end; its points come end first. The zero vector when they

@@ -58,6 +58,19 @@ TEST(PlainReaderTest, BentPiecesStayCurves)
     EXPECT_TRUE(diagram.connectors[0].heads.empty()) << "both ends touch";
 }
 
+TEST(PlainReaderTest, UprightPiecesPartFromBentOnes)
+{
+    const Diagram diagram =
+        read(twoBoxes + "edge a b 10 1 2 1 2 1 1.5 1 1.5 1 1 1.5 1 2 0.5 2 0.5 2 0.25 2 0.25"
+                        " solid black\nstop\n");
+    const auto& lines = diagram.connectors.at(0).lines;
+    ASSERT_EQ(lines.size(), 3u);
+    EXPECT_EQ(lines[0].points, (Points{{72, 72}, {72, 108}}));
+    EXPECT_EQ(lines[1].outline, Outline::Bezier);
+    EXPECT_EQ(lines[1].points.size(), 4u);
+    EXPECT_EQ(lines[2].points, (Points{{144, 180}, {144, 198}}));
+}
+
 TEST(PlainReaderTest, InvisibleConnectorsKeepOnlyTheirWay)
 {
     const Diagram diagram = read(twoBoxes + "edge a b 4 1 2.25 1 2 1 1 1 0.889 words 1 1 invis"
