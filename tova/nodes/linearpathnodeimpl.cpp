@@ -1,5 +1,7 @@
 #include "nodes/linearpathnodeimpl.h"
 
+#include "nodes/deferrederror.h"
+
 #include "nodes/values.h"
 
 #include <algorithm>
@@ -55,8 +57,10 @@ void LinearPathNodeImpl::translatePoints(const QPointF& distance)
 void LinearPathNodeImpl::reportPoints()
 {
     const Vetra::Holder<NodeImpl> keep(referenceCount() > 0 ? this : nullptr);
-    reportChange(ChangeLevel::Geometry);
-    pointsChanged();
+    DeferredError error;
+    error.run([this] { reportChange(ChangeLevel::Geometry); });
+    error.run([this] { pointsChanged(); });
+    error.rethrow();
 }
 
 QPainterPath LinearPathNodeImpl::pathOf(const Range& range) const

@@ -29,6 +29,7 @@ struct SceneRecord {
     static constexpr std::uint32_t kNone = 0xffffffff;
     std::uint32_t slot = kNone;          ///< in the display list
     std::uint32_t topLevelIndex = kNone; ///< among the scene's top-level nodes
+    bool isUnsettled = false;            ///< has announced other bounds
     bool isStale = false;                ///< its bounds are to be computed again
     bool isSubtreeStale = false;         ///< so are those of all below it
     bool isCounted = false;              ///< it was added by itself, not along with its parent

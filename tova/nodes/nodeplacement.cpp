@@ -60,6 +60,10 @@ void NodeImpl::setPosition(const QPointF& position)
     // Exact, unlike QPointF's comparison: a finite value is stored as it is.
     if (position.x() == pos().x() && position.y() == pos().y())
         return;
+    // The toolkit takes two points for one when they are nearly equal; a detour makes it look
+    // again.
+    if (position == pos())
+        setPos(position + QPointF(1 + std::abs(position.x()), 0));
     setPos(position);
     reportChange(ChangeLevel::Placement);
 }

@@ -1,6 +1,7 @@
 #include "nodes/openlinearpathnodeimpl.h"
 
 #include "nodes/cubic.h"
+#include "nodes/deferrederror.h"
 #include "nodes/linearoutline.h"
 #include "nodes/values.h"
 
@@ -62,11 +63,13 @@ void OpenLinearPathNodeImpl::applyDecorations()
 void OpenLinearPathNodeImpl::finishDecorations(bool isDrawnElsewhere)
 {
     const Vetra::Holder<NodeImpl> keep(referenceCount() > 0 ? this : nullptr);
+    DeferredError error;
     if (isDrawnElsewhere) {
         geometryChanging();
-        reportChange(ChangeLevel::Geometry);
+        error.run([this] { reportChange(ChangeLevel::Geometry); });
     }
-    placeDecorations();
+    error.run([this] { placeDecorations(); });
+    error.rethrow();
 }
 
 // One after the other, from the points as they are then: whoever is told of a move may edit them.

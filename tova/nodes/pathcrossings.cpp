@@ -109,6 +109,16 @@ bool LinearPathNodeImpl::buildCrossings(const Range& range, double viewScale,
         else
             out.main.cubicTo(toScene.map(curve[1]), toScene.map(curve[2]), toScene.map(curve[3]));
     }
+    if (isClosed() && range.last - range.first + 1 == segmentCount()) {
+        // A little way along the first piece again, so that it is joined with the last.
+        const DrawnSegment first = drawnSegment(range, range.first);
+        const QPointF way = first.end - first.start;
+        const double length = std::hypot(way.x(), way.y());
+        constexpr double kJoin = 0.01;
+        if (length > 0)
+            out.main.lineTo(
+                toScene.map(first.start + way * (std::min(kJoin, length / 2) / length)));
+    }
     mapBack(out, toLocal);
     return true;
 }

@@ -8,6 +8,7 @@
 #include "vetra/qt.h"
 
 #include <cmath>
+#include <utility>
 
 namespace Tova2 {
 
@@ -161,11 +162,14 @@ DisplayList::Description DisplayList::describe(const NodeImpl& node, PlacementCa
 
 void DisplayList::place(NodeImpl& node, std::uint32_t slot, PlacementCache& placements)
 {
+    // Before the node is asked: a host's answer may edit it again, or take it out.
+    node.sceneRecord().isStale = node.sceneRecord().isSubtreeStale = false;
     const Description description = describe(node, placements);
+    if (m_nodes[slot] != &node)
+        return;
     m_flags[slot] = static_cast<std::uint8_t>((m_flags[slot] & TooDeep) | description.flags);
     m_boxes[slot] = description.box;
     touchBlock(slot);
-    node.sceneRecord().isStale = node.sceneRecord().isSubtreeStale = false;
 }
 
 Box DisplayList::knownBox(const NodeImpl& node) const
@@ -182,7 +186,7 @@ Box DisplayList::computeBox(NodeImpl& node)
     if (slot == SceneRecord::kNone)
         return describe(node, placements).box;
     place(node, slot, placements);
-    return m_boxes[slot];
+    return knownBox(node);
 }
 
 void DisplayList::rebuild(std::span<NodeImpl* const> topLevels)
@@ -227,11 +231,12 @@ void DisplayList::refresh(std::span<NodeImpl* const> topLevels)
     if (m_isOrderStale)
         rebuild(topLevels);
     PlacementCache placements;
-    for (const auto slot : m_staleSlots) {
+    // What hosts make stale when they are asked for bounds waits for the next time.
+    const auto stale = std::exchange(m_staleSlots, {});
+    for (const auto slot : stale) {
         if (NodeImpl* const node = m_nodes[slot])
             place(*node, slot, placements);
     }
-    m_staleSlots.clear();
     refreshBlocks();
 }
 

@@ -10,6 +10,7 @@
 #include <QImage>
 #include <QPainter>
 
+#include <algorithm>
 #include <cmath>
 
 namespace Tova2 {
@@ -50,14 +51,16 @@ NodeCache::~NodeCache() = default;
 bool NodeCache::paintCached(NodeImpl& node, PaintContext& context)
 {
     auto* const scene = static_cast<ScenePrivate*>(node.sceneLink());
-    return scene && scene->cache().paint(node, context);
+    return scene && scene->cache().paint(node, context, *scene);
 }
 
-bool NodeCache::paint(NodeImpl& node, PaintContext& context)
+bool NodeCache::paint(NodeImpl& node, PaintContext& context, const ScenePrivate& scene)
 {
     const QTransform toDevice = context.nodeToPixels();
-    const QRectF reach = toDevice.mapRect(node.strokedRectAt(context.options().viewScale))
-                             .adjusted(-kMargin, -kMargin, kMargin, kMargin);
+    const double scale = context.options().viewScale;
+    const double marks = node.markReach() * std::max(scale, 1.0) * context.pixelRatio() + kMargin;
+    const QRectF reach =
+        toDevice.mapRect(node.strokedRectAt(scale)).adjusted(-marks, -marks, marks, marks);
     const double bytes = std::ceil(reach.width() + 1) * std::ceil(reach.height() + 1) * 4;
     if (!(bytes <= static_cast<double>(Limits::nodeCacheBytes)) || std::abs(reach.left()) > 1e6 ||
         std::abs(reach.top()) > 1e6)
@@ -84,10 +87,17 @@ bool NodeCache::paint(NodeImpl& node, PaintContext& context)
         own.setFillsStrokes(true);
         own.setOpacity(context.opacity());
         own.enterLike(context);
+        const auto edits = scene.editCounter();
         node.paintNode(own);
         painter.end();
         wanted.image.setDevicePixelRatio(context.pixelRatio());
         repaints().increment();
+        // A painter may have edited its node or taken it out: the picture is good for this paint
+        // only.
+        if (scene.editCounter() != edits) {
+            context.drawDeviceImage(corner, wanted.image);
+            return true;
+        }
         picture = keep(node, std::move(wanted));
     }
     context.drawDeviceImage(corner, picture->image);

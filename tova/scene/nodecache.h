@@ -11,6 +11,7 @@ namespace Tova2 {
 
 class NodeImpl;
 class PaintContext;
+class ScenePrivate;
 
 /// Pictures of nodes that ask to be cached, each made for one scale, direction and part of a pixel,
 /// so that it is drawn without being resampled. Bounded in bytes a picture and in all; what was
@@ -30,7 +31,7 @@ private:
     struct Picture;
     using Pictures = std::list<Picture>;
 
-    bool paint(NodeImpl& node, PaintContext& context);
+    bool paint(NodeImpl& node, PaintContext& context, const ScenePrivate& scene);
     Pictures::iterator find(NodeImpl& node, const Picture& wanted);
     Pictures::iterator keep(NodeImpl& node, Picture&& picture);
     void erase(Pictures::iterator picture) noexcept;

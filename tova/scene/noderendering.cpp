@@ -1,3 +1,4 @@
+#include "nodes/destruction.h"
 #include "nodes/nodeimpl.h"
 #include "nodes/values.h"
 #include "scene/box.h"
@@ -46,6 +47,8 @@ Vetra::Pixmap Node::renderToPixmap(CacheType type, double scale,
                                    Vetra::GLPoint<double>& offset) const
 {
     NodeImpl* const root = getValidImpl();
+    const DestructionDelay delay;
+    const Vetra::Holder<NodeImpl> keep(root);
     if (!(scale > 0) || !std::isfinite(scale))
         return {};
     const QRectF reach = reachOf(*root, scale);

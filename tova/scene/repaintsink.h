@@ -14,6 +14,8 @@ struct DirtyArea {
 
     QRectF at(double viewScale) const
     {
+        if (rect.isNull())
+            return rect;
         const double margin = reach.at(viewScale);
         return rect.adjusted(-margin, -margin, margin, margin);
     }

@@ -64,7 +64,7 @@ void ScenePrivate::noteAnnounced(NodeImpl& node)
     if (m_unsettled.empty())
         QMetaObject::invokeMethod(
             &m_nextTurn, [this] { settleAnnounced(); }, Qt::QueuedConnection);
-    if (std::find(m_unsettled.begin(), m_unsettled.end(), &node) == m_unsettled.end())
+    if (!std::exchange(node.sceneRecord().isUnsettled, true))
         m_unsettled.push_back(&node);
 }
 
@@ -81,6 +81,7 @@ void ScenePrivate::settleAnnounced()
     followAnnounced();
     const auto announced = std::exchange(m_unsettled, {});
     for (NodeImpl* const node : announced) {
+        node->sceneRecord().isUnsettled = false;
         if (isWatched())
             requestRepaint(m_displayList.computeBox(*node));
     }
@@ -141,8 +142,11 @@ void ScenePrivate::repaintNode(NodeImpl& node)
 {
     ++m_editCounter;
     m_cache->drop(node);
+    // Also when nobody watches: marks may reach farther than before.
     if (isWatched())
         requestRepaint(m_displayList.computeBox(node));
+    else
+        m_displayList.markStale(node);
 }
 
 void ScenePrivate::requestFullRepaint()

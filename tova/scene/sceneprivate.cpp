@@ -12,10 +12,23 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 namespace Tova2 {
 
 namespace {
+
+/// Up while it lives.
+class FlagScope {
+public:
+    explicit FlagScope(bool& flag) : m_flag(flag) { m_flag = true; }
+    ~FlagScope() { m_flag = false; }
+    FlagScope(const FlagScope&) = delete;
+    FlagScope& operator=(const FlagScope&) = delete;
+
+private:
+    bool& m_flag;
+};
 
 using Snapshot = std::vector<Vetra::Holder<NodeImpl>>;
 
@@ -178,9 +191,10 @@ void ScenePrivate::leave(NodeImpl& node)
         // One for each addition: some may have been added by themselves and parented since.
         if (left->sceneRecord().isCounted)
             nodesInScenes().decrement();
+        if (left->sceneRecord().isUnsettled)
+            std::erase(m_unsettled, left);
         m_displayList.strikeOut(*left);
         m_cache->drop(*left);
-        std::erase(m_unsettled, left);
         m_crossings->nodeLeft(*left);
         left->setSceneLink(nullptr);
     }
@@ -196,13 +210,17 @@ void ScenePrivate::removeAllNodes()
 {
     const DestructionDelay delay;
     DeferredError error;
-    // In the order of their coming, in which the toolkit finds each at the front of its lists.
-    // Until none is left: a tracker may add.
-    while (m_nodeCount > 0) {
-        const auto nodes = topLevelNodes();
-        for (NodeImpl* const node : nodes)
+    const auto removeThoseHere = [&] {
+        // In the order of their coming, in which the toolkit finds each at the front of its lists.
+        for (NodeImpl* const node : topLevelNodes())
             error.run([&] { removeNode(*node); });
-    }
+    };
+    removeThoseHere();
+    // What a tracker has added meanwhile goes without another word, or it might go on for ever.
+    SceneChangeTracker* const tracker = std::exchange(m_tracker, nullptr);
+    while (m_nodeCount > 0)
+        removeThoseHere();
+    m_tracker = tracker;
     error.rethrow();
 }
 
@@ -239,6 +257,11 @@ std::vector<NodeImpl*> ScenePrivate::topLevelNodes() const
 
 const DisplayList& ScenePrivate::displayList()
 {
+    // A host that is asked for a node's bounds may ask back; it gets what is known.
+    if (m_isRefreshing)
+        return m_displayList;
+    const DestructionDelay delay;
+    const FlagScope refreshing(m_isRefreshing);
     followAnnounced();
     if (!m_displayList.isOrderStale()) {
         m_displayList.refresh({});
@@ -258,6 +281,7 @@ const DisplayList& ScenePrivate::displayList()
 
 QRectF ScenePrivate::bounds()
 {
+    const DestructionDelay delay;
     followAnnounced();
     if (m_bounds)
         return *m_bounds;

@@ -134,6 +134,7 @@ private:
     unsigned m_nodeCount = 0;
     unsigned m_changeCounter = 1;
     std::uint64_t m_editCounter = 0;
+    bool m_isRefreshing = false;
 };
 
 } // namespace Tova2

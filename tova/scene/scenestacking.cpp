@@ -34,7 +34,7 @@ void ScenePrivate::setZValue(NodeImpl& node, double z)
 double ScenePrivate::nextZ(double direction)
 {
     double& edge = direction > 0 ? m_highestZ : m_lowestZ;
-    if (std::abs(edge) >= kExactLimit - 1)
+    if (std::max(m_highestZ, -m_lowestZ) >= kExactLimit - 1)
         renumber();
     return edge += direction;
 }

@@ -14,7 +14,6 @@ public:
     /// False for a stroke whose width at other scales nobody can tell: its node may be anywhere.
     bool include(const Stroke& stroke, double reachPerWidth, double sceneScale);
     void includeMarks(double reach) { m_marks = reach > m_marks ? reach : m_marks; }
-    void clear() { *this = ViewReach(); }
 
     /// In scene units, with a pixel for antialiasing.
     double at(double viewScale) const;
