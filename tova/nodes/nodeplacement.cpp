@@ -1,4 +1,5 @@
 #include "nodes/nodeimpl.h"
+#include "nodes/values.h"
 
 #include <cmath>
 
@@ -55,7 +56,7 @@ QTransform NodeImpl::nodeToDevice(const QTransform& view) const
 
 void NodeImpl::setPosition(const QPointF& position)
 {
-    if (!std::isfinite(position.x()) || !std::isfinite(position.y()))
+    if (!isFinite(position))
         return;
     // Exact, unlike QPointF's comparison: a finite value is stored as it is.
     if (position.x() == pos().x() && position.y() == pos().y())
@@ -70,10 +71,10 @@ void NodeImpl::setPosition(const QPointF& position)
 
 void NodeImpl::setLocalTransform(const QTransform& transform)
 {
-    const bool isFinite = std::isfinite(transform.m11()) && std::isfinite(transform.m12()) &&
+    const bool isUsable = std::isfinite(transform.m11()) && std::isfinite(transform.m12()) &&
                           std::isfinite(transform.m21()) && std::isfinite(transform.m22()) &&
                           std::isfinite(transform.dx()) && std::isfinite(transform.dy());
-    if (!isFinite || transform == this->transform())
+    if (!isUsable || transform == this->transform())
         return;
     QGraphicsItem::setTransform(transform);
     m_hasTransform = !transform.isIdentity();

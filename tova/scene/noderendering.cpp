@@ -2,6 +2,7 @@
 #include "nodes/nodeimpl.h"
 #include "nodes/values.h"
 #include "scene/box.h"
+#include "scene/offscreensize.h"
 #include "scene/renderpipeline.h"
 #include "scene/stackingorder.h"
 
@@ -31,13 +32,6 @@ QRectF reachOf(NodeImpl& root, double scale)
             all.unite(Box::of((node.sceneTransform() * toLocal).mapRect(rect)));
     });
     return all.isNowhere() ? QRectF() : all.rect();
-}
-
-bool isRenderable(const QSizeF& size)
-{
-    return size.width() >= 1 && size.width() <= Limits::offScreenSide && size.height() >= 1 &&
-           size.height() <= Limits::offScreenSide &&
-           size.width() * size.height() * 4 <= static_cast<double>(Limits::offScreenBytes);
 }
 
 } // namespace

@@ -1,6 +1,7 @@
 #include "scene/scenequeries.h"
 
 #include "nodes/nodeimpl.h"
+#include "nodes/values.h"
 #include "scene/sceneprivate.h"
 
 #include "vetra/qt.h"
@@ -71,11 +72,6 @@ bool isHit(const Hit& hit, const QPointF& scenePoint, const QPointF& device, con
 bool isStillHere(const ScenePrivate& scene, const NodeImpl& node)
 {
     return scene.has(node) && node.isVisibleToScene();
-}
-
-bool isFinite(const QPointF& point)
-{
-    return std::isfinite(point.x()) && std::isfinite(point.y());
 }
 
 /// The part of `area` that lies inside what the node's ancestors clip to.

@@ -1,8 +1,9 @@
+#include "nodes/values.h"
 #include "scene/backgroundpainter.h"
+#include "scene/offscreensize.h"
 #include "scene/renderpipeline.h"
 #include "scene/sceneprivate.h"
 
-#include "tova/nodes/geometry/limits.h"
 #include "tova/scene/scene.h"
 #include "vetra/qt.h"
 
@@ -23,19 +24,6 @@ namespace {
 double pixels(double length)
 {
     return std::ceil(length - 1e-6);
-}
-
-bool isRenderable(const QSizeF& size)
-{
-    return size.width() >= 0 && size.width() <= Limits::offScreenSide && size.height() >= 0 &&
-           size.height() <= Limits::offScreenSide &&
-           size.width() * size.height() * 4 <= static_cast<double>(Limits::offScreenBytes);
-}
-
-bool isFinite(const QRectF& r)
-{
-    return std::isfinite(r.left()) && std::isfinite(r.top()) && std::isfinite(r.right()) &&
-           std::isfinite(r.bottom());
 }
 
 QTransform mapping(const QRectF& source, const QRectF& target)
