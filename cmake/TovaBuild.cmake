@@ -17,9 +17,11 @@ option(TOVA_SANITIZE "Address and undefined-behaviour sanitizers" OFF)
 
 find_program(TOVA_CCACHE ccache)
 if(TOVA_CCACHE AND NOT CMAKE_CXX_COMPILER_LAUNCHER)
-  # Without this sloppiness ccache refuses translation units with a precompiled header.
+  # Without this sloppiness ccache refuses translation units with a precompiled header. The base directory lets a
+  # second clone hit what the first one compiled.
   set(CMAKE_CXX_COMPILER_LAUNCHER
-      ${CMAKE_COMMAND} -E env CCACHE_SLOPPINESS=pch_defines,time_macros ${TOVA_CCACHE})
+      ${CMAKE_COMMAND} -E env CCACHE_SLOPPINESS=pch_defines,time_macros
+      CCACHE_BASEDIR=${CMAKE_SOURCE_DIR} CCACHE_NOHASHDIR=1 ${TOVA_CCACHE})
 endif()
 find_program(TOVA_LLD ld.lld)
 if(TOVA_LLD)
