@@ -2,7 +2,7 @@
 
 #include "taskslicesource.h"
 
-#include <QtGlobal>
+#include "vetra/errorreporter.h"
 
 #include <algorithm>
 #include <deque>
@@ -15,17 +15,6 @@ namespace {
 std::chrono::nanoseconds steadyNow()
 {
     return std::chrono::steady_clock::now().time_since_epoch();
-}
-
-void warn(const std::string& session, std::exception_ptr error)
-{
-    try {
-        std::rethrow_exception(error);
-    } catch (const std::exception& e) {
-        qWarning("Task of session %.200s: %.4000s", session.c_str(), e.what());
-    } catch (...) {
-        qWarning("Task of session %.200s: exception of unknown type", session.c_str());
-    }
 }
 
 } // namespace
@@ -57,12 +46,11 @@ void CooperativeTaskManager::State::report(TaskSession& session, std::exception_
     const ErrorReporter chosen = own ? own : reporter; // a reporter may replace itself
     try {
         if (chosen)
-            chosen(error);
-        else
-            warn(session.name(), error);
+            return chosen(error);
     } catch (...) {
-        warn(session.name(), std::current_exception());
+        error = std::current_exception();
     }
+    Vetra::reportError(error, ("Task of session " + session.name().substr(0, 200)).c_str());
 }
 
 void CooperativeTaskManager::State::runNext(TaskBudget& slice)

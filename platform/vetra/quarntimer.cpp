@@ -1,5 +1,7 @@
 #include "vetra/quarntimer.h"
 
+#include "vetra/errorreporter.h"
+
 #include <QCoreApplication>
 #include <QPointer>
 #include <QTimerEvent>
@@ -9,29 +11,6 @@
 #include <utility>
 
 namespace Vetra {
-
-namespace {
-
-std::function<void(std::exception_ptr)>& errorReporter()
-{
-    static std::function<void(std::exception_ptr)> reporter;
-    return reporter;
-}
-
-void report(std::exception_ptr error) noexcept
-{
-    try {
-        if (const auto reporter = errorReporter())
-            return reporter(error);
-        std::rethrow_exception(error);
-    } catch (const std::exception& e) {
-        qWarning("Timer callback: %.4000s", e.what());
-    } catch (...) {
-        qWarning("Timer callback: exception of unknown type");
-    }
-}
-
-} // namespace
 
 class QuarnTimer::Ticker : public QObject {
 public:
@@ -52,7 +31,7 @@ protected:
             const auto error = std::current_exception();
             if (self)
                 m_owner.stop();
-            report(error);
+            reportError(error, "Timer callback");
         }
     }
 
@@ -85,11 +64,6 @@ void QuarnTimer::startRepeating(std::chrono::milliseconds interval, std::functio
 void QuarnTimer::stop() noexcept
 {
     m_ticker.reset();
-}
-
-void QuarnTimer::setErrorReporter(std::function<void(std::exception_ptr)> reporter)
-{
-    errorReporter() = std::move(reporter);
 }
 
 } // namespace Vetra

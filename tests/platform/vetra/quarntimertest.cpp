@@ -1,4 +1,5 @@
 #include "vetra/quarntimer.h"
+#include "vetra/errorreporter.h"
 
 #include "support.h"
 
@@ -89,7 +90,7 @@ TEST(QuarnTimerTest, NothingComesAfterStopOrEnd)
 TEST(QuarnTimerTest, AThrowingCallbackIsReportedOnceAndStops)
 {
     int reports = 0;
-    QuarnTimer::setErrorReporter([&](std::exception_ptr) {
+    setErrorReporter([&](std::exception_ptr) {
         ++reports;
         throw std::logic_error("even from the reporter");
     });
@@ -98,7 +99,7 @@ TEST(QuarnTimerTest, AThrowingCallbackIsReportedOnceAndStops)
     while (timer.isActive())
         runLoop();
     runLoop();
-    QuarnTimer::setErrorReporter({});
+    setErrorReporter({});
     EXPECT_EQ(reports, 1);
 }
 

@@ -47,6 +47,7 @@ public:
     /// Time a slice may take; not positive values are ignored.
     void setSliceBudget(std::chrono::nanoseconds budget);
     std::chrono::nanoseconds sliceBudget() const noexcept;
+    /// Hears what a task throws whose session has no reporter; without one Vetra's hears it.
     void setErrorReporter(ErrorReporter reporter);
 
     /// Runs the session until it is done; a session already under way stays as it is.

@@ -3,14 +3,14 @@
 #include "vetra/vetra_export.h"
 
 #include <chrono>
-#include <exception>
 #include <functional>
 #include <memory>
 
 namespace Vetra {
 
 /// Repeating timer on the host's event loop. GUI thread only. Inside its own callback it may be
-/// stopped, started anew or destroyed. After `stop` or destruction no call arrives.
+/// stopped, started anew or destroyed. After `stop` or destruction no call arrives. A callback that
+/// throws is reported (`setErrorReporter`) and not called again.
 class VETRA_EXPORT QuarnTimer {
 public:
     QuarnTimer();
@@ -26,10 +26,6 @@ public:
     void startRepeating(std::chrono::milliseconds interval, std::function<void()> callback);
     void stop() noexcept;
     bool isActive() const noexcept { return m_ticker != nullptr; }
-
-    /// Where an exception goes that leaves a callback; nothing may be thrown through the event
-    /// loop. The timer has stopped then. Without a reporter a warning is printed.
-    static void setErrorReporter(std::function<void(std::exception_ptr)> reporter);
 
 private:
     class Ticker;
