@@ -1,0 +1,7 @@
+#include "vetra/eventsource.h"
+
+namespace Vetra {
+
+EventSource::~EventSource() = default;
+
+} // namespace Vetra

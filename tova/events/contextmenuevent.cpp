@@ -1,0 +1,34 @@
+#include "tova/events/contextmenuevent.h"
+
+#include "events/canvasmapping.h"
+
+#include "tova/events/eventerrors.h"
+#include "tova/events/eventhandler.h"
+#include "vetra/inputnames.h"
+
+namespace Tova2 {
+
+ContextMenuEvent::ContextMenuEvent(EventType type) : ContextMenuEvent(type, {}) {}
+
+ContextMenuEvent::ContextMenuEvent(EventType type, const Vetra::GLContextMenuEvent2& event)
+    : Event(type, event.widget), m_event(event)
+{}
+
+Vetra::GLPoint<double> ContextMenuEvent::scenePos() const
+{
+    return toScene(canvas(), m_event.position);
+}
+
+void ContextMenuEvent::internalAccept(EventHandler& handler)
+{
+    if (type() != EventType::ContextMenuEvent)
+        raise(EventError::UnrecognizedEvent);
+    handler.handleContextMenuEvent(*this);
+}
+
+void ContextMenuEvent::appendDetails(std::string& text) const
+{
+    text += " at: " + Vetra::textOf(scenePos());
+}
+
+} // namespace Tova2

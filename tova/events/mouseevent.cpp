@@ -1,0 +1,66 @@
+#include "tova/events/mouseevent.h"
+
+#include "events/canvasmapping.h"
+
+#include "tova/events/eventerrors.h"
+#include "tova/events/eventhandler.h"
+#include "vetra/inputnames.h"
+#include "vetra/saturate.h"
+
+namespace Tova2 {
+
+MouseEvent::MouseEvent(EventType type, const Vetra::GLMouseEvent2& event, bool isSynthetic)
+    : Event(type, event.widget, isSynthetic)
+    , m_event(event)
+    , m_scenePos(toScene(canvas(), event.position))
+{
+    if (canvas())
+        m_viewportTransform = canvas()->getViewportTransform();
+}
+
+MouseEvent::MouseEvent(EventType type, EventCanvas* canvas, const Vetra::GLPoint<double>& scenePos,
+                       const Vetra::GLPoint<double>& widgetPos,
+                       const Vetra::GLPoint<double>& globalPos, int delta,
+                       Vetra::MouseButton button, Vetra::MouseButtons buttons,
+                       Vetra::Modifiers modifiers, bool isSynthetic, bool isTest)
+    : Event(type, canvas, isSynthetic)
+    , m_event{canvas,
+              Vetra::saturatedInts(widgetPos),
+              Vetra::saturatedInts(globalPos),
+              delta,
+              button,
+              buttons,
+              modifiers,
+              isTest}
+    , m_scenePos(scenePos)
+{}
+
+void MouseEvent::internalAccept(EventHandler& handler)
+{
+    switch (type()) {
+    case EventType::MousePressEvent:
+        return handler.handleMousePressEvent(*this);
+    case EventType::MouseDoubleClickEvent:
+        return handler.handleMouseDoubleClickEvent(*this);
+    case EventType::MouseMoveEvent:
+        return handler.handleMouseMoveEvent(*this);
+    case EventType::MouseReleaseEvent:
+        return handler.handleMouseReleaseEvent(*this);
+    case EventType::WheelEvent:
+        return handler.handleWheelEvent(*this);
+    case EventType::UserDragInitEvent:
+        return handler.handleUserDragInitEvent(*this);
+    default:
+        raise(EventError::UnrecognizedEvent);
+    }
+}
+
+void MouseEvent::appendDetails(std::string& text) const
+{
+    text += " for button: ";
+    text += nameOf(m_event.button);
+    text += " at: " + Vetra::textOf(m_scenePos);
+    text += " with modifiers " + namesOf(m_event.modifiers);
+}
+
+} // namespace Tova2
