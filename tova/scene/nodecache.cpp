@@ -1,11 +1,12 @@
 #include "scene/nodecache.h"
 
+#include "nodes/cachebudget.h"
 #include "nodes/nodeimpl.h"
 #include "nodes/paintcontext.h"
 #include "scene/sceneprivate.h"
 
 #include "host/diagnosticscounter.h"
-#include "tova/nodes/geometry/limits.h"
+#include "vetra/qt.h"
 
 #include <QImage>
 #include <QPainter>
@@ -23,6 +24,7 @@ struct NodeCache::Picture {
     double opacity; ///< of each stroke and fill, which differs from that of the whole picture
     std::uint8_t quality;
     QImage image;
+    std::unique_ptr<CacheBudget::Share> share;
 
     bool isFor(const Picture& other) const
     {
@@ -43,6 +45,46 @@ Host::DiagnosticsCounter& repaints()
     return counter;
 }
 
+/// Every pixel of the device's own that the node may touch; empty when it lies too far out.
+QRect frameOf(const NodeImpl& node, const PaintContext& context)
+{
+    constexpr double kFarthest = 1e6;
+    const double scale = context.options().viewScale;
+    const double margin = node.markReach() * std::max(scale, 1.0) * context.pixelRatio() + kMargin;
+    const QRectF reach = context.nodeToPixels()
+                             .mapRect(node.strokedRectAt(scale))
+                             .adjusted(-margin, -margin, margin, margin);
+    const bool isNear = std::abs(reach.left()) <= kFarthest && std::abs(reach.top()) <= kFarthest &&
+                        reach.width() <= kFarthest && reach.height() <= kFarthest;
+    return isNear ? reach.toAlignedRect() : QRect();
+}
+
+/// Null when memory is short.
+QImage draw(NodeImpl& node, const PaintContext& context, const QRect& frame)
+{
+    QImage image(frame.size(), QImage::Format_ARGB32_Premultiplied);
+    if (image.isNull())
+        return image;
+    image.fill(Qt::transparent);
+    QPainter painter(&image);
+    painter.setRenderHints(QPainter::TextAntialiasing | QPainter::SmoothPixmapTransform);
+    const QTransform view = context.view() *
+                            QTransform::fromScale(context.pixelRatio(), context.pixelRatio()) *
+                            QTransform::fromTranslate(-frame.x(), -frame.y());
+    PaintOptions options = context.options();
+    // All of it, whatever part is to be seen at first.
+    options.exposed = Vetra::fromQt(view.inverted().mapRect(QRectF(image.rect())));
+    PaintContext own(painter, view, options);
+    own.setFillsStrokes(true);
+    own.setOpacity(context.opacity());
+    own.enterLike(context);
+    node.paintNode(own);
+    painter.end();
+    image.setDevicePixelRatio(context.pixelRatio());
+    repaints().increment();
+    return image;
+}
+
 } // namespace
 
 NodeCache::NodeCache() = default;
@@ -56,51 +98,31 @@ bool NodeCache::paintCached(NodeImpl& node, PaintContext& context)
 
 bool NodeCache::paint(NodeImpl& node, PaintContext& context, const ScenePrivate& scene)
 {
-    const QTransform toDevice = context.nodeToPixels();
-    const double scale = context.options().viewScale;
-    const double marks = node.markReach() * std::max(scale, 1.0) * context.pixelRatio() + kMargin;
-    const QRectF reach =
-        toDevice.mapRect(node.strokedRectAt(scale)).adjusted(-marks, -marks, marks, marks);
-    const double bytes = std::ceil(reach.width() + 1) * std::ceil(reach.height() + 1) * 4;
-    if (!(bytes <= static_cast<double>(Limits::nodeCacheBytes)) || std::abs(reach.left()) > 1e6 ||
-        std::abs(reach.top()) > 1e6)
+    const QRect frame = frameOf(node, context);
+    if (!CacheBudget::admits(frame.size()))
         return false;
-    const QPoint corner(static_cast<int>(std::floor(reach.left())),
-                        static_cast<int>(std::floor(reach.top())));
-    const QTransform placement = toDevice * QTransform::fromTranslate(-corner.x(), -corner.y());
-    Picture wanted{
-        &node, placement, context.pixelRatio(), context.opacity(), context.options().quality, {}};
+    Picture wanted{&node,
+                   context.nodeToPixels() * QTransform::fromTranslate(-frame.x(), -frame.y()),
+                   context.pixelRatio(),
+                   context.opacity(),
+                   context.options().quality,
+                   QImage(),
+                   nullptr};
     auto picture = find(node, wanted);
     if (picture == m_pictures.end()) {
-        const QSize size(static_cast<int>(std::ceil(reach.width())) + 1,
-                         static_cast<int>(std::ceil(reach.height())) + 1);
-        wanted.image = QImage(size, QImage::Format_ARGB32_Premultiplied);
+        const auto edits = scene.editCounter();
+        wanted.image = draw(node, context, frame);
         if (wanted.image.isNull())
             return false;
-        wanted.image.fill(Qt::transparent);
-        QPainter painter(&wanted.image);
-        painter.setRenderHints(QPainter::TextAntialiasing | QPainter::SmoothPixmapTransform);
-        const QTransform view = context.view() *
-                                QTransform::fromScale(context.pixelRatio(), context.pixelRatio()) *
-                                QTransform::fromTranslate(-corner.x(), -corner.y());
-        PaintContext own(painter, view, context.options());
-        own.setFillsStrokes(true);
-        own.setOpacity(context.opacity());
-        own.enterLike(context);
-        const auto edits = scene.editCounter();
-        node.paintNode(own);
-        painter.end();
-        wanted.image.setDevicePixelRatio(context.pixelRatio());
-        repaints().increment();
         // A painter may have edited its node or taken it out: the picture is good for this paint
         // only.
         if (scene.editCounter() != edits) {
-            context.drawDeviceImage(corner, wanted.image);
+            context.drawDeviceImage(frame.topLeft(), wanted.image);
             return true;
         }
         picture = keep(node, std::move(wanted));
     }
-    context.drawDeviceImage(corner, picture->image);
+    context.drawDeviceImage(frame.topLeft(), picture->image);
     return true;
 }
 
@@ -111,7 +133,7 @@ NodeCache::Pictures::iterator NodeCache::find(NodeImpl& node, const Picture& wan
         return m_pictures.end();
     for (const auto picture : found->second) {
         if (picture->isFor(wanted)) {
-            m_pictures.splice(m_pictures.begin(), m_pictures, picture);
+            picture->share->touch();
             return picture;
         }
     }
@@ -120,22 +142,21 @@ NodeCache::Pictures::iterator NodeCache::find(NodeImpl& node, const Picture& wan
 
 NodeCache::Pictures::iterator NodeCache::keep(NodeImpl& node, Picture&& picture)
 {
-    m_bytes += static_cast<std::size_t>(picture.image.sizeInBytes());
     m_pictures.push_front(std::move(picture));
+    const auto kept = m_pictures.begin();
     auto& own = m_byNode[&node];
-    own.push_front(m_pictures.begin());
+    own.push_front(kept);
+    kept->share = std::make_unique<CacheBudget::Share>(CacheBudget::bytesOf(kept->image.size()),
+                                                       [this, kept] { erase(kept); });
     const std::size_t most =
         node.cacheType() == CacheType::ItemCoordinateCache ? kPicturesOfItemCache : 1;
     while (own.size() > most)
         erase(own.back());
-    while (m_bytes > Limits::allCachesBytes && m_pictures.size() > 1)
-        erase(std::prev(m_pictures.end()));
-    return m_pictures.begin();
+    return kept;
 }
 
 void NodeCache::erase(Pictures::iterator picture) noexcept
 {
-    m_bytes -= static_cast<std::size_t>(picture->image.sizeInBytes());
     const auto own = m_byNode.find(picture->node);
     own->second.remove(picture);
     if (own->second.empty())
@@ -148,6 +169,12 @@ void NodeCache::noteChange(NodeImpl& node, ChangeLevel level) noexcept
     // Another place or another order leaves the pixels as they are.
     if (level != ChangeLevel::Placement && level != ChangeLevel::Stacking)
         drop(node);
+}
+
+void NodeCache::clear() noexcept
+{
+    m_byNode.clear();
+    m_pictures.clear();
 }
 
 void NodeCache::drop(NodeImpl& node) noexcept

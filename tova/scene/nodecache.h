@@ -2,7 +2,6 @@
 
 #include "nodes/changelevel.h"
 
-#include <cstddef>
 #include <list>
 #include <memory>
 #include <unordered_map>
@@ -14,8 +13,7 @@ class PaintContext;
 class ScenePrivate;
 
 /// Pictures of nodes that ask to be cached, each made for one scale, direction and part of a pixel,
-/// so that it is drawn without being resampled. Bounded in bytes a picture and in all; what was
-/// used longest ago goes first.
+/// so that it is drawn without being resampled. They share the budget of all caches.
 class NodeCache {
 public:
     NodeCache();
@@ -26,6 +24,7 @@ public:
 
     void noteChange(NodeImpl& node, ChangeLevel level) noexcept;
     void drop(NodeImpl& node) noexcept;
+    void clear() noexcept;
 
 private:
     struct Picture;
@@ -36,9 +35,8 @@ private:
     Pictures::iterator keep(NodeImpl& node, Picture&& picture);
     void erase(Pictures::iterator picture) noexcept;
 
-    Pictures m_pictures; ///< most recently used first
+    Pictures m_pictures;
     std::unordered_map<const NodeImpl*, std::list<Pictures::iterator>> m_byNode;
-    std::size_t m_bytes = 0;
 };
 
 } // namespace Tova2

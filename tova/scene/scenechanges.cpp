@@ -151,6 +151,9 @@ void ScenePrivate::repaintNode(NodeImpl& node)
 
 void ScenePrivate::requestFullRepaint()
 {
+    // What the scene says about all nodes is in their pictures.
+    ++m_editCounter;
+    m_cache->clear();
     if (isWatched())
         requestRepaint(Box::everywhere());
 }

@@ -1,6 +1,7 @@
 #include "scene/repaintsink.h"
 #include "scene/sceneprivate.h"
 
+#include "support/pictures.h"
 #include "tova/tova.h"
 
 #include <gmock/gmock.h>
@@ -9,9 +10,8 @@
 #include <QImage>
 #include <QPainter>
 
-#include <cstdlib>
-
 using namespace Tova2;
+using TestSupport::largestDifference;
 
 namespace {
 
@@ -55,22 +55,6 @@ QImage render(Scene& scene, double scale, double pixelRatio = 1)
     return image;
 }
 
-/// The largest difference of any channel of any pixel.
-int difference(const QImage& a, const QImage& b)
-{
-    if (a.size() != b.size())
-        return 256;
-    int largest = 0;
-    for (int y = 0; y < a.height(); ++y) {
-        for (int x = 0; x < a.width(); ++x) {
-            const QRgb p = a.pixel(x, y), q = b.pixel(x, y);
-            largest = std::max({largest, std::abs(qRed(p) - qRed(q)),
-                                std::abs(qGreen(p) - qGreen(q)), std::abs(qBlue(p) - qBlue(q))});
-        }
-    }
-    return largest;
-}
-
 struct CacheCase {
     const char* name;
     CacheType type;
@@ -89,8 +73,8 @@ TEST_P(NodeCacheTest, LooksLikeNoCacheOnFirstAndLaterPaints)
 {
     const auto plain = makeScene(CacheType::NoCache), cached = makeScene(GetParam().type);
     const QImage expected = render(*plain, GetParam().scale);
-    EXPECT_LE(difference(render(*cached, GetParam().scale), expected), kRounding);
-    EXPECT_LE(difference(render(*cached, GetParam().scale), expected), kRounding);
+    EXPECT_LE(largestDifference(render(*cached, GetParam().scale), expected), kRounding);
+    EXPECT_LE(largestDifference(render(*cached, GetParam().scale), expected), kRounding);
 }
 
 TEST_P(NodeCacheTest, FollowsEachKindOfChange)
@@ -104,8 +88,9 @@ TEST_P(NodeCacheTest, FollowsEachKindOfChange)
         Node(nodes[2]).setFillColor(Vetra::Color(0, 0.5, 0));
         Node(nodes[3]).rotateDegrees(10);
     }
-    EXPECT_LE(difference(render(*cached, GetParam().scale), render(*plain, GetParam().scale)),
-              kRounding);
+    EXPECT_LE(
+        largestDifference(render(*cached, GetParam().scale), render(*plain, GetParam().scale)),
+        kRounding);
 }
 
 INSTANTIATE_TEST_SUITE_P(
@@ -132,8 +117,9 @@ TEST_P(PixelRatioTest, EqualsAScaleOfTheSameFactor)
     const auto scene = makeScene(GetParam().cache);
     // The cosmetic outline is a pixel wide on either, so it does not scale.
     Node(scene->getAllNodes()[1]).setStroke(smoothStyle(1).stroke());
-    EXPECT_LE(difference(render(*scene, 1, GetParam().ratio), render(*scene, GetParam().ratio)),
-              kRounding);
+    EXPECT_LE(
+        largestDifference(render(*scene, 1, GetParam().ratio), render(*scene, GetParam().ratio)),
+        kRounding);
 }
 
 INSTANTIATE_TEST_SUITE_P(
@@ -141,7 +127,19 @@ INSTANTIATE_TEST_SUITE_P(
     testing::Values(RatioCase{"Fractional", 1.25, CacheType::NoCache},
                     RatioCase{"Double", 2, CacheType::NoCache},
                     RatioCase{"DoubleFromCaches", 2, CacheType::DeviceCoordinateCache},
-                    RatioCase{"FractionalFromCaches", 1.25, CacheType::ItemCoordinateCache}));
+                    RatioCase{"FractionalFromCaches", 1.25, CacheType::ItemCoordinateCache},
+                    RatioCase{"HalfFromCaches", 1.5, CacheType::DeviceCoordinateCache},
+                    RatioCase{"TripleFromCaches", 3, CacheType::ItemCoordinateCache}));
+
+// As when the window is dragged from screen to screen.
+TEST(CacheRatioTest, PicturesOfOneScreenAreNotShownOnAnother)
+{
+    const auto cached = makeScene(CacheType::ItemCoordinateCache);
+    const auto plain = makeScene(CacheType::NoCache);
+    for (const double ratio : {1.0, 2.0, 1.5, 1.0})
+        EXPECT_LE(largestDifference(render(*cached, 1, ratio), render(*plain, 1, ratio)), kRounding)
+            << ratio;
+}
 
 struct AlignCase {
     const char* name;

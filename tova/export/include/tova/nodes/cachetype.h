@@ -4,13 +4,23 @@
 
 namespace Tova2 {
 
-/// Whether a node's own painting, without its children, is kept as pixels between paints. A cached
-/// node looks exactly like an uncached one; a cache too large for the library's limits is not made.
+/// Whether a node's own painting, without its children, is kept as pixels between paints. It pays
+/// for what takes long to paint and is seldom edited: long texts, wide dashed paths, painters of
+/// the host. Simple shapes are painted faster than a picture is copied.
+///
+/// A cached node looks exactly like an uncached one at every zoom and on screens of any density:
+/// a picture is used only for the scale, direction, part of a pixel and pixel density that it was
+/// made for. A picture beyond the library's limits is not made, and the node painted anew; when all
+/// caches reach theirs, what was used longest ago goes. Printers, PDF and recorded pictures never
+/// see one. An edit of the node or of the scene's settings drops its pictures.
 enum class CacheType : std::uint8_t {
-    NoCache,              ///< painted anew each time
-    ItemCoordinateCache,  ///< kept until the node or the scale of its pixels changes
-    DeviceCoordinateCache ///< the same, and dropped as well when the node moves by a part of a
-                          ///< pixel
+    NoCache, ///< painted anew each time
+    /// Keeps the last four pictures: for nodes shown by several canvases, or at zooms that come
+    /// back.
+    ItemCoordinateCache,
+    /// Keeps the last picture only: for nodes that one canvas shows, while the view pans by whole
+    /// pixels or other nodes change around it.
+    DeviceCoordinateCache
 };
 
 } // namespace Tova2
