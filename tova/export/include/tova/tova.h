@@ -60,6 +60,7 @@
 #include "tova/events/eventhandler.h"
 #include "tova/events/eventtype.h"
 #include "tova/events/focusevent.h"
+#include "tova/events/gestureclock.h"
 #include "tova/events/inputmethodevent.h"
 #include "tova/events/keyevent.h"
 #include "tova/events/mouseevent.h"

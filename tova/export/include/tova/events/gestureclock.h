@@ -1,0 +1,54 @@
+#pragma once
+
+#include "tova/tova_export.h"
+
+#include <chrono>
+#include <functional>
+#include <memory>
+
+namespace Tova2 {
+
+/// Time for tools that wait or repeat: what time it is, and calls at intervals. Each user owns a
+/// clock of its own. GUI thread only.
+class TOVA_EXPORT GestureClock {
+public:
+    GestureClock() = default;
+    GestureClock(const GestureClock&) = delete;
+    GestureClock& operator=(const GestureClock&) = delete;
+    virtual ~GestureClock();
+
+    /// Since a moment that stays the same; never goes back.
+    virtual std::chrono::nanoseconds now() const = 0;
+    /// Replaces what ran before; an interval below 1 ms counts as 1 ms. The callback may stop,
+    /// restart or destroy the clock.
+    virtual void startRepeating(std::chrono::milliseconds interval,
+                                std::function<void()> callback) = 0;
+    /// No call arrives afterwards.
+    virtual void stop() noexcept = 0;
+    virtual bool isRunning() const noexcept = 0;
+
+    /// On the host's event loop and its steady clock.
+    static std::unique_ptr<GestureClock> onEventLoop();
+};
+
+/// Time that moves when a test says so.
+class TOVA_EXPORT ManualClock final : public GestureClock {
+public:
+    std::chrono::nanoseconds now() const override { return m_now; }
+    void startRepeating(std::chrono::milliseconds interval,
+                        std::function<void()> callback) override;
+    void stop() noexcept override { m_callback.reset(); }
+    bool isRunning() const noexcept override { return m_callback != nullptr; }
+
+    /// Makes each call that falls due on the way, at its own time. The clock must outlive the call.
+    /// Time does not go back: a negative duration does nothing.
+    void advance(std::chrono::nanoseconds duration);
+
+private:
+    std::chrono::nanoseconds m_now{};
+    std::chrono::nanoseconds m_due{};
+    std::chrono::nanoseconds m_interval{};
+    std::shared_ptr<const std::function<void()>> m_callback; // shared: it may replace itself
+};
+
+} // namespace Tova2
