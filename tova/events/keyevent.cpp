@@ -46,10 +46,11 @@ Key keyThatPrints(const std::u16string& text)
 
 } // namespace
 
-KeyEvent::KeyEvent(EventType type, EventCanvas* canvas, std::u16string text, bool isAutoRepeat,
-                   Vetra::MouseButtons buttons, std::uint32_t nativeKey, bool isTest)
-    : KeyEvent(type, canvas, keyThatPrints(text), {}, std::move(text), isAutoRepeat, buttons,
-               nativeKey, isTest)
+KeyEvent::KeyEvent(EventType type, EventCanvas* canvas, const std::u16string& text,
+                   bool isAutoRepeat, Vetra::MouseButtons buttons, std::uint32_t nativeKey,
+                   bool isTest)
+    : KeyEvent(type, canvas, keyThatPrints(text), {}, text, isAutoRepeat, buttons, nativeKey,
+               isTest)
 {}
 
 KeyEvent::KeyEvent(EventType type, EventCanvas* canvas, Key key, Vetra::Modifiers modifiers,

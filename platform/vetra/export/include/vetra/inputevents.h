@@ -18,12 +18,12 @@ class EventSource;
 
 struct GLMouseEvent2 {
     EventSource* widget = nullptr;
-    GLPoint<int> position;
-    GLPoint<int> globalPosition;
+    GLPoint<int> position{};
+    GLPoint<int> globalPosition{};
     int delta = 0; ///< of a wheel, in eighths of a degree, positive away from the user
     MouseButton button = MouseButton::NoButton; ///< that changed
-    MouseButtons buttons;                       ///< held after the change
-    Modifiers modifiers;
+    MouseButtons buttons{};                     ///< held after the change
+    Modifiers modifiers{};
     bool isTestEvent = false;
 
     bool operator==(const GLMouseEvent2&) const = default;
@@ -32,10 +32,10 @@ struct GLMouseEvent2 {
 struct GLKeyEvent2 {
     EventSource* widget = nullptr;
     Key key = Key::Unknown;
-    Modifiers modifiers;
-    std::u16string text;
+    Modifiers modifiers{};
+    std::u16string text{};
     bool isAutoRepeat = false;
-    MouseButtons buttons; ///< held meanwhile
+    MouseButtons buttons{}; ///< held meanwhile
     std::uint32_t nativeKey = 0;
     bool isTestEvent = false;
 
@@ -44,9 +44,9 @@ struct GLKeyEvent2 {
 
 struct GLInputMethodEvent2 {
     EventSource* widget = nullptr;
-    std::u16string commitString;
-    std::u16string preeditString;
-    any attributes; ///< the toolkit's list of them, or empty
+    std::u16string commitString{};
+    std::u16string preeditString{};
+    any attributes{}; ///< the toolkit's list of them, or empty
     // Of the text around the cursor, what the commit replaces: start from the cursor, and length.
     int replacementStart = 0;
     int replacementLength = 0;
@@ -62,9 +62,9 @@ struct GLFocusEvent2 {
 
 struct GLContextMenuEvent2 {
     EventSource* widget = nullptr;
-    GLPoint<int> position;
-    GLPoint<int> globalPosition;
-    Modifiers modifiers;
+    GLPoint<int> position{};
+    GLPoint<int> globalPosition{};
+    Modifiers modifiers{};
     ContextMenuReason reason = ContextMenuReason::Other;
 
     bool operator==(const GLContextMenuEvent2&) const = default;
@@ -73,11 +73,11 @@ struct GLContextMenuEvent2 {
 struct GLDragEvent2 {
     EventSource* widget = nullptr;
     EventSource* sourceWidget = nullptr; ///< null for a drag from another program
-    GLMimeData mimeData;
-    GLPoint<int> position;
-    MouseButtons buttons;
-    Modifiers modifiers;
-    DropActions possibleActions;
+    GLMimeData mimeData{};
+    GLPoint<int> position{};
+    MouseButtons buttons{};
+    Modifiers modifiers{};
+    DropActions possibleActions{};
     DropAction proposedAction = DropAction::Ignore;
 
     bool operator==(const GLDragEvent2&) const = default;
@@ -87,7 +87,7 @@ struct GLPanGestureEvent2 {
     EventSource* widget = nullptr;
     GestureType gestureType = GestureType::Pan;
     GestureState gestureState = GestureState::NoGesture;
-    GLPoint<double> delta; ///< since the last event
+    GLPoint<double> delta{}; ///< since the last event
     double acceleration = 0;
 
     bool operator==(const GLPanGestureEvent2&) const = default;
@@ -97,7 +97,7 @@ struct GLPinchGestureEvent2 {
     EventSource* widget = nullptr;
     GestureType gestureType = GestureType::Pinch;
     GestureState gestureState = GestureState::NoGesture;
-    GLPoint<double> centerPoint;
+    GLPoint<double> centerPoint{};
     double scaleFactor = 1;   ///< since the last event
     double rotationAngle = 0; ///< in degrees, since the last event
 

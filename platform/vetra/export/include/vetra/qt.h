@@ -1,7 +1,7 @@
 #pragma once
 
-/// Conversions between Vetra's values and the toolkit's. The only public header here that names
-/// toolkit types.
+/// Conversions between Vetra's values and the toolkit's. With `vetra/qtevents.h`, which does
+/// the same for input, the only public header here that names toolkit types.
 
 #include "vetra/color.h"
 #include "vetra/cursor.h"

@@ -10,8 +10,9 @@ class TOVA_EXPORT KeyEvent : public Event {
 public:
     /// The key is the one that prints `text`, when it is a single Latin or control character;
     /// `Key::Unknown` for any other.
-    KeyEvent(EventType type, EventCanvas* canvas, std::u16string text, bool isAutoRepeat = false,
-             Vetra::MouseButtons buttons = {}, std::uint32_t nativeKey = 0, bool isTest = false);
+    KeyEvent(EventType type, EventCanvas* canvas, const std::u16string& text,
+             bool isAutoRepeat = false, Vetra::MouseButtons buttons = {},
+             std::uint32_t nativeKey = 0, bool isTest = false);
     KeyEvent(EventType type, EventCanvas* canvas, Vetra::Key key, Vetra::Modifiers modifiers,
              std::u16string text = {}, bool isAutoRepeat = false, Vetra::MouseButtons buttons = {},
              std::uint32_t nativeKey = 0, bool isTest = false);
