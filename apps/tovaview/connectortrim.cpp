@@ -17,11 +17,6 @@ Point along(const Point& from, const Point& direction, double distance)
     return {from.x + direction.x * distance, from.y + direction.y * distance};
 }
 
-double dot(const Point& a, const Point& b)
-{
-    return a.x * b.x + a.y * b.y;
-}
-
 Point difference(const Point& a, const Point& b)
 {
     return {a.x - b.x, a.y - b.y};
@@ -71,69 +66,19 @@ std::optional<Border> borderOf(const Block& block)
     return border;
 }
 
-/// One end of a connector: `points` come end first.
-class End {
-public:
-    End(Points& points, std::vector<Figure*> heads) : m_points(points), m_heads(std::move(heads)) {}
-
-    void trim(const Border& border)
-    {
-        const Point end = m_points[0], before = m_points[1];
-        const double length = std::hypot(end.x - before.x, end.y - before.y);
-        if (!(length > 0))
-            return;
-        const Point direction{(end.x - before.x) / length, (end.y - before.y) / length};
-        const double reach = headReach(end, direction);
-        const Point tip = along(end, direction, reach);
-        if (!(border.measure(tip) < 1) || !(border.measure(before) > 1))
-            return;
-        const double kept = border.entry(before, tip);
-        if (length + reach - kept < shortestOverlap || kept - reach < shortestRest)
-            return;
-        m_points[0] = along(before, direction, kept - reach);
-        moveHeads(difference(m_points[0], end));
-    }
-
-private:
-    double headReach(const Point& end, const Point& direction) const
-    {
-        double reach = 0;
-        for (const Figure* head : m_heads)
-            for (const Point& point : head->points)
-                reach = std::max(reach, dot(difference(point, end), direction));
-        return reach;
-    }
-
-    void moveHeads(const Point& by)
-    {
-        for (Figure* head : m_heads)
-            for (Point& point : head->points)
-                point = {point.x + by.x, point.y + by.y};
-    }
-
-    Points& m_points;
-    std::vector<Figure*> m_heads;
-};
-
-double distance(const Point& a, const Point& b)
+/// `points` come end first. The last piece keeps room for the ending.
+void trimEnd(Points& points, const std::optional<Ending>& ending,
+             const std::optional<Border>& border)
 {
-    return std::hypot(a.x - b.x, a.y - b.y);
-}
-
-/// Of the two ends' heads those that lie at `near`.
-std::vector<Figure*> headsAt(Connector& connector, const Point& near, const Point& far)
-{
-    std::vector<Figure*> heads;
-    for (Figure& head : connector.heads)
-        if (distance(head.points.front(), near) <= distance(head.points.front(), far))
-            heads.push_back(&head);
-    return heads;
-}
-
-void trimHead(Connector& connector, Points& points, const std::optional<Border>& border)
-{
-    if (border)
-        End(points, headsAt(connector, points.front(), points.back())).trim(*border);
+    const Point end = points[0], before = points[1];
+    const double length = std::hypot(end.x - before.x, end.y - before.y);
+    if (!border || !(length > 0) || !(border->measure(end) < 1) || !(border->measure(before) > 1))
+        return;
+    const double kept = border->entry(before, end);
+    const double room = kept - (ending ? ending->length : 0);
+    if (length - kept < shortestOverlap || room < shortestRest)
+        return;
+    points[0] = along(before, difference(end, before), kept / length);
 }
 
 } // namespace
@@ -149,9 +94,9 @@ void trimConnectors(Diagram& diagram)
         Points& points = connector.lines.front().points;
         if (points.size() < 2)
             continue;
-        trimHead(connector, points, borderAt(connector.tail));
+        trimEnd(points, connector.tailEnding, borderAt(connector.tail));
         std::reverse(points.begin(), points.end());
-        trimHead(connector, points, borderAt(connector.head));
+        trimEnd(points, connector.headEnding, borderAt(connector.head));
         std::reverse(points.begin(), points.end());
     }
 }

@@ -77,6 +77,12 @@ void move(std::vector<Figure>& figures, const Point& by)
     }
 }
 
+void move(Ending& ending, const Point& by)
+{
+    move(ending.figures, by);
+    ending.tip = {ending.tip.x + by.x, ending.tip.y + by.y};
+}
+
 void move(std::vector<TextPiece>& texts, const Point& by)
 {
     for (TextPiece& text : texts)
@@ -102,6 +108,12 @@ void shiftIndices(Diagram& diagram, int clusters, int blocks)
 }
 
 } // namespace
+
+bool isOpenLine(const Figure& figure)
+{
+    return (figure.outline == Outline::Polyline || figure.outline == Outline::Bezier) &&
+           !figure.fill && figure.points.size() > 1;
+}
 
 Rect boxOf(const Points& points)
 {
@@ -156,6 +168,22 @@ Figure simplified(Figure curve)
     return curve;
 }
 
+void lengthen(Figure& line, Point tip)
+{
+    Points& points = line.points;
+    const Point end = points.back();
+    // Upright pieces stay upright: a tip is rounded as points are.
+    if (std::abs(tip.x - end.x) < straightTolerance)
+        tip.x = end.x;
+    if (std::abs(tip.y - end.y) < straightTolerance)
+        tip.y = end.y;
+    if (line.outline == Outline::Bezier)
+        points.insert(points.end(), {end, tip});
+    else if (points.size() > 1 && isNear(end, points[points.size() - 2], tip))
+        points.pop_back();
+    points.push_back(tip);
+}
+
 void translate(Drawing& drawing, const Point& by)
 {
     move(drawing.figures, by);
@@ -176,7 +204,9 @@ void translate(Diagram& diagram, const Point& by)
     }
     for (Connector& connector : diagram.connectors) {
         move(connector.lines, by);
-        move(connector.heads, by);
+        for (std::optional<Ending>* ending : {&connector.tailEnding, &connector.headEnding})
+            if (*ending)
+                move(**ending, by);
         translate(connector.labels, by);
         translate(connector.endLabels, by);
     }

@@ -92,14 +92,26 @@ struct Block {
     Drawing drawing;
 };
 
+/// What a connector wears at one of its ends.
+struct Ending {
+    QString kind;                ///< dot's name; one that is not known is drawn as `figures` say
+    std::vector<Figure> figures; ///< as the layout draws it
+    Point tip;
+    Point direction;   ///< towards the tip, of length 1; (0, 0) for figures that go with no line
+    double length = 0; ///< what the layout has left of the line for it
+    bool isBeyond = false; ///< the line ends before it, and not at its tip
+
+    bool isOnLine() const { return direction != Point{}; }
+};
+
 struct Connector {
     QString id;
-    int tail = -1, head = -1; ///< indices of blocks
-    bool hidden = false;      ///< its lines are led as others are, and not drawn
-    std::vector<Figure> lines;
-    std::vector<Figure> heads;
+    int tail = -1, head = -1;  ///< indices of blocks
+    bool hidden = false;       ///< its lines are led as others are, and not drawn
+    std::vector<Figure> lines; ///< along its way
+    std::optional<Ending> tailEnding, headEnding;
     Drawing labels;    ///< of its middle; connectors may run through them
-    Drawing endLabels; ///< beside its heads
+    Drawing endLabels; ///< beside its ends
 };
 
 struct Diagram {
@@ -111,6 +123,8 @@ struct Diagram {
     std::vector<Connector> connectors;
 };
 
+/// Whether it has two ends and no inside.
+bool isOpenLine(const Figure& figure);
 /// The box of all points; the zero rectangle when there are none.
 Rect boxOf(const Points& points);
 /// A curve whose bezier pieces are all straight, as the polyline of their ends, each exactly where
@@ -121,6 +135,8 @@ Figure straightened(Figure curve);
 std::vector<Figure> splitIntoRuns(const Figure& curve);
 /// Straightened, and without the corners that say nothing.
 Figure simplified(Figure curve);
+/// Leads a line on to `tip`, straight from its end; along its last piece where that points there.
+void lengthen(Figure& line, Point tip);
 void translate(Drawing& drawing, const Point& by);
 void translate(Diagram& diagram, const Point& by);
 /// Puts `next` to the right of `diagram`, on one page.

@@ -1,5 +1,6 @@
 #include "jsonreader.h"
 
+#include "endingreader.h"
 #include "fileerror.h"
 #include "inputfile.h"
 #include "xdotreader.h"
@@ -156,7 +157,8 @@ private:
                        blocks[static_cast<std::size_t>(connector.head)].id;
         for (Figure& line : readDrawings(object, {"_draw_"}).figures)
             connector.lines.push_back(simplified(std::move(line)));
-        connector.heads = readDrawings(object, {"_tdraw_", "_hdraw_"}).figures;
+        readEndings(object, m_top, readDrawings(object, {"_tdraw_"}).figures,
+                    readDrawings(object, {"_hdraw_"}).figures, connector);
         connector.labels = readDrawings(object, {"_ldraw_", "_xldraw_"});
         connector.endLabels = readDrawings(object, {"_tldraw_", "_hldraw_"});
         m_diagram.connectors.push_back(std::move(connector));

@@ -261,10 +261,11 @@ private:
         curve.line = line;
         const Points& p = curve.points;
         const std::size_t last = p.size() - 1;
-        addHead(connector, blockAt(connector.head), p[last],
-                directionOf({p[last], p[last - 1], p[last - 2], p[last - 3]}), line);
-        addHead(connector, blockAt(connector.tail), p[0], directionOf({p[0], p[1], p[2], p[3]}),
-                line);
+        connector.headEnding =
+            endingAt(blockAt(connector.head), p[last],
+                     directionOf({p[last], p[last - 1], p[last - 2], p[last - 3]}), line);
+        connector.tailEnding =
+            endingAt(blockAt(connector.tail), p[0], directionOf({p[0], p[1], p[2], p[3]}), line);
         connector.lines = splitIntoRuns(curve);
     }
 
@@ -281,18 +282,18 @@ private:
         return {};
     }
 
-    static void addHead(Connector& connector, const Block& block, const Point& end,
-                        const Point& direction, const LineStyle& line)
+    static std::optional<Ending> endingAt(const Block& block, const Point& end,
+                                          const Point& direction, const LineStyle& line)
     {
         const Point tip{end.x + direction.x * headLength, end.y + direction.y * headLength};
         if (distanceTo(block, end) < shortestGap || distanceTo(block, tip) > shortestGap)
-            return;
+            return {};
         const Point side{-direction.y * headHalfWidth, direction.x * headHalfWidth};
-        Figure head{Outline::Polygon,
-                    {tip, {end.x + side.x, end.y + side.y}, {end.x - side.x, end.y - side.y}},
-                    FillStyle{line.color, {}},
-                    LineStyle{line.color, line.width, Dash::Solid}};
-        connector.heads.push_back(std::move(head));
+        const Figure head{Outline::Polygon,
+                          {tip, {end.x + side.x, end.y + side.y}, {end.x - side.x, end.y - side.y}},
+                          FillStyle{line.color, {}},
+                          LineStyle{line.color, line.width, Dash::Solid}};
+        return Ending{QStringLiteral("normal"), {head}, tip, direction, headLength, true};
     }
 
     PlainLexer m_lexer;

@@ -1,11 +1,11 @@
 #include "scenebuilder.h"
 
+#include "connectornode.h"
 #include "figurestyle.h"
 #include "textfitter.h"
 
 #include <tova/nodes/containernode.h>
 #include <tova/nodes/ellipsenode.h>
-#include <tova/nodes/openlinearpathnode.h>
 #include <tova/nodes/rectnode.h>
 #include <tova/nodes/shapenode.h>
 #include <tova/nodes/style/background.h>
@@ -16,8 +16,6 @@ namespace TovaView {
 namespace {
 
 constexpr double pageMargin = 8;
-/// Of right-angled connectors.
-constexpr double cornerRadius = 3;
 /// Lets a line that runs through a label be guessed, and the label be read.
 constexpr double groundOpacity = 0.8;
 // Of the font's size, from the baseline: what letters reach as a rule.
@@ -42,13 +40,6 @@ std::size_t segmentsOf(const Vetra::Shape& path)
     return count;
 }
 
-bool isRightAngled(const Points& line)
-{
-    return std::adjacent_find(line.begin(), line.end(), [](const Point& a, const Point& b) {
-               return a.x != b.x && a.y != b.y;
-           }) == line.end();
-}
-
 /// The line through a text; fonts know of none.
 Figure strikeOf(const TextPiece& text)
 {
@@ -58,6 +49,21 @@ Figure strikeOf(const TextPiece& text)
             {{rect.x, y}, {rect.right(), y}},
             {},
             LineStyle{text.color, text.size / 16}};
+}
+
+/// Of the letters: spaces at either end need no room.
+Rect inkOf(const TextPiece& text)
+{
+    Rect rect = TextFitter(text).rect();
+    if (text.text == text.text.trimmed())
+        return rect;
+    TextPiece rest = text;
+    rest.text = text.text.trimmed();
+    const double width = TextFitter(rest).rect().width;
+    rest.text += text.text.mid(text.text.indexOf(rest.text) + rest.text.size());
+    rect.x = rect.right() - TextFitter(rest).rect().width;
+    rect.width = width;
+    return rect;
 }
 
 Tova2::Node containerAt(const Point& origin)
@@ -150,7 +156,7 @@ void SceneBuilder::addConnectors()
     for (const Connector& connector : m_diagram.connectors) {
         if (connector.hidden)
             hide(connector);
-        else if (!connector.lines.empty() || !connector.heads.empty())
+        else if (!connector.lines.empty())
             addConnector(connector);
     }
 }
@@ -160,21 +166,34 @@ void SceneBuilder::addConnector(const Connector& connector)
 {
     ++m_result.connectors;
     Tova2::Node root;
-    for (const auto* figures : {&connector.lines, &connector.heads}) {
-        for (const Figure& figure : *figures) {
-            const bool isLine = figures == &connector.lines;
-            Tova2::Node node = isLine ? makeLine(figure) : Tova2::ShapeNode(shapeOf(figure, {}));
-            node.setDrawStyle(styleOf(figure, {}));
-            place(node, root);
-            SceneItem& item = m_result.items[node];
-            item.path = shapeOf(figure, {});
-            if (isLine)
-                m_result.segments += segmentsOf(item.path);
-            if (!root.isValid())
-                root = node;
-        }
+    const auto add = [&](Tova2::Node node, const Figure& figure) {
+        node.setDrawStyle(styleOf(figure, {}));
+        place(node, root);
+        m_result.items[node].path = shapeOf(figure, {});
+        if (!root.isValid())
+            root = node;
+    };
+    const auto& lines = connector.lines;
+    for (std::size_t i = 0; i < lines.size(); ++i) {
+        const bool isFirst = i == 0, isLast = i + 1 == lines.size();
+        add(makeConnectorNode(lines[i], decoration(isFirst ? connector.tailEnding : std::nullopt),
+                              decoration(isLast ? connector.headEnding : std::nullopt)),
+            lines[i]);
+        m_result.segments += segmentsOf(shapeOf(lines[i], {}));
     }
+    for (const auto& ending : {connector.tailEnding, connector.headEnding})
+        if (ending && !ending->isOnLine())
+            for (const Figure& figure : ending->figures)
+                add(Tova2::ShapeNode(shapeOf(figure, {})), figure);
     name(root, connector.id);
+}
+
+/// Where several colours meet nothing is covered.
+Tova2::LineEndDecoration SceneBuilder::decoration(const std::optional<Ending>& ending) const
+{
+    if (!ending || !ending->isOnLine())
+        return {};
+    return decorationOf(*ending, groundAt(ending->tip).value_or(Vetra::Color(0, 0, 0, 0)));
 }
 
 void SceneBuilder::addConnectorLabels()
@@ -193,7 +212,7 @@ void SceneBuilder::addLabelGround(const TextPiece& text)
     const auto color = groundAt(text.anchor);
     if (!color)
         return;
-    const Rect line = TextFitter(text).rect();
+    const Rect line = inkOf(text);
     Tova2::RectNode ground({line.x, text.anchor.y - text.size * letterHeight, line.width,
                             text.size * (letterHeight + letterDepth)});
     ground.setDrawStyle({Tova2::Stroke::NoStroke(), withOpacity(*color, groundOpacity)});
@@ -253,23 +272,10 @@ Tova2::Node SceneBuilder::makeFigure(const Figure& figure, const Point& origin)
 void SceneBuilder::hide(const Connector& connector)
 {
     for (const Figure& figure : connector.lines) {
-        Tova2::Node node = makeLine(figure);
+        Tova2::Node node = makeConnectorNode(figure);
         node.setDrawStyle(styleOf(figure, {}));
         m_result.hidden.push_back(node);
     }
-}
-
-/// What is not straight can cross nothing as far as the scene can tell.
-Tova2::Node SceneBuilder::makeLine(const Figure& figure)
-{
-    if (figure.outline != Outline::Polyline || figure.fill)
-        return Tova2::ShapeNode(shapeOf(figure, {}));
-    Tova2::OpenLinearPathNode path(figure.points);
-    if (isRightAngled(figure.points)) {
-        path.setCornerStyle(Tova2::CornerStyle::Rounded);
-        path.setRoundedCornerRadius(cornerRadius);
-    }
-    return path;
 }
 
 Tova2::Node SceneBuilder::makeText(const TextPiece& text, const Point& origin)

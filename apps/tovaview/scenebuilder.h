@@ -2,6 +2,8 @@
 
 #include "diagramscene.h"
 
+#include <tova/nodes/lineenddecoration.h>
+
 #include <optional>
 
 namespace TovaView {
@@ -19,6 +21,7 @@ private:
     void addClusters();
     void addConnectors();
     void addConnector(const Connector& connector);
+    Tova2::LineEndDecoration decoration(const std::optional<Ending>& ending) const;
     void hide(const Connector& connector);
     void addBlocks(bool inClusters);
     void addConnectorLabels();
@@ -26,7 +29,6 @@ private:
     /// Adds a node for each figure and text under `parent`, whose origin in the scene is `origin`.
     void fill(const Tova2::Node& parent, const Point& origin, const Drawing& drawing);
     Tova2::Node makeFigure(const Figure& figure, const Point& origin);
-    Tova2::Node makeLine(const Figure& figure);
     Tova2::Node makeText(const TextPiece& text, const Point& origin);
     void place(Tova2::Node& node, const Tova2::Node& parent);
     void addLabelGround(const TextPiece& text);

@@ -1,9 +1,8 @@
 #include "tova/nodes/lineendings.h"
 
 #include "tova/nodes/ellipsenode.h"
-#include "tova/nodes/linearpathnode.h"
 #include "tova/nodes/linenode.h"
-#include "tova/nodes/openlinearpathnode.h"
+#include "tova/nodes/rectnode.h"
 #include "tova/nodes/shapenode.h"
 #include "vetra/shape.h"
 
@@ -17,7 +16,7 @@ namespace {
 using Points = std::vector<Vetra::GLPoint<double>>;
 
 // Of heads, half across to along.
-constexpr double kSlope = 0.4;
+constexpr double kSlope = 0.4, kDiamondSlope = 0.6;
 /// How deep the notch of a filled arrow is.
 constexpr double kNotch = 0.25;
 
@@ -33,6 +32,14 @@ Stroke solid(const Stroke& line, StrokeJoinStyle join)
     stroke.setCapStyle(StrokeCapStyle::FlatCap);
     stroke.setJoinStyle(join);
     return stroke;
+}
+
+/// A shape and no path: lines cross paths, and would be marked where they end in a head.
+Node polygon(const Points& points, bool isClosed = true)
+{
+    Vetra::Shape shape;
+    shape.addPolygon(points, isClosed);
+    return ShapeNode(shape);
 }
 
 LineEndDecoration decorated(Node node, const DrawStyle& style, double backoff)
@@ -55,10 +62,22 @@ DrawStyle stroked(const Stroke& line, StrokeJoinStyle join)
     return DrawStyle(solid(line, join), Fill());
 }
 
-/// How far a mitred tip of the head reaches beyond where its two lines meet.
-double tipReach(const Stroke& line)
+/// How far a mitred tip reaches beyond where its two lines meet.
+double tipReach(const Stroke& line, double slope = kSlope)
 {
-    return line.width(1.0) / 2 * std::hypot(1, kSlope) / kSlope;
+    return line.width(1.0) / 2 * std::hypot(1, slope) / slope;
+}
+
+DrawStyle solidOrOutlined(const Stroke& line, const std::optional<Vetra::Color>& fill)
+{
+    return fill ? DrawStyle(solid(line, StrokeJoinStyle::MiterJoin), Fill(*fill)) : filled(line);
+}
+
+/// The outline's share of the length at either end, so that strokes stay within it too. Some of
+/// the length is left to what is inside.
+double inset(const std::optional<Vetra::Color>& fill, double reach, double length)
+{
+    return fill ? std::min(reach, 0.45 * length) : 0;
 }
 
 } // namespace
@@ -68,35 +87,57 @@ LineEndDecoration createFilledArrow(const Stroke& line, double length)
 {
     const double l = usable(length, 8);
     const Points head{{0, 0}, {-l, -kSlope * l}, {(kNotch - 1) * l, 0}, {-l, kSlope * l}};
-    return decorated(LinearPathNode(head), filled(line), (0.9 - kNotch) * l);
+    return decorated(polygon(head), filled(line), (0.9 - kNotch) * l);
 }
 
 LineEndDecoration createOpenArrow(const Stroke& line, double length)
 {
     const double l = usable(length, 8), tip = -tipReach(line);
     const Points head{{tip - l, -kSlope * l}, {tip, 0}, {tip - l, kSlope * l}};
-    return decorated(OpenLinearPathNode(head), stroked(line, StrokeJoinStyle::MiterJoin), -tip);
+    return decorated(polygon(head, false), stroked(line, StrokeJoinStyle::MiterJoin), -tip);
 }
 
-LineEndDecoration createTriangle(const Stroke& line, double length, const Vetra::Color& fill)
+LineEndDecoration createTriangle(const Stroke& line, double length,
+                                 const std::optional<Vetra::Color>& fill)
 {
-    const double l = usable(length, 8), tip = -tipReach(line);
-    const Points head{{tip, 0}, {tip - l, -kSlope * l}, {tip - l, kSlope * l}};
-    const DrawStyle style(solid(line, StrokeJoinStyle::MiterJoin), Fill(fill));
-    return decorated(LinearPathNode(head), style, l - tip);
+    const double l = usable(length, 8), tip = -inset(fill, tipReach(line), l);
+    const double base = inset(fill, line.width(1.0) / 2, l) - l, across = kSlope * (tip - base);
+    const Points head{{tip, 0}, {base, -across}, {base, across}};
+    return decorated(polygon(head), solidOrOutlined(line, fill), fill ? -base : 0.9 * l);
 }
 
-LineEndDecoration createDiamond(const Stroke& line, double length)
+LineEndDecoration createInvertedTriangle(const Stroke& line, double length,
+                                         const std::optional<Vetra::Color>& fill)
 {
-    const double l = usable(length, 10), across = kSlope * l / 2 * 1.5;
-    const Points diamond{{0, 0}, {-l / 2, -across}, {-l, 0}, {-l / 2, across}};
-    return decorated(LinearPathNode(diamond), filled(line), 0.75 * l);
+    const double l = usable(length, 8), base = -inset(fill, line.width(1.0) / 2, l);
+    const double apex = inset(fill, tipReach(line), l) - l, across = kSlope * (base - apex);
+    const Points head{{apex, 0}, {base, -across}, {base, across}};
+    return decorated(polygon(head), solidOrOutlined(line, fill), fill ? -apex : l / 2);
 }
 
-LineEndDecoration createDot(const Stroke& line, double length)
+LineEndDecoration createDiamond(const Stroke& line, double length,
+                                const std::optional<Vetra::Color>& fill)
 {
-    const double l = usable(length, 5);
-    return decorated(EllipseNode(Ellipse({-l, -l / 2, l, l})), filled(line), l / 2);
+    const double l = usable(length, 10), tip = -inset(fill, tipReach(line, kDiamondSlope), l);
+    const double across = kDiamondSlope * (l / 2 + tip);
+    const Points diamond{{tip, 0}, {-l / 2, -across}, {-l - tip, 0}, {-l / 2, across}};
+    return decorated(polygon(diamond), solidOrOutlined(line, fill), fill ? l + tip : 0.75 * l);
+}
+
+LineEndDecoration createDot(const Stroke& line, double length,
+                            const std::optional<Vetra::Color>& fill)
+{
+    const double l = usable(length, 5), edge = inset(fill, line.width(1.0) / 2, l);
+    const Ellipse dot({edge - l, edge - l / 2, l - 2 * edge, l - 2 * edge});
+    return decorated(EllipseNode(dot), solidOrOutlined(line, fill), fill ? l - edge : l / 2);
+}
+
+LineEndDecoration createBox(const Stroke& line, double length,
+                            const std::optional<Vetra::Color>& fill)
+{
+    const double l = usable(length, 6), edge = inset(fill, line.width(1.0) / 2, l);
+    const RectNode box({edge - l, edge - l / 2, l - 2 * edge, l - 2 * edge});
+    return decorated(box, solidOrOutlined(line, fill), fill ? l - edge : 0.9 * l);
 }
 
 // In the middle of the bar's own stroke.

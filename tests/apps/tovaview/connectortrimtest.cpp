@@ -24,7 +24,7 @@ struct TrimCase {
     const char* name;
     Outline outline;
     Points line;
-    double headLength; ///< 0: no head at the end
+    double headLength;
     Points trimmed;
 };
 
@@ -39,10 +39,7 @@ TEST_P(ConnectorTrimTest, EndsAtTheOutline)
     connector.tail = 0;
     connector.head = 1;
     connector.lines = {{Outline::Polyline, row.line, {}, LineStyle{}}};
-    const Point end = row.line.back();
-    if (row.headLength > 0)
-        connector.heads = {
-            {Outline::Polygon, {end, {end.x + row.headLength, end.y}}, {}, LineStyle{}}};
+    connector.headEnding.emplace().length = row.headLength;
     diagram.connectors = {connector};
     trimConnectors(diagram);
     const Points& points = diagram.connectors[0].lines[0].points;
@@ -51,8 +48,6 @@ TEST_P(ConnectorTrimTest, EndsAtTheOutline)
         EXPECT_NEAR(points[i].x, row.trimmed[i].x, 1e-6) << i;
         EXPECT_NEAR(points[i].y, row.trimmed[i].y, 1e-6) << i;
     }
-    for (const Figure& head : diagram.connectors[0].heads)
-        EXPECT_NEAR(head.points[0].x, row.trimmed.back().x, 1e-6);
 }
 
 INSTANTIATE_TEST_SUITE_P(
@@ -60,12 +55,11 @@ INSTANTIATE_TEST_SUITE_P(
     testing::Values(
         TrimCase{
             "BothEndsInside", Outline::Polygon, {{20, 20}, {120, 20}}, 0, {{40, 20}, {100, 20}}},
-        TrimCase{"HeadTouchesInstead",
-                 Outline::Polygon,
-                 {{40, 20}, {120, 20}},
-                 10,
-                 {{40, 20}, {90, 20}}},
-        TrimCase{"GoodEndsStay", Outline::Polygon, {{40, 20}, {90, 20}}, 10, {{40, 20}, {90, 20}}},
+        TrimCase{
+            "HeadIsLedBack", Outline::Polygon, {{40, 20}, {120, 20}}, 59, {{40, 20}, {100, 20}}},
+        TrimCase{
+            "HeadNeedsItsRoom", Outline::Polygon, {{40, 20}, {120, 20}}, 60, {{40, 20}, {120, 20}}},
+        TrimCase{"GoodEndsStay", Outline::Polygon, {{40, 20}, {99, 20}}, 10, {{40, 20}, {99, 20}}},
         TrimCase{"CornersStay",
                  Outline::Polygon,
                  {{20, 20}, {20, 80}, {120, 80}, {120, 20}},

@@ -94,8 +94,7 @@ const QByteArray clustered = R"~({"name":"g","directed":true,"bb":"0,0,100,50","
       {"name":"cluster_out","_gvid":2,"bb":"0,0,100,50","subgraphs":[1],"nodes":[3,4]},
       {"name":"a","_gvid":3,"pos":"20,20","width":"1","height":"1"},
       {"name":"b","_gvid":4,"pos":"60,20","width":"1","height":"1"}],
-    "edges":[{"tail":3,"head":4,"_draw_":[{"op":"b","points":[[0,0],[0,0],[9,0],[9,0]]}],
-              "_hdraw_":[{"op":"P","points":[[9,0],[12,2],[12,-2]]}]},
+    "edges":[{"tail":3,"head":4,"_draw_":[{"op":"b","points":[[0,0],[0,0],[9,0],[9,0]]}]},
              {"tail":3,"head":77}]})~";
 
 TEST(JsonReaderTest, ClustersNestThroughPlainSubgraphs)
@@ -115,8 +114,69 @@ TEST(JsonReaderTest, ConnectorsWithoutBlocksAreLeftOut)
     ASSERT_EQ(diagram.connectors.size(), 1u);
     EXPECT_EQ(diagram.connectors[0].id, QStringLiteral("a -> b"));
     EXPECT_EQ(diagram.connectors[0].lines.at(0).points, (Points{{0, 50}, {9, 50}}));
-    EXPECT_EQ(diagram.connectors[0].heads.size(), 1u);
 }
+
+/// A connector drawn as `curve`, with a head that dot has drawn somewhere.
+Connector connectorAlong(const char* curve, const char* positions)
+{
+    QByteArray text = clustered;
+    text.replace(R"~("points":[[0,0],[0,0],[9,0],[9,0]]}])~",
+                 QByteArray(R"~("points":)~") + curve + R"~(}],"pos":")~" + positions +
+                     R"~(","_hdraw_":[{"op":"P","points":[[9,2],[18,0],[9,-2]]}])~");
+    return read(text).connectors.at(0);
+}
+
+struct EndingCase {
+    const char* name;
+    const char* curve;
+    const char* positions;
+    Points points; ///< of the line, led on to the tip
+    Point direction;
+};
+class JsonEndingTest : public testing::TestWithParam<EndingCase> {};
+
+TEST_P(JsonEndingTest, LeadsTheLineToItsTip)
+{
+    const EndingCase& row = GetParam();
+    const Connector connector = connectorAlong(row.curve, row.positions);
+    EXPECT_EQ(connector.lines.at(0).points, row.points);
+    ASSERT_TRUE(connector.headEnding && !connector.tailEnding);
+    EXPECT_EQ(connector.headEnding->kind, QStringLiteral("normal"));
+    EXPECT_NEAR(connector.headEnding->direction.x, row.direction.x, 1e-5);
+    EXPECT_EQ(connector.headEnding->direction.y, row.direction.y);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Json, JsonEndingTest,
+    testing::Values(
+        EndingCase{
+            "Straight", "[[0,0],[0,0],[9,0],[9,0]]", "e,19,0 0,0", {{0, 50}, {19, 50}}, {1, 0}},
+        EndingCase{"UprightStaysUpright",
+                   "[[0,0],[0,0],[9,0],[9,0]]",
+                   "e,19,0.01 0,0",
+                   {{0, 50}, {19, 50}},
+                   {1, 0}},
+        EndingCase{"RoundACorner",
+                   "[[0,0],[0,0],[9,0],[9,0]]",
+                   "e,9,10 0,0",
+                   {{0, 50}, {9, 50}, {9, 40}},
+                   {0, -1}},
+        EndingCase{"Curve",
+                   "[[0,0],[0,9],[9,9],[9,0]]",
+                   "e,9,-10 0,0",
+                   {{0, 50}, {0, 41}, {9, 41}, {9, 50}, {9, 50}, {9, 60}, {9, 60}},
+                   {0, 1}},
+        EndingCase{"SeveralTipsStayWhereDrawn",
+                   "[[0,0],[0,0],[9,0],[9,0]]",
+                   "e,19,0 0,0;e,9,9 0,0",
+                   {{0, 50}, {9, 50}},
+                   {}},
+        EndingCase{"NoNumbersStayWhereDrawn",
+                   "[[0,0],[0,0],[9,0],[9,0]]",
+                   "e,nan,0 e,1e300,1",
+                   {{0, 50}, {9, 50}},
+                   {}}),
+    [](const auto& row) { return row.param.name; });
 
 TEST(JsonReaderTest, SubgraphsInACircleEnd)
 {

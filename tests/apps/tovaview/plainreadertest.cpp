@@ -55,7 +55,7 @@ TEST(PlainReaderTest, BentPiecesStayCurves)
     const Diagram diagram =
         read(twoBoxes + "edge a b 4 1 2.25 1.5 2 0.5 1 1 0.75 solid black\nstop\n");
     EXPECT_EQ(diagram.connectors.at(0).lines.at(0).outline, Outline::Bezier);
-    EXPECT_TRUE(diagram.connectors[0].heads.empty()) << "both ends touch";
+    EXPECT_FALSE(diagram.connectors[0].headEnding) << "touches";
 }
 
 TEST(PlainReaderTest, UprightPiecesPartFromBentOnes)
@@ -76,7 +76,8 @@ TEST(PlainReaderTest, InvisibleConnectorsKeepOnlyTheirWay)
     const Diagram diagram = read(twoBoxes + "edge a b 4 1 2.25 1 2 1 1 1 0.889 words 1 1 invis"
                                             " black\nstop\n");
     const Connector& connector = diagram.connectors.at(0);
-    EXPECT_TRUE(connector.hidden && connector.heads.empty() && connector.labels.empty());
+    EXPECT_TRUE(connector.hidden && !connector.headEnding && !connector.tailEnding &&
+                connector.labels.empty());
     EXPECT_EQ(connector.lines.at(0).points.size(), 2u);
     EXPECT_FALSE(connector.lines[0].line);
 }
@@ -87,8 +88,9 @@ TEST(PlainReaderTest, HeadFillsTheGapBeforeTheBlock)
     const Diagram diagram =
         read(twoBoxes + "edge a b 4 1 2.25 1 2 1 1 1 0.889 solid black\nstop\n");
     const Connector& connector = diagram.connectors.at(0);
-    ASSERT_EQ(connector.heads.size(), 1u);
-    EXPECT_NEAR(connector.heads[0].points[0].y, 162, 0.1);
+    ASSERT_TRUE(connector.headEnding && !connector.tailEnding);
+    EXPECT_NEAR(connector.headEnding->tip.y, 162, 0.1);
+    EXPECT_TRUE(connector.headEnding->isBeyond);
 }
 
 TEST(PlainReaderTest, GraphsComeSideBySide)

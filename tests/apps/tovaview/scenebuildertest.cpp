@@ -1,4 +1,6 @@
 #include "scenebuilder.h"
+#include "connectornode.h"
+#include "crossings.h"
 #include "pagesize.h"
 #include "scenedump.h"
 #include "textfitter.h"
@@ -48,7 +50,13 @@ Diagram smallDiagram()
     Connector connector;
     connector.id = QStringLiteral("a -> b");
     connector.lines = {{Outline::Polyline, {{70, 50}, {100, 50}, {130, 50}}, {}, LineStyle{}}};
-    connector.heads = {{Outline::Polygon, {{130, 46}, {140, 50}, {130, 54}}, {}, LineStyle{}}};
+    connector.headEnding =
+        Ending{QStringLiteral("normal"),
+               {{Outline::Polygon, {{130, 46}, {140, 50}, {130, 54}}, {}, LineStyle{}}},
+               {140, 50},
+               {1, 0},
+               10,
+               true};
     connector.labels.texts = {textAt("label", {100, 40}, 0)};
     diagram.connectors = {connector};
     return diagram;
@@ -136,6 +144,73 @@ TEST(SceneBuilderTest, CountsConnectorsAndTheirPieces)
     EXPECT_EQ(stats[QLatin1String("crossingMilliseconds")].toDouble(), 3);
     EXPECT_EQ(stats[QLatin1String("paintMilliseconds")].toDouble(), 4);
 }
+
+/// Of the crossing pass, the connector of the small diagram with another one on top.
+std::size_t crossingsWith(const Points& line)
+{
+    Diagram diagram = smallDiagram();
+    Connector other;
+    other.lines = {{Outline::Polyline, line, {}, LineStyle{}}};
+    diagram.connectors.push_back(other);
+    DiagramScene scene = SceneBuilder(diagram).build();
+    findCrossings(scene);
+    return scene.crossings;
+}
+
+TEST(SceneBuilderTest, HeadsAreNotCrossed)
+{
+    EXPECT_EQ(crossingsWith({{80, 20}, {80, 80}}), 1u);
+    EXPECT_EQ(crossingsWith({{120, 48}, {160, 48}}), 0u) << "the back of a head is upright";
+}
+
+struct EndingCase {
+    const char* name; ///< dot's, of what is at the end
+    const char* kind; ///< of the node for it
+    bool isBeyond;
+};
+class ConnectorEndingTest : public testing::TestWithParam<EndingCase> {};
+
+/// A line to the tip (20, 20) or until ten points before it, heading `way`, and what is at its end.
+Tova2::Node connectorTowards(const Point& way, const EndingCase& row)
+{
+    const Point tip{20, 20}, back = tip - way * 10, side{4 * way.y, -4 * way.x};
+    const Figure drawn{Outline::Polygon, {tip, back + side, back - side}, {}, LineStyle{}};
+    const Figure line{
+        Outline::Polyline, {tip - way * 90, row.isBeyond ? back : tip}, {}, LineStyle{}};
+    return makeConnectorNode(
+        line, {},
+        decorationOf({QString::fromUtf8(row.name), {drawn}, tip, way, 10, row.isBeyond}, {}));
+}
+
+TEST_P(ConnectorEndingTest, TouchesTheTipAndTurnsWithTheLine)
+{
+    for (const Point& way : {Point{0, -1}, Point{-1, 0}}) {
+        const Tova2::Node node = connectorTowards(way, GetParam());
+        ASSERT_EQ(node.getChildren().size(), 1u);
+        const Tova2::Node head = node.getChildAt(0);
+        EXPECT_STREQ(head.getFullyQualifiedKobjTypeName(), GetParam().kind);
+        auto scene = Tova2::Scene::createScene();
+        scene->addNode(node);
+        const Rect rect = scene->getBounds();
+        EXPECT_NEAR(way.x ? rect.x : rect.y, 20, 1.5);
+        EXPECT_NEAR(way.x ? rect.center().y : rect.center().x, 20, 1e-6);
+        EXPECT_GT(way.x ? rect.height : rect.width, 5);
+        scene->destroy();
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(Endings, ConnectorEndingTest,
+                         testing::Values(EndingCase{"normal", "Tova2.ShapeNode", true},
+                                         EndingCase{"empty", "Tova2.ShapeNode", false},
+                                         EndingCase{"inv", "Tova2.ShapeNode", false},
+                                         EndingCase{"vee", "Tova2.ShapeNode", false},
+                                         EndingCase{"ediamond", "Tova2.ShapeNode", false},
+                                         EndingCase{"odot", "Tova2.EllipseNode", false},
+                                         EndingCase{"box", "Tova2.RectNode", false},
+                                         EndingCase{"tee", "Tova2.LineNode", false},
+                                         EndingCase{"crow", "Tova2.ShapeNode", false},
+                                         EndingCase{"invdot", "Tova2.ContainerNode", false}),
+                         [](const auto& row) { return std::string(row.param.name); });
 
 TEST(SceneBuilderTest, AreaHoldsTextsBeyondThePage)
 {

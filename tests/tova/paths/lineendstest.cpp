@@ -197,10 +197,26 @@ TEST(LineEnds, AHandlerMayEditTheLineWhileDecorationsMove)
 
 struct ReadyCase {
     const char* name;
-    LineEndDecoration (*make)(const Stroke&, double);
+    bool isHollow;
+    std::function<LineEndDecoration(const Stroke&, double)> make;
     friend void PrintTo(const ReadyCase& row, std::ostream* out) { *out << row.name; }
 };
 class ReadyEndingTest : public testing::TestWithParam<ReadyCase> {};
+
+using HollowEnding = LineEndDecoration(const Stroke&, double, const std::optional<Vetra::Color>&);
+
+ReadyCase solid(const char* name, HollowEnding* make)
+{
+    return {name, false,
+            [make](const Stroke& line, double length) { return make(line, length, std::nullopt); }};
+}
+
+ReadyCase hollow(const char* name, HollowEnding* make)
+{
+    return {name, true, [make](const Stroke& line, double length) {
+                return make(line, length, Vetra::Color::fromPacked(0xffffffff));
+            }};
+}
 
 // The line comes from the left and ends at (60, 0): nothing may be drawn beyond, and no gap be
 // left.
@@ -218,28 +234,31 @@ TEST_P(ReadyEndingTest, EndsWhereTheLineEndsAndLeavesNoGap)
         scene->render(image, {0, 0, 200, 100}, {-100, -50, 200, 100});
         EXPECT_LE(touched(image).right(), 60.5) << width;
         EXPECT_GE(touched(image).right(), 58.5) << width;
-        const bool isHollow = std::string(GetParam().name) == "Triangle";
         for (int x = 50; x < 157; ++x) {
             const bool isDark = qGray(image.pixel(x, 49)) < 160 || qGray(image.pixel(x, 50)) < 160;
-            EXPECT_TRUE(isDark || (isHollow && x > 132)) << x << ", width " << width;
+            EXPECT_TRUE(isDark || (GetParam().isHollow && x > 132)) << x << ", width " << width;
         }
         scene->destroy();
     }
 }
 
-INSTANTIATE_TEST_SUITE_P(Endings, ReadyEndingTest,
-                         testing::Values(ReadyCase{"FilledArrow", LineEndings::createFilledArrow},
-                                         ReadyCase{"OpenArrow", LineEndings::createOpenArrow},
-                                         ReadyCase{"Triangle",
-                                                   [](const Stroke& line, double length) {
-                                                       return LineEndings::createTriangle(line,
-                                                                                          length);
-                                                   }},
-                                         ReadyCase{"Diamond", LineEndings::createDiamond},
-                                         ReadyCase{"Dot", LineEndings::createDot},
-                                         ReadyCase{"Bar", LineEndings::createBar},
-                                         ReadyCase{"CrowsFoot", LineEndings::createCrowsFoot}),
-                         [](const auto& row) { return std::string(row.param.name); });
+INSTANTIATE_TEST_SUITE_P(
+    Endings, ReadyEndingTest,
+    testing::Values(ReadyCase{"FilledArrow", false, LineEndings::createFilledArrow},
+                    ReadyCase{"OpenArrow", false, LineEndings::createOpenArrow},
+                    solid("Triangle", LineEndings::createTriangle),
+                    hollow("HollowTriangle", LineEndings::createTriangle),
+                    solid("InvertedTriangle", LineEndings::createInvertedTriangle),
+                    hollow("HollowInvertedTriangle", LineEndings::createInvertedTriangle),
+                    solid("Diamond", LineEndings::createDiamond),
+                    hollow("HollowDiamond", LineEndings::createDiamond),
+                    solid("Dot", LineEndings::createDot),
+                    hollow("HollowDot", LineEndings::createDot),
+                    solid("Box", LineEndings::createBox),
+                    hollow("HollowBox", LineEndings::createBox),
+                    ReadyCase{"Bar", false, LineEndings::createBar},
+                    ReadyCase{"CrowsFoot", false, LineEndings::createCrowsFoot}),
+    [](const auto& row) { return std::string(row.param.name); });
 
 } // namespace
 } // namespace Tova2

@@ -2,23 +2,35 @@
 
 #include "tova/nodes/lineenddecoration.h"
 
+#include <optional>
+
 namespace Tova2::LineEndings {
 
 // Ready decorations. Each call makes an ordinary node, drawn in the colour and width of the line's
 // stroke and `length` scene units along it, with its foremost point at the line's end, and a
 // backoff that ends the line inside the node or at its edge. A length that is not above 0 counts
-// as 8. Strokes without a line count as solid.
+// as the one given here. Strokes without a line count as solid.
+//
+// Where `fill` may be left out, the node is solid in the line's colour without one; with one, the
+// line's stroke runs round it, and `fill` covers what is below.
 
 /// A solid head with a notch at its back.
 TOVA_EXPORT LineEndDecoration createFilledArrow(const Stroke& line, double length = 8);
 /// Two lines that meet at the tip.
 TOVA_EXPORT LineEndDecoration createOpenArrow(const Stroke& line, double length = 8);
-/// Hollow: `fill` covers what is below.
+/// Hollow unless told otherwise.
 TOVA_EXPORT LineEndDecoration
 createTriangle(const Stroke& line, double length = 8,
-               const Vetra::Color& fill = Vetra::Color::fromPacked(0xffffffff));
-TOVA_EXPORT LineEndDecoration createDiamond(const Stroke& line, double length = 10);
-TOVA_EXPORT LineEndDecoration createDot(const Stroke& line, double length = 5);
+               const std::optional<Vetra::Color>& fill = Vetra::Color::fromPacked(0xffffffff));
+/// Its base lies at the line's end.
+TOVA_EXPORT LineEndDecoration createInvertedTriangle(const Stroke& line, double length = 8,
+                                                     const std::optional<Vetra::Color>& fill = {});
+TOVA_EXPORT LineEndDecoration createDiamond(const Stroke& line, double length = 10,
+                                            const std::optional<Vetra::Color>& fill = {});
+TOVA_EXPORT LineEndDecoration createDot(const Stroke& line, double length = 5,
+                                        const std::optional<Vetra::Color>& fill = {});
+TOVA_EXPORT LineEndDecoration createBox(const Stroke& line, double length = 6,
+                                        const std::optional<Vetra::Color>& fill = {});
 /// Across the line; `length` is that of the bar.
 TOVA_EXPORT LineEndDecoration createBar(const Stroke& line, double length = 8);
 /// Three lines that spread towards the end: "many".
