@@ -5,7 +5,7 @@
 
 #include <algorithm>
 #include <cmath>
-#include <iterator>
+#include <initializer_list>
 
 namespace TovaView {
 namespace {
@@ -44,12 +44,22 @@ bool readDump(const QString& text, Options& options)
     return !text.isEmpty();
 }
 
+bool isOneOf(const QString& text, std::initializer_list<const char*> names)
+{
+    return std::any_of(names.begin(), names.end(),
+                       [&](const char* name) { return text == QLatin1String(name); });
+}
+
 bool readDecorator(const QString& text, Options& options)
 {
     options.decorator = text;
-    constexpr const char* names[] = {"hop", "pin", "grad_pin", "light_pin", "none"};
-    return std::any_of(std::begin(names), std::end(names),
-                       [&](const char* name) { return text == QLatin1String(name); });
+    return isOneOf(text, {"hop", "pin", "grad_pin", "light_pin", "none"});
+}
+
+bool readDetail(const QString& text, Options& options)
+{
+    options.detail = text;
+    return isOneOf(text, {"default", "fullquality", "massivemodel"});
 }
 
 /// Links resolved, as far as the file exists.
@@ -76,6 +86,7 @@ constexpr ValueOption valueOptions[] = {
     {"--size", "WIDTHxHEIGHT in pixels, each 1 to 32767", readSize},
     {"--dump", "the name of a file", readDump},
     {"--decorator", "one of hop, pin, grad_pin, light_pin, none", readDecorator},
+    {"--lod", "one of default, fullquality, massivemodel", readDetail},
 };
 
 struct Flag {
@@ -179,7 +190,8 @@ QString usage()
 {
     return QStringLiteral(
         "Usage: tovaview FILE [--export OUT.png|OUT.pdf] [--scale S | --size WxH]\n"
-        "                [--decorator NAME] [--dump OUT.json] [--stats] [--version] [--help]\n"
+        "                [--decorator NAME] [--lod NAME] [--dump OUT.json] [--stats]\n"
+        "                [--version] [--help]\n"
         "\n"
         "Shows a Graphviz diagram: DOT (.dot, .gv; laid out by dot) or plain output (.plain).\n"
         "Without a display it writes the picture to FILE.png.\n"
@@ -188,6 +200,7 @@ QString usage()
         "  --scale S         pixels a point in the picture (1)\n"
         "  --size WxH        fit the picture into W by H pixels\n"
         "  --decorator NAME  mark crossings by hop, pin, grad_pin, light_pin or none (grad_pin)\n"
+        "  --lod NAME        draw small zooms by default, fullquality or massivemodel (default)\n"
         "  --dump OUT        write one JSON object a node\n"
         "  --stats           print counts, bounds and times as one line of JSON\n");
 }

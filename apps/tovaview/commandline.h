@@ -13,6 +13,7 @@ struct Options {
     double scale = 0;                               ///< pixels a point; 0: not given
     QSize size;                                     ///< pixels; invalid: not given
     QString decorator = QStringLiteral("grad_pin"); ///< of crossings; "none" draws none
+    QString detail = QStringLiteral("default");     ///< how small zooms are drawn
     bool stats = false, version = false, help = false;
     QString error; ///< what is wrong with the command line; empty when nothing is
 };

@@ -122,6 +122,7 @@ private:
         m_scene = SceneBuilder(diagram).build();
         m_timings.build = lap(timer);
         m_scene.scene->usePathIntersectionsDecorator(m_options.decorator.toStdString());
+        m_scene.scene->setLODStrategyKey("tova2::" + m_options.detail.toStdString());
         m_timings.crossings = findCrossings(m_scene);
     }
 

@@ -1,6 +1,7 @@
 #include "scene/renderpipeline.h"
 
 #include "nodes/destruction.h"
+#include "scene/detailscope.h"
 #include "scene/nodewalk.h"
 #include "scene/sceneprivate.h"
 #include "scene/stackingorder.h"
@@ -10,6 +11,7 @@
 #include <QPainter>
 #include <QtDebug>
 
+#include <algorithm>
 #include <cmath>
 
 namespace Tova2 {
@@ -79,8 +81,11 @@ void renderScene(ScenePrivate& scene, QPainter& painter, const RenderRequest& re
     const double ratio = painter.device()->devicePixelRatioF();
     const PaintStateScope state(scene,
                                 {view * QTransform::fromScale(ratio, ratio), request.isOffScreen});
+    const DetailScope detail(scene);
+    RenderRequest decided = request;
+    decided.quality = std::max(request.quality, detail.qualityAt(scaleOf(view) * ratio));
     const auto candidates = candidatesIn(scene, request.exposed, scaleOf(view));
-    NodeWalk walk(painter, view, request, nullptr);
+    NodeWalk walk(painter, view, decided, nullptr);
     auto edits = scene.editCounter();
     bool isEdited = false;
     for (const auto& [node, flags] : candidates) {

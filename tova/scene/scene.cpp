@@ -1,10 +1,12 @@
 #include "tova/scene/scene.h"
 
 #include "nodes/destruction.h"
+#include "scene/lodmanagerprivate.h"
 #include "scene/sceneprivate.h"
 #include "scene/scenequeries.h"
 
 #include "host/displayquery.h"
+#include "tova/scene/lodmanager.h"
 #include "tova/scene/scenechangetracker.h"
 #include "tova/scene/sceneerrors.h"
 #include "vetra/qt.h"
@@ -94,6 +96,7 @@ Scene& Scene::operator=(const Scene& other)
 
 Scene::~Scene()
 {
+    LODManager::instance().d->forget(this);
     giveUp(std::move(d), this);
 }
 

@@ -34,6 +34,19 @@ QTransform mapping(const QRectF& source, const QRectF& target)
            QTransform::fromTranslate(target.x(), target.y());
 }
 
+bool hasPixels(const QPainter& painter)
+{
+    switch (painter.device()->devType()) {
+    case QInternal::Widget:
+    case QInternal::Pixmap:
+    case QInternal::Image:
+    case QInternal::OpenGL:
+        return true;
+    default:
+        return false;
+    }
+}
+
 /// `whole` stands in for an empty target.
 void paint(ScenePrivate& scene, QPainter& painter, const Rect& target, const Rect& source,
            const QRectF& whole, bool isPixelDevice)
@@ -47,6 +60,8 @@ void paint(ScenePrivate& scene, QPainter& painter, const Rect& target, const Rec
     request.exposed = from;
     request.isOffScreen = true;
     request.isPixelDevice = isPixelDevice;
+    // What comes from a device without pixels of its own can be looked at from nearby.
+    request.quality = hasPixels(painter) ? 0 : 2;
     paintBackground(scene.settings.background, painter, to);
     renderScene(scene, painter, request);
 }

@@ -48,6 +48,7 @@ INSTANTIATE_TEST_SUITE_P(
         FaultCase{"OneFileForBoth", words("a.dot --dump o.png --export ./o.png"), "the same file"},
         FaultCase{"DecoratorUnknown", words("a.dot --decorator pins"), "--decorator needs"},
         FaultCase{"DecoratorEmpty", words("a.dot --decorator="), "--decorator needs"},
+        FaultCase{"DetailUnknown", words("a.dot --lod full"), "--lod needs"},
         FaultCase{"DumpWithoutName", words("a.dot --dump="), "--dump needs"}),
     [](const auto& row) { return row.param.name; });
 
@@ -55,13 +56,14 @@ TEST(CommandLineTest, TakesEveryOptionInEitherSpelling)
 {
     const Options options =
         parseArguments(words("--stats a.dot --export OUT.PNG --size=32767x1 --dump d.json"
-                             " --decorator=light_pin"));
+                             " --decorator=light_pin --lod massivemodel"));
     EXPECT_TRUE(options.error.isEmpty());
     EXPECT_EQ(options.file, QStringLiteral("a.dot"));
     EXPECT_EQ(options.exportTo, QStringLiteral("OUT.PNG"));
     EXPECT_EQ(options.size, QSize(32767, 1));
     EXPECT_EQ(options.dumpTo, QStringLiteral("d.json"));
     EXPECT_EQ(options.decorator, QStringLiteral("light_pin"));
+    EXPECT_EQ(options.detail, QStringLiteral("massivemodel"));
     EXPECT_TRUE(options.stats);
 }
 

@@ -68,6 +68,10 @@
 #include "tova/events/pinchgestureevent.h"
 #include "tova/events/widgetevent.h"
 
+#include "tova/scene/fullqualitylodstrategy.h"
+#include "tova/scene/lodmanager.h"
+#include "tova/scene/lodstrategy.h"
+#include "tova/scene/massivemodellodstrategy.h"
 #include "tova/scene/scene.h"
 #include "tova/scene/scenechangetracker.h"
 #include "tova/scene/sceneerrors.h"

@@ -1,0 +1,16 @@
+#pragma once
+
+#include "tova/scene/lodstrategy.h"
+
+namespace Tova2 {
+
+/// Everything at every zoom, at whatever cost.
+class TOVA_EXPORT FullQualityLODStrategy : public LODStrategy {
+public:
+    FullQualityLODStrategy();
+    static const Vetra::StringID& getStaticID(); ///< "tova2::fullquality"
+
+    unsigned char getQuality(double scale) const override;
+};
+
+} // namespace Tova2

@@ -1,0 +1,56 @@
+#pragma once
+
+#include "tova/scene/lodstrategy.h"
+
+#include <boost/shared_ptr.hpp>
+
+#include <cstddef>
+#include <map>
+#include <vector>
+
+namespace Tova2 {
+
+/// Strategies are the host's, and may call back, throw or be unregistered in the middle of any
+/// call: each is called through a reference of its own, with the records already as they are to be.
+class LODManagerPrivate {
+public:
+    using StrategyPtr = boost::shared_ptr<LODStrategy>;
+
+    LODManagerPrivate();
+
+    void add(const StrategyPtr& strategy);
+    bool remove(const StrategyPtr& strategy);
+    bool remove(const Vetra::StringID& id) { return m_registered.erase(id) > 0; }
+    bool activate(const Vetra::StringID& id);
+    void deactivate(const Vetra::StringID& id);
+    void beginScene(Scene* scene, const Vetra::StringID& key);
+    void endScene(Scene* scene);
+    std::size_t paintCount() const { return m_paints.size(); }
+    void endPaintsBeyond(std::size_t count);
+    /// The scene dies during its own paint.
+    void forget(const Scene* scene);
+    unsigned char qualityAt(double scale);
+
+private:
+    struct Paint {
+        Scene* scene;
+        StrategyPtr strategy;
+    };
+
+    StrategyPtr registered(const Vetra::StringID& id) const;
+    void choose(const Vetra::StringID& key);
+    void switchTo(StrategyPtr strategy);
+    void joinPaint();
+    void leavePaint();
+
+    std::map<Vetra::StringID, StrategyPtr> m_registered;
+    const StrategyPtr m_default;
+    StrategyPtr m_active;
+    std::vector<Paint> m_paints; ///< under way, the innermost last
+};
+
+/// Brings the manager up with all strategies of the library; for start-up, which need not wait for
+/// the first paint.
+void registerStandardStrategies();
+
+} // namespace Tova2
