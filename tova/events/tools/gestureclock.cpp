@@ -37,8 +37,8 @@ std::unique_ptr<GestureClock> GestureClock::onEventLoop()
 
 void ManualClock::startRepeating(std::chrono::milliseconds interval, std::function<void()> callback)
 {
-    m_callback = callback ? std::make_shared<const std::function<void()>>(std::move(callback))
-                          : nullptr;
+    m_callback =
+        callback ? std::make_shared<const std::function<void()>>(std::move(callback)) : nullptr;
     m_interval = std::max(interval, std::chrono::milliseconds(1));
     m_due = m_now + m_interval;
 }

@@ -1,0 +1,119 @@
+#pragma once
+
+#include "events/toollist.h"
+#include "tova/events/tool.h"
+#include "vetra/any.h"
+#include "vetra/cursor.h"
+#include "vetra/stringid.h"
+
+#include <optional>
+#include <utility>
+
+namespace Tova2 {
+
+class Event;
+class FirstError;
+class KeyEvent;
+class Scene;
+class ToolDispatch;
+class ToolStackHost;
+
+/// What a tool stack does. It outlives the `ToolStack` that a tool destroys inside a callback,
+/// until the operation under way has returned.
+class ToolStackCore {
+public:
+    ToolStackCore(Scene* scene, ToolStackHost* host) : m_scene(scene), m_host(host) {}
+    ToolStackCore(const ToolStackCore&) = delete;
+    ToolStackCore& operator=(const ToolStackCore&) = delete;
+    /// Lets all tools go; dies when nobody uses it any more.
+    void retire() noexcept;
+
+    // Membership
+
+    void addTool(Tool* tool, const Vetra::StringID& role);
+    bool removeTool(Tool* tool);
+    void moveTool(const Tool* tool, const Vetra::StringID& role, bool isAbove);
+    void addToolBeside(Tool* tool, const Vetra::StringID& role, bool isAbove);
+    void clear();
+    /// Also for a pointer to a tool that is no more.
+    bool isListed(const Tool* tool) noexcept { return m_tools.find(tool) != m_tools.end(); }
+    ToolList& tools() noexcept { return m_tools; }
+
+    // Activity
+
+    bool mayActivate(const Tool& tool) const noexcept;
+    void toolStateChanged(Tool& tool, Tool::EInteractionState old, Tool::EInteractionState now);
+    /// 2 when a tool was interrupted that does not cancel transparently, else 1 when any was, else
+    /// 0. Collects what the tools throw.
+    int cancelTools(const Tool* exempt, Tool::ECancelReason reason, FirstError& errors);
+    void setReadonly(bool isReadonly);
+    bool isReadonly() const noexcept { return m_isReadonly; }
+    Tool* activeTool() const noexcept { return m_active; }
+
+    // Events and messages
+
+    void dispatch(Event& event, bool isKeyRepeat);
+    void pressKey(KeyEvent& event);
+    void releaseKey(KeyEvent& event);
+    void delegateToTool(Tool* tool, Event& event);
+    void sendMessage(Vetra::StringID id, const Vetra::any& payload);
+    const std::optional<Vetra::Cursor>& overrideCursor() const noexcept { return m_cursor.cursor; }
+
+private:
+    friend class ToolDispatch;
+
+    struct OfferedCursor {
+        std::optional<Vetra::Cursor> cursor;
+        const Tool* from = nullptr;
+    };
+    /// Keeps the core and the tools alive. Every operation that calls a tool holds one.
+    class Use;
+    /// While there is one, tools that are done stay.
+    class Inside;
+    /// Of one dispatch or message inside another: the outer one learns of its activations.
+    class ActivationScope;
+    /// Of one dispatch inside another: each has the cursor that was offered to it.
+    class CursorScope;
+
+    ~ToolStackCore() = default;
+
+    bool hasTool(const Tool* tool) const noexcept { return tool->m_stack == this; }
+    void enter(Tool& tool, const Vetra::StringID& role);
+    void join(Tool& tool);
+    void dismiss(Tool& tool, FirstError& errors);
+    void cancelForRemoval(Tool& tool);
+    void tellRemoved(Tool& tool);
+    void expel(Tool& tool, FirstError& errors);
+    void unlink(Tool& tool) noexcept;
+    void removeDoneTools(FirstError& errors);
+
+    void activate(Tool& tool);
+    void deactivate(Tool& tool);
+    void forgetActive(const Tool* tool) noexcept;
+    int cancelOne(Tool& tool, const Tool* exempt, Tool::ECancelReason reason, FirstError& errors);
+    bool isShutOut(const Tool& tool) const;
+    void settle(FirstError& errors);
+
+    void collectCursor(Tool& tool);
+    void renewCursor();
+    void showCursor();
+
+    ToolList m_tools;
+    Scene* m_scene;
+    ToolStackHost* m_host;
+    Tool* m_active = nullptr;
+    const Tool* m_activating = nullptr; // for whom others are being cancelled
+    OfferedCursor m_cursor;
+    int m_depth = 0;
+    int m_cancelWalks = 0;
+    int m_dispatches = 0;
+    int m_uses = 0;
+    unsigned m_activations = 0;
+    bool m_isReadonly = false;
+    bool m_hasActivated = false; // a tool did so during the handling under way
+    bool m_hasSwallowedEscape = false;
+    bool m_hasLostCursor = false; // the tool that had offered it left
+    bool m_isRetired = false;
+};
+
+} // namespace Tova2

@@ -1,0 +1,7 @@
+#include "tova/events/toolstate.h"
+
+namespace Tova2 {
+
+ToolState::~ToolState() = default;
+
+} // namespace Tova2

@@ -1,0 +1,55 @@
+#pragma once
+
+#include "tova/tova_export.h"
+#include "vetra/any.h"
+#include "vetra/stringid.h"
+
+namespace Tova2 {
+
+class Event;
+class Tool;
+
+/// An ordered stack of tools, each under a role of its own; the top one sees events first.
+///
+/// All of it may be called from inside a tool's callbacks. It takes visible effect at once: an
+/// event under way is not offered to a tool that has left, nor to one that was put above the tool
+/// whose turn it is, while one put below is still offered it. What a tool throws reaches the caller
+/// after the operation has been completed.
+class TOVA_EXPORT IToolStack {
+public:
+    virtual ~IToolStack();
+
+    /// On top, or in place of the tool that has the role, which is cancelled and leaves. A tool of
+    /// this stack moves to its new role; one of another stack is refused, and null ignored.
+    virtual void addTool(Tool* tool, const Vetra::StringID& role) = 0;
+    /// Under its default role.
+    virtual void addTool(Tool* tool) = 0;
+    /// Hands the event to the tool whatever its state; the stack then has the tool's cursor.
+    virtual void delegateToTool(Tool* tool, Event& event) = 0;
+    /// The role itself when it is free, otherwise with the first free number from 2 on behind it.
+    virtual Vetra::StringID getUniqueToolRoleBasedOn(const Vetra::StringID& role) = 0;
+    virtual bool hasTool(Tool* tool) const = 0;
+    /// False when it is not here, or is being removed already.
+    virtual bool removeTool(Tool* tool) = 0;
+    virtual bool removeToolByRole(const Vetra::StringID& role) = 0;
+    /// Null when nobody has the role.
+    virtual Tool* getToolByRole(const Vetra::StringID& role) const = 0;
+    /// Empty when the tool is not here.
+    virtual Vetra::StringID getRoleByTool(Tool* tool) = 0;
+    /// Lets all tools go without cancelling them.
+    virtual void clearToolStack() = 0;
+    virtual void cancelAllTools() = 0;
+    /// To the active tool, then to all from the top down, the active one among them.
+    virtual void sendMessageToTools(Vetra::StringID id, const Vetra::any& payload) = 0;
+    /// Right above the tool that has the role; nothing when either is absent.
+    virtual void moveToolAbove(Tool* tool, const Vetra::StringID& role) = 0;
+    virtual void moveToolBelow(Tool* tool, const Vetra::StringID& role) = 0;
+    /// `addTool` under the default role, then the move.
+    virtual void addToolAbove(Tool* tool, const Vetra::StringID& role) = 0;
+    virtual void addToolBelow(Tool* tool, const Vetra::StringID& role) = 0;
+    virtual Tool* getActiveTool() = 0;
+    /// Deferred active counts as well.
+    virtual bool hasActiveOrAlertTool() const = 0;
+};
+
+} // namespace Tova2

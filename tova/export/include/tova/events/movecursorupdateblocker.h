@@ -1,0 +1,21 @@
+#pragma once
+
+#include "tova/tova_export.h"
+
+namespace Tova2 {
+
+/// While one lives, moving the pointer leaves the cursor as it is.
+class TOVA_EXPORT MoveCursorUpdateBlocker {
+public:
+    MoveCursorUpdateBlocker() noexcept { ++blockCount; }
+    ~MoveCursorUpdateBlocker() { --blockCount; }
+    MoveCursorUpdateBlocker(const MoveCursorUpdateBlocker&) = delete;
+    MoveCursorUpdateBlocker& operator=(const MoveCursorUpdateBlocker&) = delete;
+
+    static bool isBlocked() noexcept { return blockCount > 0; }
+
+private:
+    static int blockCount;
+};
+
+} // namespace Tova2
