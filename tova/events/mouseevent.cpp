@@ -35,6 +35,15 @@ MouseEvent::MouseEvent(EventType type, EventCanvas* canvas, const Vetra::GLPoint
     , m_scenePos(scenePos)
 {}
 
+MouseEvent MouseEvent::withType(EventType type) const
+{
+    MouseEvent event(type, canvas(), m_scenePos, {}, {}, 0, {}, {}, {},
+                     isSyntheticAutoscrollEvent(), false);
+    event.m_event = m_event;
+    event.m_viewportTransform = m_viewportTransform;
+    return event;
+}
+
 void MouseEvent::internalAccept(EventHandler& handler)
 {
     switch (type()) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "tova/nodes/customhittestfunctor.h"
+#include "tova/nodes/nodeemitters.h"
 #include "tova/nodes/weakref.h"
 #include "vetra/any.h"
 #include "vetra/cursor.h"
@@ -8,6 +9,8 @@
 #include "vetra/stringid.h"
 
 #include <boost/container/flat_map.hpp>
+
+#include <memory>
 #include <optional>
 
 namespace Tova2 {
@@ -24,6 +27,7 @@ struct NodeExtras {
     boost::container::flat_map<Vetra::StringID, Vetra::any> tags;
     std::optional<Vetra::Cursor> cursor;
     Vetra::Holder<CustomHitTestFunctor> hitTester;
+    std::unique_ptr<NodeEmitters> emitters;
     NodeChangeSink* sink = nullptr;
     WeakRef self; ///< to the node that owns these
 };

@@ -38,6 +38,7 @@
 #include "tova/nodes/lineendings.h"
 #include "tova/nodes/linenode.h"
 #include "tova/nodes/node.h"
+#include "tova/nodes/nodeemitters.h"
 #include "tova/nodes/nodeerrors.h"
 #include "tova/nodes/opencurvedpathnode.h"
 #include "tova/nodes/openlinearpathnode.h"

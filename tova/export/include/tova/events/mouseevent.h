@@ -21,6 +21,9 @@ public:
     MouseEvent(const MouseEvent&) = default;
     MouseEvent& operator=(const MouseEvent&) = default;
 
+    /// A new event of another type at the same place; not consumed.
+    MouseEvent withType(EventType type) const;
+
     const char* className() const noexcept override { return "MouseEvent"; }
     const Vetra::GLPoint<double>& scenePos() const noexcept { return m_scenePos; }
     /// Of the canvas, from the scene to the view, when the event was made.

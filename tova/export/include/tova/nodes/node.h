@@ -17,12 +17,18 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <utility>
 #include <vector>
+
+namespace Vemit {
+class Listener;
+}
 
 namespace Tova2 {
 
 class NodeImpl;
 class Scene;
+struct NodeEmitters;
 
 /// One more than the largest index of a factory that makes elements on first need.
 inline constexpr std::uint64_t kMaxNodeImplFactories = 512;
@@ -227,6 +233,16 @@ public:
     bool containsScenePoint(const Vetra::GLPoint<double>& point) const;
     bool intersects(const Vetra::GLRect<double>& rect) const;
     bool intersects(const Bounds& bounds) const;
+    /// Connects to one of the element's emitters with the arguments of `Vemit::Emitter::connect`:
+    /// `node.connectTo(&NodeEmitters::mousePress, listener, callback)`. Answers the
+    /// `Vemit::Connection`. The emitters die with the element.
+    template <class Emitter, class... Arguments>
+    auto connectTo(Emitter NodeEmitters::*emitter, Arguments&&... arguments)
+    {
+        return (madeEmitters().*emitter).connect(std::forward<Arguments>(arguments)...);
+    }
+    void disconnectFromMousePressEmitter(Vemit::Listener* listener);
+    void disconnectFromMouseReleaseEmitter(Vemit::Listener* listener);
 
     // Output
 
@@ -252,6 +268,7 @@ private:
     friend std::size_t hash_value(const Node& node) { return node.hashValue(); }
 
     void adopt(NodeImpl* impl) const noexcept;
+    NodeEmitters& madeEmitters();
 
     //   0           empty
     //   1 .. 511    slot of the factory that makes the element on first need
