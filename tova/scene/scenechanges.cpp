@@ -1,9 +1,9 @@
+#include "scene/backgroundpainter.h"
 #include "scene/crossingmanager.h"
 #include "scene/nodecache.h"
 #include "scene/sceneprivate.h"
 
 #include "tova/scene/scenechangetracker.h"
-#include "vetra/qt.h"
 
 #include <QMetaObject>
 
@@ -134,8 +134,7 @@ const PathIntersectionsDecorator* ScenePrivate::crossingDecorator() const
 
 QColor ScenePrivate::paperColor() const
 {
-    return settings.background.hasColor() ? Vetra::toQt(settings.background.getColor())
-                                          : QColor(Qt::white);
+    return paperColorOf(settings.background);
 }
 
 void ScenePrivate::repaintNode(NodeImpl& node)

@@ -3,6 +3,7 @@
 #include "nodes/deferrederror.h"
 #include "nodes/destruction.h"
 #include "nodes/values.h"
+#include "scene/backgroundpainter.h"
 #include "scene/crossingmanager.h"
 #include "scene/nodecache.h"
 
@@ -66,7 +67,9 @@ private:
 } // namespace
 
 ScenePrivate::ScenePrivate()
-    : m_cache(std::make_unique<NodeCache>()), m_crossings(std::make_unique<CrossingManager>(*this))
+    : m_cache(std::make_unique<NodeCache>())
+    , m_backgroundPainter(std::make_unique<BackgroundPainter>())
+    , m_crossings(std::make_unique<CrossingManager>(*this))
 {}
 
 ScenePrivate::~ScenePrivate()

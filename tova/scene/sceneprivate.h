@@ -16,6 +16,7 @@
 
 namespace Tova2 {
 
+class BackgroundPainter;
 class CrossingManager;
 class DeferredError;
 class NodeCache;
@@ -71,6 +72,7 @@ public:
     const DisplayList& displayList();
     QRectF bounds();
     NodeCache& cache() { return *m_cache; }
+    BackgroundPainter& backgroundPainter() { return *m_backgroundPainter; }
     QPointF pixelAligned(const QPointF& point) const override;
     CrossingManager& crossings() { return *m_crossings; }
     const PathIntersectionsDecorator* crossingDecorator() const override;
@@ -124,6 +126,7 @@ private:
     SceneChangeTracker* m_tracker = nullptr;
     std::vector<const NodeImpl*> m_announced; ///< whose coming or going the tracker is being told
     std::unique_ptr<NodeCache> m_cache;
+    std::unique_ptr<BackgroundPainter> m_backgroundPainter;
     std::unique_ptr<CrossingManager> m_crossings;
     std::vector<NodeImpl*> m_unsettled; ///< whose new bounds are not known to be in force yet
     QObject m_nextTurn;

@@ -2,7 +2,7 @@
 
 #include "tova/nodes/style/lodcolordepth.h"
 
-#include "vetra/imageloader.h"
+#include "vetra/imagecompositor.h"
 
 #include <exception>
 
@@ -13,7 +13,7 @@ namespace {
 Vetra::Holder<Vetra::Image> imageOrNull(const std::string& path)
 {
     try {
-        const auto image = Vetra::loadImage(path);
+        const auto image = Vetra::ImageCompositor::Manager::instance().load(path);
         return image && !image->isNull() ? image : nullptr;
     } catch (const std::exception&) {
         // A backdrop that cannot be read is no reason not to show the diagram.
@@ -44,9 +44,9 @@ bool Background::hasImage() const
     return m_availability == Availability::Present;
 }
 
-const Vetra::Image* Background::loadedImage() const
+Vetra::Holder<Vetra::Image> Background::loadedImage() const
 {
-    return hasImage() ? m_image.get() : nullptr;
+    return hasImage() ? m_image : nullptr;
 }
 
 void Background::overrideGradientIfLowColorMode()

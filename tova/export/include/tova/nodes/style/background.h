@@ -11,7 +11,12 @@
 
 namespace Tova2 {
 
-/// The backdrop of a scene: a colour, a gradient, an image, or none of them. A plain value.
+/// The backdrop of a scene: a colour, over it a gradient, over that an image, or none of them. A
+/// plain value.
+///
+/// The gradient lies in the scene when its coordinates are logical, and moves and grows with it;
+/// in the other coordinate modes it spans the view or the picture, whatever part of the scene that
+/// shows. The image covers the view or the picture from its middle on, undistorted.
 class TOVA_EXPORT Background {
 public:
     void setColor(const Vetra::Color& color) noexcept { m_color = color; }
@@ -26,14 +31,15 @@ public:
     bool hasGradient() const noexcept { return !m_gradient.isEmpty(); }
     void clearGradient() { m_gradient = {}; }
 
-    /// The path of a file. It is read when first asked for, once, until another path is set.
+    /// The path of a file. It is read when first asked for, once, until another path is set. What
+    /// files may be read is a matter of `Vetra::ImageCompositor::Manager`.
     void setImage(const std::string& path);
     const std::string& getImage() const noexcept { return m_imagePath; }
     /// False as well for a file that cannot be read.
     bool hasImage() const;
     void clearImage() { setImage({}); }
-    /// Null exactly when `hasImage` is false.
-    const Vetra::Image* loadedImage() const;
+    /// Empty exactly when `hasImage` is false.
+    Vetra::Holder<Vetra::Image> loadedImage() const;
 
     /// Where the screen shows few colours (see LodColorDepth): makes the gradient's first colour
     /// the colour, and drops the gradient. Without stops nothing happens.
