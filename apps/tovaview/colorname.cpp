@@ -71,7 +71,7 @@ QColor fromHex(const QString& text)
 
 } // namespace
 
-Vetra::Color colorOf(const QString& text)
+std::optional<Vetra::Color> findColor(const QString& text)
 {
     const QString first = text.section(QLatin1Char(':'), 0, 0).section(QLatin1Char(';'), 0, 0);
     // "/scheme/name" and "//name": without the scheme's table the name alone is the best guess.
@@ -85,7 +85,12 @@ Vetra::Color colorOf(const QString& text)
         color = fromHsv(name);
     if (!color.isValid() && !name.startsWith(QLatin1Char('#')))
         color.setNamedColor(name);
-    return color.isValid() ? fromQt(color) : Vetra::Color();
+    return color.isValid() ? std::optional(fromQt(color)) : std::nullopt;
+}
+
+Vetra::Color colorOf(const QString& text)
+{
+    return findColor(text).value_or(Vetra::Color());
 }
 
 } // namespace TovaView

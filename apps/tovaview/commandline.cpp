@@ -1,5 +1,7 @@
 #include "commandline.h"
 
+#include "colorname.h"
+
 #include <QDir>
 #include <QFileInfo>
 
@@ -62,6 +64,12 @@ bool readDetail(const QString& text, Options& options)
     return isOneOf(text, {"default", "fullquality", "massivemodel"});
 }
 
+bool readBackground(const QString& text, Options& options)
+{
+    options.background = findColor(text);
+    return options.background.has_value();
+}
+
 /// Links resolved, as far as the file exists.
 QString wholePath(const QString& path)
 {
@@ -86,6 +94,7 @@ constexpr ValueOption valueOptions[] = {
     {"--size", "WIDTHxHEIGHT in pixels, each 1 to 32767", readSize},
     {"--dump", "the name of a file", readDump},
     {"--decorator", "one of hop, pin, grad_pin, light_pin, none", readDecorator},
+    {"--background", "the name of a colour, #rrggbb or #rrggbbaa", readBackground},
     {"--lod", "one of default, fullquality, massivemodel", readDetail},
 };
 
@@ -190,8 +199,8 @@ QString usage()
 {
     return QStringLiteral(
         "Usage: tovaview FILE [--export OUT.png|OUT.pdf] [--scale S | --size WxH]\n"
-        "                [--decorator NAME] [--lod NAME] [--dump OUT.json] [--stats]\n"
-        "                [--version] [--help]\n"
+        "                [--decorator NAME] [--lod NAME] [--background COLOR]\n"
+        "                [--dump OUT.json] [--stats] [--version] [--help]\n"
         "\n"
         "Shows a Graphviz diagram: DOT (.dot, .gv; laid out by dot) or plain output (.plain).\n"
         "Without a display it writes the picture to FILE.png.\n"
@@ -200,6 +209,8 @@ QString usage()
         "  --scale S         pixels a point in the picture (1)\n"
         "  --size WxH        fit the picture into W by H pixels\n"
         "  --decorator NAME  mark crossings by hop, pin, grad_pin, light_pin or none (grad_pin)\n"
+        "  --background COLOR\n"
+        "                    a name, #rrggbb or #rrggbbaa, instead of the diagram's ground\n"
         "  --lod NAME        draw small zooms by default, fullquality or massivemodel (default)\n"
         "  --dump OUT        write one JSON object a node\n"
         "  --stats           print counts, bounds and times as one line of JSON\n");

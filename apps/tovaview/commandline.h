@@ -1,8 +1,12 @@
 #pragma once
 
+#include <vetra/color.h>
+
 #include <QSize>
 #include <QString>
 #include <QStringList>
+
+#include <optional>
 
 namespace TovaView {
 
@@ -14,6 +18,7 @@ struct Options {
     QSize size;                                     ///< pixels; invalid: not given
     QString decorator = QStringLiteral("grad_pin"); ///< of crossings; "none" draws none
     QString detail = QStringLiteral("default");     ///< how small zooms are drawn
+    std::optional<Vetra::Color> background;         ///< instead of the diagram's own
     bool stats = false, version = false, help = false;
     QString error; ///< what is wrong with the command line; empty when nothing is
 };

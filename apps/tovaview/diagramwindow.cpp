@@ -42,7 +42,7 @@ QPixmap DiagramWindow::render() const
     const auto page = pageFor(m_diagram.area, {0, pixels}, 32767, 1 << 28);
     if (page) {
         QPainter painter(&picture);
-        m_diagram.scene->render(painter, page->target, m_diagram.area);
+        m_diagram.scene->render(painter, {}, shownOn(*page, m_diagram.area));
     }
     picture.setDevicePixelRatio(ratio);
     return picture;

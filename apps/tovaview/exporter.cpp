@@ -69,9 +69,8 @@ QByteArray printToFile(const DiagramScene& diagram, const PageSize& page, const 
         QPageLayout::Portrait, QMarginsF()));
     printer.setFullPage(true);
     const double dots = printer.resolution() / 72.0;
-    const Rect& t = page.target;
-    diagram.scene->render(printer, {t.x * dots, t.y * dots, t.width * dots, t.height * dots},
-                          diagram.area);
+    diagram.scene->render(printer, {0, 0, page.size.width() * dots, page.size.height() * dots},
+                          shownOn(page, diagram.area));
     QFile file(fileName);
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
 }
@@ -91,7 +90,7 @@ QImage paintPicture(const DiagramScene& diagram, const SizeWish& wish, const QSt
     const int dots = qRound(page.target.width / diagram.area.width / metresAPoint);
     picture.setDotsPerMeterX(dots);
     picture.setDotsPerMeterY(dots);
-    diagram.scene->render(picture, page.target, diagram.area);
+    diagram.scene->render(picture, {}, shownOn(page, diagram.area));
     return picture;
 }
 

@@ -51,4 +51,11 @@ std::optional<PageSize> pageFor(const Rect& area, const SizeWish& wish, double l
     return page;
 }
 
+Rect shownOn(const PageSize& page, const Rect& area)
+{
+    const double points = area.width / page.target.width; // a unit
+    return {area.x - page.target.x * points, area.y - page.target.y * points,
+            page.size.width() * points, page.size.height() * points};
+}
+
 } // namespace TovaView

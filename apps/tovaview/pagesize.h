@@ -26,4 +26,7 @@ struct PageSize {
 std::optional<PageSize> pageFor(const Rect& area, const SizeWish& wish, double longest,
                                 double largest);
 
+/// What of the scene all of the page shows when the area lies on it so, the ground around included.
+Rect shownOn(const PageSize& page, const Rect& area);
+
 } // namespace TovaView

@@ -119,7 +119,7 @@ private:
         const Diagram diagram = readDiagram(m_options.file, m_notes);
         sayNotes(m_options.file, m_notes);
         m_timings.load = lap(timer);
-        m_scene = SceneBuilder(diagram).build();
+        m_scene = SceneBuilder(diagram, m_options.background).build();
         m_timings.build = lap(timer);
         m_scene.scene->usePathIntersectionsDecorator(m_options.decorator.toStdString());
         m_scene.scene->setLODStrategyKey("tova2::" + m_options.detail.toStdString());

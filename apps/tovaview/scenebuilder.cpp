@@ -31,6 +31,13 @@ Vetra::Color withOpacity(const Vetra::Color& color, double opacity)
     return {color.red() / 255.0, color.green() / 255.0, color.blue() / 255.0, opacity};
 }
 
+Vetra::Color onWhite(const Vetra::Color& color)
+{
+    const double opacity = color.alpha() / 255.0;
+    const auto mix = [opacity](int channel) { return 1 - opacity * (1 - channel / 255.0); };
+    return {mix(color.red()), mix(color.green()), mix(color.blue())};
+}
+
 std::size_t segmentsOf(const Vetra::Shape& path)
 {
     std::size_t count = 0;
@@ -75,7 +82,9 @@ Tova2::Node containerAt(const Point& origin)
 
 } // namespace
 
-SceneBuilder::SceneBuilder(const Diagram& diagram) : m_diagram(diagram) {}
+SceneBuilder::SceneBuilder(const Diagram& diagram, const std::optional<Vetra::Color>& ground)
+    : m_diagram(diagram), m_wantedGround(ground)
+{}
 
 DiagramScene SceneBuilder::build()
 {
@@ -99,17 +108,24 @@ DiagramScene SceneBuilder::build()
 void SceneBuilder::addPage()
 {
     Drawing page = m_diagram.page;
-    if (!page.figures.empty() && page.figures.front().fill) {
-        m_ground = page.figures.front().fill->color;
-        Tova2::Background background;
-        background.setColor(m_ground);
-        if (!isWhite(m_ground))
-            m_result.scene->setBackground(background);
-        if (!page.figures.front().fill->gradient)
-            page.figures.erase(page.figures.begin());
-    }
+    const bool hasGround = !page.figures.empty() && page.figures.front().fill;
+    if (m_wantedGround)
+        setGround(*m_wantedGround);
+    else if (hasGround)
+        setGround(page.figures.front().fill->color);
+    if (hasGround && (m_wantedGround || !page.figures.front().fill->gradient))
+        page.figures.erase(page.figures.begin());
     if (!page.empty())
         fill({}, {}, page);
+}
+
+void SceneBuilder::setGround(const Vetra::Color& color)
+{
+    Tova2::Background background;
+    background.setColor(color);
+    if (!isWhite(color))
+        m_result.scene->setBackground(background);
+    m_ground = onWhite(color);
 }
 
 void SceneBuilder::addClusters()

@@ -12,12 +12,15 @@ namespace TovaView {
 /// connectors, the blocks outside of clusters, labels of connectors.
 class SceneBuilder {
 public:
-    explicit SceneBuilder(const Diagram& diagram);
+    /// `ground` replaces the page's own.
+    explicit SceneBuilder(const Diagram& diagram,
+                          const std::optional<Vetra::Color>& ground = std::nullopt);
 
     DiagramScene build();
 
 private:
     void addPage();
+    void setGround(const Vetra::Color& color);
     void addClusters();
     void addConnectors();
     void addConnector(const Connector& connector);
@@ -39,7 +42,8 @@ private:
     const Diagram& m_diagram;
     DiagramScene m_result;
     std::vector<Tova2::Node> m_clusters; ///< by index in the diagram
-    Vetra::Color m_ground = Vetra::Color::fromPacked(0xffffffff);
+    std::optional<Vetra::Color> m_wantedGround;
+    Vetra::Color m_ground = Vetra::Color::fromPacked(0xffffffff); ///< as it shows, on white paper
 };
 
 } // namespace TovaView

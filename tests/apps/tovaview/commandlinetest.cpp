@@ -49,6 +49,8 @@ INSTANTIATE_TEST_SUITE_P(
         FaultCase{"DecoratorUnknown", words("a.dot --decorator pins"), "--decorator needs"},
         FaultCase{"DecoratorEmpty", words("a.dot --decorator="), "--decorator needs"},
         FaultCase{"DetailUnknown", words("a.dot --lod full"), "--lod needs"},
+        FaultCase{"BackgroundUnknown", words("a.dot --background blurple"), "--background needs"},
+        FaultCase{"BackgroundShortHex", words("a.dot --background #123"), "--background needs"},
         FaultCase{"DumpWithoutName", words("a.dot --dump="), "--dump needs"}),
     [](const auto& row) { return row.param.name; });
 
@@ -56,7 +58,7 @@ TEST(CommandLineTest, TakesEveryOptionInEitherSpelling)
 {
     const Options options =
         parseArguments(words("--stats a.dot --export OUT.PNG --size=32767x1 --dump d.json"
-                             " --decorator=light_pin --lod massivemodel"));
+                             " --decorator=light_pin --lod massivemodel --background=#20406080"));
     EXPECT_TRUE(options.error.isEmpty());
     EXPECT_EQ(options.file, QStringLiteral("a.dot"));
     EXPECT_EQ(options.exportTo, QStringLiteral("OUT.PNG"));
@@ -64,6 +66,7 @@ TEST(CommandLineTest, TakesEveryOptionInEitherSpelling)
     EXPECT_EQ(options.dumpTo, QStringLiteral("d.json"));
     EXPECT_EQ(options.decorator, QStringLiteral("light_pin"));
     EXPECT_EQ(options.detail, QStringLiteral("massivemodel"));
+    EXPECT_EQ(options.background, Vetra::Color::fromPacked(0x80204060));
     EXPECT_TRUE(options.stats);
 }
 

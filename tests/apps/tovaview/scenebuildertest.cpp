@@ -228,6 +228,22 @@ TEST(SceneBuilderTest, EmptyDiagramHasAnArea)
     EXPECT_EQ(dumpScene(scene), "[]\n");
 }
 
+TEST(SceneBuilderTest, WantedGroundTakesThePlaceOfThePages)
+{
+    Diagram diagram = smallDiagram();
+    diagram.page.figures = {boxFigure({0, 0, 200, 100})};
+    const auto wanted = Vetra::Color::fromPacked(0x80ff0000);
+    const DiagramScene plain = SceneBuilder(smallDiagram()).build();
+    const DiagramScene built = SceneBuilder(diagram, wanted).build();
+    EXPECT_EQ(built.scene->getBackground().getColor(), wanted);
+    EXPECT_EQ(built.scene->getAllNodesCount(), plain.scene->getAllNodesCount());
+    // A label lies on the colour as it shows on paper.
+    const auto below = built.scene->getNodesAtScenePos({90, 38});
+    EXPECT_TRUE(std::any_of(below.begin(), below.end(), [](const Tova2::Node& node) {
+        return node.getFillColor().green() == 127;
+    }));
+}
+
 TEST(TextFitterTest, SqueezesWhatIsTooWideAndStretchesNothing)
 {
     const TextPiece free = textAt("some words", {100, 50}, 0);
@@ -276,6 +292,11 @@ TEST_P(PageSizeTest, HoldsTheArea)
     EXPECT_NEAR(page->target.x, row.target.x, 1e-9);
     EXPECT_NEAR(page->target.width, row.target.width, 1e-9);
     EXPECT_NEAR(page->target.height, row.target.height, 1e-9);
+    // The area takes as much of what is shown as the target does of the page.
+    const Rect shown = shownOn(*page, row.area);
+    EXPECT_NEAR(row.area.width / shown.width, row.target.width / row.size.width(), 1e-9);
+    EXPECT_NEAR(row.area.center().x,
+                shown.x + shown.width * page->target.center().x / row.size.width(), 1e-9);
 }
 
 INSTANTIATE_TEST_SUITE_P(

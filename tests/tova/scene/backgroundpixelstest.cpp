@@ -102,8 +102,8 @@ TEST_F(BackgroundPixelsTest, GradientLiesInTheSceneOnlyWhenLogical)
     }
 }
 
-class BackgroundRatioTest : public BackgroundPixelsTest, public testing::WithParamInterface<double>
-{};
+using RatioInterface = testing::WithParamInterface<double>;
+class BackgroundRatioTest : public BackgroundPixelsTest, public RatioInterface {};
 
 TEST_P(BackgroundRatioTest, PartsAreAsInTheWhole)
 {
