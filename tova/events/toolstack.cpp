@@ -17,6 +17,11 @@ ToolStack::~ToolStack()
     m_core->retire();
 }
 
+void ToolStack::setScene(Scene* scene)
+{
+    m_core->setScene(scene);
+}
+
 void ToolStack::addTool(Tool* tool, const Vetra::StringID& role)
 {
     m_core->addTool(tool, role);

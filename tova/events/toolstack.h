@@ -25,6 +25,8 @@ public:
     ToolStack& operator=(const ToolStack&) = delete;
     /// Lets all tools go.
     ~ToolStack() override;
+    /// For content that changes owners; the tools change along.
+    void setScene(Scene* scene);
 
     void addTool(Tool* tool, const Vetra::StringID& role) override;
     void addTool(Tool* tool) override;

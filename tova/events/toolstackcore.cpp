@@ -15,6 +15,15 @@ void ToolStackCore::retire() noexcept
     m_scene = nullptr;
 }
 
+void ToolStackCore::setScene(Scene* scene)
+{
+    m_scene = scene;
+    const Use use(*this);
+    ToolList::Walk walk(m_tools);
+    while (Tool* tool = walk.next())
+        tool->m_scene = scene;
+}
+
 void ToolStackCore::addTool(Tool* tool, const Vetra::StringID& role)
 {
     if (!tool || m_isRetired)

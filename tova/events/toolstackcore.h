@@ -27,6 +27,8 @@ public:
     ToolStackCore& operator=(const ToolStackCore&) = delete;
     /// Lets all tools go; dies when nobody uses it any more.
     void retire() noexcept;
+    /// Tools that are here name the new one from now on.
+    void setScene(Scene* scene);
 
     // Membership
 

@@ -1,9 +1,13 @@
 #include "tova/scene/scene.h"
 
+#include "nodes/deferrederror.h"
 #include "nodes/destruction.h"
+#include "scene/builtintools.h"
 #include "scene/lodmanagerprivate.h"
 #include "scene/sceneprivate.h"
 #include "scene/scenequeries.h"
+#include "scene/scenetools.h"
+#include "scene/sceneuse.h"
 
 #include "host/displayquery.h"
 #include "tova/scene/lodmanager.h"
@@ -71,7 +75,15 @@ Scene* Scene::createScenePtr()
 {
     if (!Host::svGraphicsHasDisplay())
         raise(SceneError::NoSceneWhenDisplayOff);
-    return new Scene;
+    // Tools may hold the scene for a moment as they are added.
+    Vetra::Holder<Scene> scene(new Scene);
+    addBuiltinToolConstructors(scene->d->tools().factory());
+    scene->d->tools().fillStack();
+    scene->increment();
+    Scene* const made = scene.get();
+    scene.reset();
+    made->decrement(); // to 0 again: the caller is to hold it
+    return made;
 }
 
 Scene::Scene() : d(std::make_shared<ScenePrivate>())
@@ -79,7 +91,8 @@ Scene::Scene() : d(std::make_shared<ScenePrivate>())
     d->addOwner(this);
 }
 
-Scene::Scene(const Scene& other) : Vetra::Referenced(other), d(other.d)
+Scene::Scene(const Scene& other)
+    : Vetra::Referenced(other), IToolStack(other), EventHandler(other), d(other.d)
 {
     d->addOwner(this);
 }
@@ -103,10 +116,15 @@ Scene::~Scene()
 void Scene::destroy()
 {
     // Called by a host to tear the content down, and by the count when the last reference is gone.
-    if (referenceCount() > 0)
-        d->removeAllNodes();
-    else
+    if (referenceCount() == 0) {
         delete this;
+        return;
+    }
+    const SceneUse use(*this);
+    DeferredError error;
+    error.run([&] { use->tools().stack().clearToolStack(); });
+    error.run([&] { use->removeAllNodes(); });
+    error.rethrow();
 }
 
 Scene* Scene::of(ScenePrivate* d)

@@ -6,6 +6,7 @@
 #include "scene/backgroundpainter.h"
 #include "scene/crossingmanager.h"
 #include "scene/nodecache.h"
+#include "scene/scenetools.h"
 
 #include "host/diagnosticscounter.h"
 #include "tova/scene/scenechangetracker.h"
@@ -67,7 +68,8 @@ private:
 } // namespace
 
 ScenePrivate::ScenePrivate()
-    : m_cache(std::make_unique<NodeCache>())
+    : m_tools(std::make_unique<SceneTools>(*this))
+    , m_cache(std::make_unique<NodeCache>())
     , m_backgroundPainter(std::make_unique<BackgroundPainter>())
     , m_crossings(std::make_unique<CrossingManager>(*this))
 {}
@@ -77,9 +79,17 @@ ScenePrivate::~ScenePrivate()
     close();
 }
 
+void ScenePrivate::addOwner(Scene* owner)
+{
+    m_owners.push_back(owner);
+    m_tools->setScene(scene());
+}
+
 void ScenePrivate::removeOwner(Scene* owner)
 {
     std::erase(m_owners, owner);
+    // At once: what tools do as they leave must not reach a scene that is being destroyed.
+    m_tools->setScene(scene());
     if (m_owners.empty())
         close();
 }
@@ -88,6 +98,7 @@ void ScenePrivate::close()
 {
     m_tracker = nullptr;
     m_repaintSinks.clear();
+    m_tools->close();
     removeAllNodes();
 }
 
@@ -179,8 +190,10 @@ void ScenePrivate::removeNode(NodeImpl& node)
     const Vetra::Holder<NodeImpl> keep(&node);
     DeferredError error;
     reportRemoved(node, error);
-    if (has(node))
+    if (has(node)) {
         leave(node);
+        m_tools->delivery().tellDeparted(error);
+    }
     error.rethrow();
 }
 
@@ -207,6 +220,7 @@ void ScenePrivate::leave(NodeImpl& node)
     ++m_editCounter;
     m_bounds.reset();
     node.setMembership(false);
+    m_tools->delivery().noteLeft();
 }
 
 void ScenePrivate::removeAllNodes()

@@ -22,6 +22,7 @@ class DeferredError;
 class NodeCache;
 class Scene;
 class SceneChangeTracker;
+class SceneTools;
 
 /// The content that one or more `Scene` handles own. Nodes reach it as their `SceneLink`.
 class ScenePrivate final : public SceneLink, private NodeChangeSink {
@@ -30,10 +31,13 @@ public:
     ~ScenePrivate();
 
     // Owners, the first of which is who nodes name as their scene
-    void addOwner(Scene* owner) { m_owners.push_back(owner); }
+    void addOwner(Scene* owner);
     /// With the last one the content is taken down, and takes no more nodes.
     void removeOwner(Scene* owner);
     Scene* scene() noexcept override { return m_owners.empty() ? nullptr : m_owners.front(); }
+
+    /// The tool stack with all that input goes through.
+    SceneTools& tools() { return *m_tools; }
 
     // Membership
     void addNode(NodeImpl& node) override;
@@ -125,6 +129,7 @@ private:
     std::vector<RepaintSink*> m_repaintSinks;
     SceneChangeTracker* m_tracker = nullptr;
     std::vector<const NodeImpl*> m_announced; ///< whose coming or going the tracker is being told
+    std::unique_ptr<SceneTools> m_tools;
     std::unique_ptr<NodeCache> m_cache;
     std::unique_ptr<BackgroundPainter> m_backgroundPainter;
     std::unique_ptr<CrossingManager> m_crossings;

@@ -81,6 +81,7 @@
 #include "tova/scene/lodmanager.h"
 #include "tova/scene/lodstrategy.h"
 #include "tova/scene/massivemodellodstrategy.h"
+#include "tova/scene/rolloverfactory.h"
 #include "tova/scene/scene.h"
 #include "tova/scene/scenechangetracker.h"
 #include "tova/scene/sceneerrors.h"

@@ -1,11 +1,16 @@
 #pragma once
 
+#include "tova/events/eventhandler.h"
+#include "tova/events/itoolstack.h"
 #include "tova/nodes/geometry/bounds.h"
 #include "tova/nodes/node.h"
 #include "tova/nodes/style/background.h"
 #include "tova/nodes/style/drawstyle.h"
 #include "tova/tova_export.h"
+#include "vemit/emitter.h"
+#include "vetra/any.h"
 #include "vetra/color.h"
+#include "vetra/cursor.h"
 #include "vetra/glpoint.h"
 #include "vetra/glrect.h"
 #include "vetra/image.h"
@@ -24,8 +29,12 @@ class QPrinter;
 
 namespace Tova2 {
 
+class BaseToolConstructor;
+class RolloverFactory;
 class SceneChangeTracker;
 class ScenePrivate;
+class SceneUse;
+class ToolFactory;
 
 /// The model that canvases show: the nodes of one diagram with their stacking order, background and
 /// settings. Made by `createScene`, kept by reference count. GUI thread only. Coordinates and
@@ -33,15 +42,15 @@ class ScenePrivate;
 ///
 /// Queries answer from the topmost node down and return snapshots, so that a caller may edit while
 /// it walks a result.
-class TOVA_EXPORT Scene : public Vetra::Referenced {
+class TOVA_EXPORT Scene : public Vetra::Referenced, public IToolStack, public EventHandler {
 public:
     /// Throws tova:scene/NoSceneWhenDisplayOff when the host has no display.
     static Vetra::Holder<Scene> createScene();
     /// A copy is one more owner of the same content.
     Scene(const Scene& other);
     Scene& operator=(const Scene& other);
-    /// Takes every node out. A handle that is still held stays usable, and the scene may be filled
-    /// again.
+    /// Clears the tool stack and takes every node out. A handle that is still held stays usable,
+    /// and the scene may be filled again.
     void destroy() override;
 
     // Nodes
@@ -91,6 +100,90 @@ public:
     DrawStyle popCreationDrawStyle();
     /// A default style when nothing is pushed.
     DrawStyle getCreationDrawStyle();
+
+    // Tools. A new scene has the ready tools of which its factory makes one; from the bottom up
+    // "UnconsumedEventTool", "CursorChangeTool", "PanZoomTool", "ToolTipTool", "ScrollWheelTool"
+    // and "TextTool".
+
+    void addTool(Tool* tool, const Vetra::StringID& role) override;
+    void addTool(Tool* tool) override;
+    void addToolAbove(Tool* tool, const Vetra::StringID& role) override;
+    void addToolBelow(Tool* tool, const Vetra::StringID& role) override;
+    /// Has the factory make it. Null when it makes none.
+    Tool* addToolByRole(Vetra::StringID role);
+    /// To the scene's factory, which takes ownership.
+    void addToolConstructor(BaseToolConstructor* constructor);
+    void moveToolAbove(Tool* tool, const Vetra::StringID& role) override;
+    void moveToolBelow(Tool* tool, const Vetra::StringID& role) override;
+    bool removeTool(Tool* tool) override;
+    bool removeToolByRole(const Vetra::StringID& role) override;
+    void clearToolStack() override;
+    void cancelAllTools() override;
+    void delegateToTool(Tool* tool, Event& event) override;
+    Tool* getActiveTool() override;
+    bool hasActiveOrAlertTool() const override;
+    bool hasTool(Tool* tool) const override;
+    Tool* getToolByRole(const Vetra::StringID& role) const override;
+    Vetra::StringID getRoleByTool(Tool* tool) override;
+    Vetra::StringID getUniqueToolRoleBasedOn(const Vetra::StringID& role) override;
+    /// Top first. A tool that leaves turns into an empty holder in the vector handed out.
+    const std::vector<Vetra::Holder<Tool>>& listCurrentTools() const;
+    void sendMessageToTools(Vetra::StringID id, const Vetra::any& payload) override;
+    /// Sends each message after the tools have had it.
+    Vemit::Emitter<const Vetra::StringID&, const Vetra::any&>& getToolMessageEmitter();
+    ToolFactory& getToolFactory();
+    /// Tools that modify get no events while it is on.
+    bool getToolstackReadonly();
+    /// Cancels an active tool that modifies, and moves the change counter on.
+    void setToolstackReadonly(bool isReadonly);
+    /// That tools want shown instead of the usual one; the arrow when they want none.
+    Vetra::Cursor getToolOverrideCursor();
+    bool hasToolOverrideCursor() const;
+    /// Sends when either of them has changed, for canvases.
+    Vemit::Emitter<>& getToolOverrideCursorEmitter();
+
+    // Tool tips: the factory that says when one shows goes by a name, which is a tag of the nodes
+    // it is for or the name of their kind. The empty name stands for all others.
+
+    /// Replaces the one of this name; holds a reference.
+    void addRolloverFactory(const std::string& name, RolloverFactory* factory);
+    bool removeRolloverFactory(const std::string& name);
+    /// Null when none is meant for the node.
+    RolloverFactory* getRolloverFactoryFor(const Node& node) const;
+
+    // Events. Each is offered to the tools. Moves, with no button held and no tool active, also
+    // tell nodes and tools of the topmost node under the pointer: the tools by `handleHover...`.
+
+    void handleMousePressEvent(MouseEvent& event) override;
+    void handleMouseReleaseEvent(MouseEvent& event) override;
+    void handleMouseMoveEvent(MouseEvent& event) override;
+    void handleMouseDoubleClickEvent(MouseEvent& event) override;
+    void handleWheelEvent(MouseEvent& event) override;
+    void handleKeyPressEvent(KeyEvent& event) override;
+    void handleKeyReleaseEvent(KeyEvent& event) override;
+    void handleFocusInEvent(FocusEvent& event) override;
+    void handleFocusOutEvent(FocusEvent& event) override;
+    void handleEnterCanvasEvent(WidgetEvent& event) override;
+    void handleLeaveCanvasEvent(WidgetEvent& event) override;
+    void handleDragLeaveEvent(WidgetEvent& event) override;
+    void handleDragEnterEvent(DragEvent& event) override;
+    void handleDragEvent(DragEvent& event) override;
+    void handleDropEvent(DragEvent& event) override;
+    void handleContextMenuEvent(ContextMenuEvent& event) override;
+    void handleInputMethodEvent(InputMethodEvent& event) override;
+    void handlePanGestureEvent(PanGestureEvent& event) override;
+    void handlePinchGestureEvent(PinchGestureEvent& event) override;
+    void handleUserDragInitEvent(MouseEvent& event) override;
+
+    // For tools, to hand an event on to the nodes, which send it to their listeners (NodeEmitters):
+    // the topmost node at the position and its ancestors, until one consumes it. The node pressed
+    // hears of moves and of the release wherever they are, and has the keyboard from then on.
+
+    void passMousePressEventToNode(MouseEvent& event);
+    void passMouseReleaseEventToNode(MouseEvent& event);
+    void passMouseMoveEventToNode(MouseEvent& event);
+    void passKeyPressEventToNode(KeyEvent& event);
+    void passKeyReleaseEventToNode(KeyEvent& event);
 
     // Settings
 
@@ -157,6 +250,7 @@ public:
     ScenePrivate* d_func() const noexcept { return d.get(); }
 
 private:
+    friend class SceneUse;
     Scene();
     ~Scene() override;
     static Scene* createScenePtr();

@@ -1,0 +1,183 @@
+#include "scene/scenetools.h"
+
+#include "nodes/deferrederror.h"
+
+#include "tova/events/focusevent.h"
+#include "tova/events/mouseevent.h"
+#include "tova/events/widgetevent.h"
+#include "vetra/quarntimer.h"
+
+#include <array>
+
+namespace Tova2 {
+
+namespace {
+
+// From the bottom up: the text tool sees events first.
+constexpr std::array kDefaultRoles{"UnconsumedEventTool", "CursorChangeTool", "PanZoomTool",
+                                   "ToolTipTool",         "ScrollWheelTool",  "TextTool"};
+
+/// Panning glides on by a timer.
+bool isUsable(const Vetra::StringID& role)
+{
+    return role != Vetra::StringID("PanZoomTool") || Vetra::QuarnTimer::isServicePresent();
+}
+
+} // namespace
+
+RolloverFactory::~RolloverFactory() = default;
+
+int RolloverFactory::timeIn(const Node&)
+{
+    return DEFAULT_TOOLTIP_TIMEIN;
+}
+
+int RolloverFactory::timeOut(const Node&)
+{
+    return DEFAULT_TOOLTIP_TIMEOUT;
+}
+
+SceneTools::SceneTools(ScenePrivate& scene) : m_delivery(scene), m_stack(nullptr, this) {}
+
+void SceneTools::close()
+{
+    m_delivery.forgetAll();
+    m_stack.clearToolStack();
+}
+
+void SceneTools::fillStack()
+{
+    for (const char* const role : kDefaultRoles) {
+        if (isUsable(role))
+            addToolByRole(role);
+    }
+}
+
+Tool* SceneTools::addToolByRole(const Vetra::StringID& role)
+{
+    const Vetra::Holder<Tool> tool = m_factory.createTool(role);
+    m_stack.addTool(tool.get(), role);
+    return m_stack.hasTool(tool.get()) ? tool.get() : nullptr;
+}
+
+void SceneTools::sendMessage(const Vetra::StringID& id, const Vetra::any& payload)
+{
+    DeferredError error;
+    error.run([&] { m_stack.sendMessageToTools(id, payload); });
+    error.run([&] { m_messageSent.send(id, payload); });
+    error.rethrow();
+}
+
+// What nodes hear of a move, a leave or the keyboard comes after the tools, which may edit the
+// scene, and also when a tool has thrown.
+
+void SceneTools::handleMove(MouseEvent& event)
+{
+    DeferredError error;
+    error.run([&] { m_stack.handleMouseMoveEvent(event); });
+    if (!isHoverHeld(event))
+        error.run([&] { tellTools(m_delivery.hover(event), event); });
+    error.rethrow();
+}
+
+void SceneTools::handleLeave(WidgetEvent& event)
+{
+    DeferredError error;
+    error.run([&] { m_stack.handleLeaveCanvasEvent(event); });
+    error.run([&] { tellTools(m_delivery.hoverNothing(), m_delivery.lastHover()); });
+    error.rethrow();
+}
+
+void SceneTools::handleFocusIn(FocusEvent& event)
+{
+    DeferredError error;
+    error.run([&] { m_stack.handleFocusInEvent(event); });
+    error.run([&] { m_delivery.focusIn(event); });
+    error.rethrow();
+}
+
+void SceneTools::handleFocusOut(FocusEvent& event)
+{
+    DeferredError error;
+    error.run([&] { m_stack.handleFocusOutEvent(event); });
+    error.run([&] { m_delivery.focusOut(event); });
+    error.rethrow();
+}
+
+/// In the middle of a gesture whatever lies under the pointer is only passed over.
+bool SceneTools::isHoverHeld(const MouseEvent& move)
+{
+    return !move.asGLMouseEvent2().buttons.isEmpty() || m_stack.getActiveTool();
+}
+
+void SceneTools::tellTools(const NodeDelivery::Crossing& crossing, const MouseEvent& hover)
+{
+    DeferredError error;
+    if (crossing.hasLeft)
+        error.run([&] {
+            offerHover(hover.withType(EventType::HoverEvent), &EventHandler::handleHoverExitEvent);
+        });
+    if (crossing.hasEntered)
+        error.run([&] {
+            offerHover(hover.withType(EventType::HoverEvent), &EventHandler::handleHoverEnterEvent);
+        });
+    error.rethrow();
+}
+
+void SceneTools::offerHover(MouseEvent event, void (EventHandler::*operation)(MouseEvent&))
+{
+    const auto tools = m_stack.listCurrentTools(); // A copy: tools come and go meanwhile.
+    for (const auto& tool : tools) {
+        if (event.isConsumed())
+            return;
+        const bool isShutOut = m_stack.getToolstackReadonly() &&
+                               tool->isModifyingTool() == Tool::ModifyingType::ModifiesModel;
+        if (!isShutOut && m_stack.hasTool(tool.get()))
+            (tool.get()->*operation)(event);
+    }
+}
+
+void SceneTools::showToolCursor(const Vetra::Cursor& cursor)
+{
+    if (m_cursor == cursor)
+        return;
+    m_cursor = cursor;
+    m_cursorChanged.send();
+}
+
+void SceneTools::restoreCursor()
+{
+    if (!m_cursor)
+        return;
+    m_cursor.reset();
+    m_cursorChanged.send();
+}
+
+void SceneTools::addRolloverFactory(const std::string& name, RolloverFactory* factory)
+{
+    if (factory)
+        m_rolloverFactories[name] = Vetra::Holder<RolloverFactory>(factory);
+}
+
+bool SceneTools::removeRolloverFactory(const std::string& name)
+{
+    return m_rolloverFactories.erase(name) > 0;
+}
+
+RolloverFactory* SceneTools::rolloverFactoryFor(const Node& node) const
+{
+    const auto named = [this](const std::string& name) {
+        const auto found = m_rolloverFactories.find(name);
+        return found == m_rolloverFactories.end() ? nullptr : found->second.get();
+    };
+    if (m_rolloverFactories.empty() || !node.isValid())
+        return named({});
+    for (const Vetra::StringID& tag : node.getTags()) {
+        if (RolloverFactory* const factory = named(tag.str()))
+            return factory;
+    }
+    RolloverFactory* const ofKind = named(node.getFullyQualifiedKobjTypeName());
+    return ofKind ? ofKind : named({});
+}
+
+} // namespace Tova2
