@@ -70,6 +70,12 @@ bool readBackground(const QString& text, Options& options)
     return options.background.has_value();
 }
 
+bool readInspect(const QString& text, Options& options)
+{
+    options.inspect = text.toInt();
+    return options.inspect > 0;
+}
+
 /// Links resolved, as far as the file exists.
 QString wholePath(const QString& path)
 {
@@ -93,6 +99,7 @@ constexpr ValueOption valueOptions[] = {
     {"--scale", "a number above 0, at most 1000", readScale},
     {"--size", "WIDTHxHEIGHT in pixels, each 1 to 32767", readSize},
     {"--dump", "the name of a file", readDump},
+    {"--inspect", "the id of a node in the dump", readInspect},
     {"--decorator", "one of hop, pin, grad_pin, light_pin, none", readDecorator},
     {"--background", "the name of a colour, #rrggbb or #rrggbbaa", readBackground},
     {"--lod", "one of default, fullquality, massivemodel", readDetail},
@@ -200,7 +207,7 @@ QString usage()
     return QStringLiteral(
         "Usage: tovaview FILE [--export OUT.png|OUT.pdf] [--scale S | --size WxH]\n"
         "                [--decorator NAME] [--lod NAME] [--background COLOR]\n"
-        "                [--dump OUT.json] [--stats] [--version] [--help]\n"
+        "                [--dump OUT.json] [--inspect ID] [--stats] [--version] [--help]\n"
         "\n"
         "Shows a Graphviz diagram: DOT (.dot, .gv; laid out by dot) or plain output (.plain).\n"
         "Without a display it writes the picture to FILE.png.\n"
@@ -213,6 +220,7 @@ QString usage()
         "                    a name, #rrggbb or #rrggbbaa, instead of the diagram's ground\n"
         "  --lod NAME        draw small zooms by default, fullquality or massivemodel (default)\n"
         "  --dump OUT        write one JSON object a node\n"
+        "  --inspect ID      print what is known of the node that has this id in the dump\n"
         "  --stats           print counts, bounds and times as one line of JSON\n");
 }
 

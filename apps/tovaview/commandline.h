@@ -19,6 +19,7 @@ struct Options {
     QString decorator = QStringLiteral("grad_pin"); ///< of crossings; "none" draws none
     QString detail = QStringLiteral("default");     ///< how small zooms are drawn
     std::optional<Vetra::Color> background;         ///< instead of the diagram's own
+    int inspect = 0;                                ///< id in the dump; 0: none
     bool stats = false, version = false, help = false;
     QString error; ///< what is wrong with the command line; empty when nothing is
 };

@@ -63,7 +63,8 @@ void ensureUnicodeLocale()
 
 bool isBatch(const Options& options)
 {
-    return !options.exportTo.isEmpty() || !options.dumpTo.isEmpty() || options.stats;
+    return !options.exportTo.isEmpty() || !options.dumpTo.isEmpty() || options.inspect ||
+           options.stats;
 }
 
 /// A picture that goes to a file needs no display. Else one is tried before going on without.
@@ -148,7 +149,24 @@ private:
             paint(m_options.file);
         if (!m_options.dumpTo.isEmpty())
             writeBytes(dumpScene(m_scene), m_options.dumpTo);
-        if (m_options.stats && !print(statsLine(m_scene, m_timings)))
+        if (m_options.inspect)
+            printOrThrow(inspected());
+        if (m_options.stats)
+            printOrThrow(statsLine(m_scene, m_timings));
+    }
+
+    QByteArray inspected() const
+    {
+        const std::string text = inspectNode(m_scene, m_options.inspect);
+        if (text.empty())
+            throw FileError(m_options.file, 0,
+                            QStringLiteral("has no node with id %1").arg(m_options.inspect));
+        return QByteArray::fromStdString(text);
+    }
+
+    static void printOrThrow(const QByteArray& text)
+    {
+        if (!print(text))
             throw FileError(QStringLiteral("standard output"), 0, QStringLiteral("cannot write"));
     }
 

@@ -1,5 +1,7 @@
 #include "scenedump.h"
 
+#include <tova/nodes/nodeinspector.h>
+
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
@@ -59,12 +61,19 @@ QJsonObject describe(const Tova2::Node& node, const SceneItem& item, const Ids& 
     return object;
 }
 
+/// In the order of their ids, which begin at 1.
+std::vector<Tova2::Node> nodesOf(const DiagramScene& diagram)
+{
+    std::vector<Tova2::Node> nodes = diagram.scene->getAllNodes();
+    std::reverse(nodes.begin(), nodes.end());
+    return nodes;
+}
+
 } // namespace
 
 QByteArray dumpScene(const DiagramScene& diagram)
 {
-    std::vector<Tova2::Node> nodes = diagram.scene->getAllNodes();
-    std::reverse(nodes.begin(), nodes.end());
+    const std::vector<Tova2::Node> nodes = nodesOf(diagram);
     Ids ids;
     for (const Tova2::Node& node : nodes)
         ids.emplace(node, static_cast<int>(ids.size()) + 1);
@@ -76,6 +85,13 @@ QByteArray dumpScene(const DiagramScene& diagram)
         lines += QJsonDocument(describe(node, item, ids)).toJson(QJsonDocument::Compact);
     }
     return lines.isEmpty() ? QByteArray("[]\n") : lines + "\n]\n";
+}
+
+std::string inspectNode(const DiagramScene& diagram, int id)
+{
+    const std::vector<Tova2::Node> nodes = nodesOf(diagram);
+    const auto index = static_cast<std::size_t>(id) - 1; // too large when there is no such id
+    return index < nodes.size() ? Tova2::inspectorText(nodes[index]) : std::string();
 }
 
 QByteArray statsLine(const DiagramScene& diagram, const Timings& timings)

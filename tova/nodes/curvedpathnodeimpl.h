@@ -13,6 +13,7 @@ public:
     static constexpr const char* kTypeName = "Tova2.CurvedPathNode";
 
     const char* typeName() const override { return kTypeName; }
+    void inspect(Inspection& out) const override;
     const std::vector<Vertex>& vertices() const { return m_vertices; }
     /// Nothing when one of them is not finite.
     void setVertices(std::vector<Vertex> vertices);

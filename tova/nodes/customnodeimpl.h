@@ -11,6 +11,7 @@ public:
     static constexpr const char* kTypeName = "Tova2.CustomNode";
 
     const char* typeName() const override { return kTypeName; }
+    void inspect(Inspection& out) const override;
     CustomNodePainter* painter() const { return m_painter.get(); }
     void setPainter(CustomNodePainter* painter);
     void boundsChanging();

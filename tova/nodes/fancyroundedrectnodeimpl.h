@@ -10,6 +10,7 @@ public:
     static constexpr const char* kTypeName = "Tova2.FancyRoundedRectNode";
 
     const char* typeName() const override { return kTypeName; }
+    void inspect(Inspection& out) const override;
     const QRectF& rect() const { return m_given.rect; }
     void setRect(const QRectF& rect);
     double radius(Corner corner) const { return m_given.radii[static_cast<std::size_t>(corner)]; }

@@ -13,6 +13,7 @@ public:
     using Source = Vetra::Holder<Vetra::ImageCompositor::Node>;
 
     const char* typeName() const override { return "Tova2.ImageNode"; }
+    void inspect(Inspection& out) const override;
 
     const Source& source() const { return m_source; }
     void setSource(const Source& source);

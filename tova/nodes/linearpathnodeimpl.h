@@ -16,6 +16,7 @@ public:
     static constexpr const char* kTypeName = "Tova2.LinearPathNode";
 
     const char* typeName() const override { return kTypeName; }
+    void inspect(Inspection& out) const override;
     const std::vector<QPointF>& points() const { return m_points; }
     /// Nothing when one of them is not finite.
     void setPoints(std::vector<QPointF> points);

@@ -12,6 +12,7 @@ public:
     static constexpr const char* kTypeName = "Tova2.LineNode";
 
     const char* typeName() const override { return kTypeName; }
+    void inspect(Inspection& out) const override;
     const QLineF& line() const { return m_line; }
     void setLine(const QLineF& line);
     LineEnds& ends() { return m_ends; }

@@ -17,6 +17,7 @@
 
 namespace Tova2 {
 
+class Inspection;
 class LinearPathNodeImpl;
 class NodeChangeSink;
 class PaintContext;
@@ -52,6 +53,8 @@ public:
     Node handle() { return Node(this); }
     /// Null for every other kind: what takes part in crossings.
     virtual LinearPathNodeImpl* asLinearPath() { return nullptr; }
+    /// Adds lines of what only this kind has.
+    virtual void inspect(Inspection&) const {}
     /// Only for the loop that takes nodes down.
     /// Carries out what `dispose` has put off, unless somebody has come to hold the node since.
     void deleteIfUnheld()

@@ -10,6 +10,7 @@ public:
     static constexpr const char* kTypeName = "Tova2.OpenCurvedPathNode";
 
     const char* typeName() const override { return kTypeName; }
+    void inspect(Inspection& out) const override;
     bool isa(const char* name) const override;
     const LineEnds& ends() const { return m_ends; }
     void setDecoration(LineEnds::Which which, const LineEndDecoration& decoration);

@@ -18,6 +18,7 @@ public:
     static constexpr const char* kTypeName = "Tova2.OpenLinearPathNode";
 
     const char* typeName() const override { return kTypeName; }
+    void inspect(Inspection& out) const override;
     bool isa(const char* name) const override;
     LineEnds& ends() { return m_ends; }
     void setDecoration(LineEnds::Which which, const LineEndDecoration& decoration);

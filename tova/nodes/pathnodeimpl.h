@@ -26,6 +26,7 @@ struct CrossingOutline;
 class PathNodeImpl : public NodeImpl {
 public:
     ~PathNodeImpl() override;
+    void inspect(Inspection& out) const override;
 
     const std::vector<Stroke>& strokes() const;
     /// Segments beyond the list have the node's own stroke.

@@ -9,6 +9,7 @@ public:
     static constexpr const char* kTypeName = "Tova2.RoundedRectNode";
 
     const char* typeName() const override { return kTypeName; }
+    void inspect(Inspection& out) const override;
     const QRectF& rect() const { return m_rect; }
     void setRect(const QRectF& rect);
     double radius() const { return m_radius; }

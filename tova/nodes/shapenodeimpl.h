@@ -14,6 +14,7 @@ public:
     static constexpr const char* kTypeName = "Tova2.ShapeNode";
 
     const char* typeName() const override { return kTypeName; }
+    void inspect(Inspection& out) const override;
     const Vetra::Shape& figure() const { return m_figure; }
     void setFigure(const Vetra::Shape& figure);
 

@@ -14,6 +14,7 @@ namespace Tova2 {
 class TextNodeImpl final : public NodeImpl {
 public:
     const char* typeName() const override { return "Tova2.TextNode"; }
+    void inspect(Inspection& out) const override;
 
     const std::string& text() const { return m_text; }
     void setText(const std::string& text);

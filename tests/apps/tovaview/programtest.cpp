@@ -124,6 +124,18 @@ INSTANTIATE_TEST_SUITE_P(Program, DecoratorTest,
                          testing::Values("hop", "pin", "grad_pin", "light_pin"),
                          [](const auto& row) { return row.param; });
 
+TEST(ProgramTest, InspectsTheNodeThatTheDumpTells)
+{
+    const auto inspect = [](const char* id) {
+        return runViewer(
+            {diagram("modules.plain"), QStringLiteral("--inspect"), QLatin1String(id)});
+    };
+    EXPECT_THAT(inspect("1").output, testing::StartsWith("Node: Tova2."));
+    const Outcome none = inspect("999999");
+    EXPECT_EQ(none.code, 1);
+    EXPECT_THAT(none.messages, HasSubstr("has no node with id 999999"));
+}
+
 TEST(ProgramTest, WithoutADisplayWritesBesideAndSaysWhere)
 {
     const TemporaryFolder folder;

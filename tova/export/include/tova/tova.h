@@ -40,6 +40,7 @@
 #include "tova/nodes/node.h"
 #include "tova/nodes/nodeemitters.h"
 #include "tova/nodes/nodeerrors.h"
+#include "tova/nodes/nodeinspector.h"
 #include "tova/nodes/opencurvedpathnode.h"
 #include "tova/nodes/openlinearpathnode.h"
 #include "tova/nodes/paintoptions.h"
