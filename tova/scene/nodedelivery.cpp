@@ -233,9 +233,10 @@ void NodeDelivery::noteLeft()
 
 void NodeDelivery::tellDeparted(DeferredError& error)
 {
-    for (NodeImpl* const node : std::exchange(m_departed, {})) {
+    const auto departed = std::exchange(m_departed, {});
+    for (auto node = departed.rbegin(); node != departed.rend(); ++node) {
         MouseEvent event = lastHover();
-        error.run([&] { send(*node, event, &NodeEmitters::hoverExit); });
+        error.run([&] { send(**node, event, &NodeEmitters::hoverExit); });
     }
     if (NodeImpl* const node = std::exchange(m_departedFocus, nullptr)) {
         FocusEvent event(EventType::FocusOutEvent, Vetra::FocusReason::OtherReason);
