@@ -71,20 +71,27 @@ std::pair<Cubic, Cubic> Cubic::splitAt(double t) const
     return {{{p[0], ab, abc, middle}}, {{middle, bcd, cd, p[3]}}};
 }
 
-void Cubic::appendChords(std::vector<QPointF>& chords, double part) const
+double Cubic::bend() const
 {
     const auto& p = points;
-    // The second differences bound how far a chord is off, by 6/8 of them over the chords' square.
     const QPointF bend1 = p[0] - 2 * p[1] + p[2], bend2 = p[1] - 2 * p[2] + p[3];
-    const double bend =
-        std::sqrt(std::max(Segments::squaredLength(bend1), Segments::squaredLength(bend2)));
-    const double flatness = std::min(kFlatness, bend * part);
+    return std::sqrt(std::max(Segments::squaredLength(bend1), Segments::squaredLength(bend2)));
+}
+
+void Cubic::appendChords(std::vector<QPointF>& chords, double part) const
+{
+    appendChordsWithin(std::min(kFlatness, bend() * part), chords);
+}
+
+void Cubic::appendChordsWithin(double flatness, std::vector<QPointF>& chords) const
+{
+    // A chord is off by 6/8 of the bend over the square of their number.
     const double count =
-        flatness > 0 ? std::clamp(std::ceil(std::sqrt(0.75 * bend / flatness)), 1.0, kMostChords)
+        flatness > 0 ? std::clamp(std::ceil(std::sqrt(0.75 * bend() / flatness)), 1.0, kMostChords)
                      : 1.0;
     for (double i = 1; i < count; ++i)
         chords.push_back(at(i / count));
-    chords.push_back(p[3]);
+    chords.push_back(points[3]);
 }
 
 } // namespace Tova2

@@ -20,6 +20,11 @@ struct Cubic {
     /// The ends of chords that are off by less than 0.05 units and `part` of the curve; without the
     /// curve's start.
     void appendChords(std::vector<QPointF>& points, double part = 1.0 / 200) const;
+    /// The same with chords that are off by less than `flatness`.
+    void appendChordsWithin(double flatness, std::vector<QPointF>& points) const;
+
+    /// The greater of the second differences, which bound how far a chord is off.
+    double bend() const;
 };
 
 } // namespace Tova2

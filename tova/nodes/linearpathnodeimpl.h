@@ -15,6 +15,8 @@ class LinearPathNodeImpl : public PathNodeImpl {
 public:
     static constexpr const char* kTypeName = "Tova2.LinearPathNode";
 
+    LinearPathNodeImpl();
+    ~LinearPathNodeImpl() override;
     const char* typeName() const override { return kTypeName; }
     void inspect(Inspection& out) const override;
     const std::vector<QPointF>& points() const { return m_points; }
@@ -32,9 +34,24 @@ public:
     /// Those that the scene's decorator draws at a view scale of 1.
     std::vector<PathIntersection> drawnCrossings() const;
     void setCrossings(std::vector<PathIntersection>&& crossings);
+    /// For another decorator, or another width of a line that is crossed.
+    void dropCrossingMarks();
     /// What other lines keep clear of: in scene units, and 1 for a line of a pixel at any zoom.
     double lineWidth() const;
+    /// 0 for what is no path, or none any more.
+    static double lineWidthOf(const WeakRef& path);
+    /// Whether the width is another than when this was asked last, or when crossings were set; the
+    /// marks of those that cross follow it. False without crossings.
+    bool takeLineWidthChange();
     double markReach() const override;
+
+    /// The straight part of a segment as it is drawn, and the corner after it, if that is cut.
+    struct DrawnSegment {
+        QPointF start, end;
+        std::optional<Cubic> corner;
+        bool isCornerStraight = false;
+    };
+    virtual DrawnSegment drawnSegment(std::size_t segment) const;
 
 protected:
     std::size_t vertexCount() const override { return m_points.size(); }
@@ -43,23 +60,19 @@ protected:
     QRectF exactRect() const override { return boundingRectOf(std::span(m_points)); }
     bool isCurved() const override { return false; }
     QPainterPath pathOf(const Range& range) const override;
-    bool hasCrossings() const override;
-    bool buildCrossings(const Range& range, double viewScale, CrossingOutline& out) const override;
-    /// The straight part of a segment as it is drawn, and the corner after it, if that is cut.
-    struct DrawnSegment {
-        QPointF start, end;
-        std::optional<Cubic> corner;
-        bool isCornerStraight = false;
-    };
-    virtual DrawnSegment drawnSegment(const Range& range, std::size_t segment) const;
+    CrossingMarks* crossingMarks(double viewScale) const override;
+    void appendMarked(const Range& range, CrossingMarks& marks, QPainterPath& path) const override;
+    void dropCaches(ChangeLevel level) override;
     /// After another value of a point at either end.
     virtual void pointsChanged() {}
 
 private:
+    struct Crossings;
+
     void reportPoints();
 
     std::vector<QPointF> m_points;
-    std::unique_ptr<std::vector<PathIntersection>> m_crossings; ///< null where there are none
+    std::unique_ptr<Crossings> m_crossings; ///< null where there are none
 };
 
 } // namespace Tova2

@@ -207,14 +207,12 @@ PathNodeImpl::Flattened OpenLinearPathNodeImpl::flattened() const
     return flat;
 }
 
-LinearPathNodeImpl::DrawnSegment OpenLinearPathNodeImpl::drawnSegment(const Range& range,
-                                                                      std::size_t segment) const
+LinearPathNodeImpl::DrawnSegment OpenLinearPathNodeImpl::drawnSegment(std::size_t segment) const
 {
     const auto part = drawnPart();
     if (!part || segment < part->firstSegment || segment > part->lastSegment)
         return {points()[segment], points()[segment], {}, false}; // given way to a decoration
-    const auto before = segment > range.first ? corner(*part, segment) : std::nullopt;
-    const auto after = segment < range.last ? corner(*part, segment + 1) : std::nullopt;
+    const auto before = corner(*part, segment), after = corner(*part, segment + 1);
     DrawnSegment drawn{before ? before->curve.points.back() : vertex(*part, segment),
                        after ? after->curve.points.front() : vertex(*part, segment + 1),
                        {},

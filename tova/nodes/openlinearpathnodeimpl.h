@@ -27,6 +27,7 @@ public:
     void setCornerStyle(CornerStyle style);
     double cornerRadius() const { return m_cornerRadius; }
     void setCornerRadius(double radius);
+    DrawnSegment drawnSegment(std::size_t segment) const override;
     bool usesPathForEffect() const { return m_usesPathForEffect; }
     void setUsesPathForEffect(bool uses);
 
@@ -37,7 +38,6 @@ protected:
     bool isCurved() const override;
     double slack() const override { return m_cornerRadius; }
     QPainterPath pathOf(const Range& range) const override;
-    DrawnSegment drawnSegment(const Range& range, std::size_t segment) const override;
     void pointsChanged() override { placeDecorations(); }
 
 private:

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "nodes/polylines.h"
 #include "nodes/strokepolygon.h"
 
 #include "tova/nodes/paintoptions.h"
@@ -55,6 +56,13 @@ public:
     // Of two points at least. A polyline has no inside; a polygon is filled by the odd-even rule.
     void drawPolyline(std::span<const QPointF> points);
     void drawPolygon(std::span<const QPointF> points);
+    /// As one: where solid lines overlap, a translucent colour shows once. Any number of points.
+    void drawPolylines(const Polylines& lines);
+    /// As wide as the stroke and of its colour from `full` on; clear at the other end. Nothing is
+    /// drawn beyond `end`, which lies between the two.
+    void drawFade(const QPointF& clear, const QPointF& full, const QPointF& end);
+    /// Empty, and nobody else's until `drawPolylines` returns: keeps its memory between nodes.
+    Polylines& scratchLines();
 
     /// Pixel by pixel; `corner` is in the device's own pixels.
     void drawDeviceImage(const QPoint& corner, const QImage& image);
@@ -79,8 +87,18 @@ private:
     void fillFrame(const QRectF& rect);
     void useStrokeBrush();
     bool fillStroke(std::span<const QPointF> points, bool isClosed);
+    bool fillStrokes(const Polylines& lines);
+    void fillStrokePolygon();
     double strokePolygonWidth() const;
     void drawPoints(std::span<const QPointF> points, bool isClosed);
+    void strokePath(const Polylines& lines, QPainter& painter);
+    bool isHairline() const;
+    bool isLong(std::size_t pointCount) const;
+    bool strokesAsArea() const;
+    void drawHairlines(const Polylines& lines);
+    void fillInStrips(const Polylines& lines, bool areClosed);
+    bool drawLongPolygon(std::span<const QPointF> points);
+    QRectF seenOnDevice() const;
     void useView();
     QPainter& viewPainter();
     QRectF aligned(const QRectF& rect) const;
@@ -111,6 +129,7 @@ private:
 
     StrokePolygon m_strokePolygon;
     std::vector<QPointF> m_movedPoints;
+    Polylines m_movedLines, m_scratchLines;
 };
 
 } // namespace Tova2

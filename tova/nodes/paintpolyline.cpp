@@ -11,12 +11,25 @@ namespace Tova2 {
 
 void PaintContext::drawPolyline(std::span<const QPointF> points)
 {
-    drawPoints(points, false);
+    if (!isHairline())
+        return drawPoints(points, false);
+    Polylines& lines = scratchLines();
+    lines.moveTo(points.front());
+    for (const QPointF& p : points.subspan(1))
+        lines.lineTo(p);
+    drawHairlines(lines);
+}
+
+Polylines& PaintContext::scratchLines()
+{
+    m_scratchLines.clear();
+    return m_scratchLines;
 }
 
 void PaintContext::drawPolygon(std::span<const QPointF> points)
 {
-    drawPoints(points, true);
+    if (!isLong(points.size()) || !drawLongPolygon(points))
+        drawPoints(points, true);
 }
 
 void PaintContext::drawPoints(std::span<const QPointF> points, bool isClosed)
@@ -38,6 +51,48 @@ void PaintContext::drawPoints(std::span<const QPointF> points, bool isClosed)
         painter.drawPolygon(points.data(), count);
     else
         painter.drawPolyline(points.data(), count);
+}
+
+void PaintContext::drawPolylines(const Polylines& lines)
+{
+    if (lines.lineCount() == 0)
+        return;
+    if (isHairline())
+        return drawHairlines(lines);
+    if (isLong(lines.pointCount()) && strokesAsArea())
+        return fillInStrips(lines, false);
+    if (lines.lineCount() == 1)
+        return drawPoints(lines.line(0), false);
+    const QPointF shift = m_isMovedOnly ? m_offset : QPointF();
+    const bool isMoved = m_isPixelAligned || !shift.isNull();
+    if (isMoved) {
+        m_movedLines = lines;
+        for (QPointF& p : m_movedLines.points())
+            p = (m_isPixelAligned ? aligned(p) : p) + shift;
+    }
+    const Polylines& drawn = isMoved ? m_movedLines : lines;
+    if (m_isMovedOnly && fillStrokes(drawn))
+        return;
+    strokePath(drawn, m_isMovedOnly ? viewPainter() : localPainter());
+}
+
+// Lines of at most a pixel the toolkit draws one by one at its fastest; they do not overlap.
+void PaintContext::strokePath(const Polylines& lines, QPainter& painter)
+{
+    const double width = m_stroke.width(m_options.viewScale) * m_options.viewScale;
+    QPainterPath path;
+    for (std::size_t i = 0; i < lines.lineCount(); ++i) {
+        const auto line = lines.line(i);
+        if (width <= 1) {
+            painter.drawPolyline(line.data(), static_cast<int>(line.size()));
+            continue;
+        }
+        path.moveTo(line.front());
+        for (const QPointF& p : line.subspan(1))
+            path.lineTo(p);
+    }
+    if (!path.isEmpty())
+        painter.drawPath(path);
 }
 
 /// In scene units; 0 where the stroke has to stay one. Lines of at most a pixel the toolkit draws
@@ -64,10 +119,25 @@ bool PaintContext::fillStroke(std::span<const QPointF> points, bool isClosed)
         m_painter.drawPolygon(points.data(), static_cast<int>(points.size()));
         m_isFrameSet = m_arePenAndBrushSet = false;
     }
+    fillStrokePolygon();
+    return true;
+}
+
+bool PaintContext::fillStrokes(const Polylines& lines)
+{
+    const double width = strokePolygonWidth();
+    if (!(width > 0) || !m_strokePolygon.buildAll(lines, width, m_stroke))
+        return false;
+    fillStrokePolygon();
+    return true;
+}
+
+void PaintContext::fillStrokePolygon()
+{
+    useView();
     useStrokeBrush();
     const auto& area = m_strokePolygon.points();
     m_painter.drawPolygon(area.data(), static_cast<int>(area.size()), Qt::WindingFill);
-    return true;
 }
 
 } // namespace Tova2

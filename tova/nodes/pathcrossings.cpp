@@ -1,4 +1,4 @@
-#include "nodes/crossings/segmentcrossings.h"
+#include "nodes/crossings/crossingmarks.h"
 #include "nodes/linearpathnodeimpl.h"
 #include "nodes/scenelink.h"
 
@@ -10,47 +10,71 @@ namespace Tova2 {
 
 namespace {
 
+constexpr double kUnknown = -1;
+
 double scaleOf(const QTransform& transform)
 {
     return std::sqrt(std::abs(transform.determinant()));
 }
 
-double widthOfCrossed(const WeakRef& ref)
+void appendTo(QPainterPath& path, std::span<const CrossingMarks::Element> elements)
 {
-    NodeImpl* const node = ref.getImpl();
-    const LinearPathNodeImpl* const path = node ? node->asLinearPath() : nullptr;
-    return path ? path->lineWidth() : 0.0;
-}
-
-void mapBack(CrossingOutline& outline, const QTransform& toLocal)
-{
-    outline.main = toLocal.map(outline.main);
-    outline.thinHops = toLocal.map(outline.thinHops);
-    for (PinMark& pin : outline.pins) {
-        pin.start = toLocal.map(pin.start);
-        pin.end = toLocal.map(pin.end);
+    for (std::size_t i = 0; i < elements.size(); ++i) {
+        switch (elements[i].type) {
+        case QPainterPath::MoveToElement:
+            path.moveTo(elements[i]);
+            break;
+        case QPainterPath::CurveToElement:
+            path.cubicTo(elements[i], elements[i + 1], elements[i + 2]);
+            i += 2;
+            break;
+        default:
+            path.lineTo(elements[i]);
+        }
     }
 }
 
 } // namespace
 
+struct LinearPathNodeImpl::Crossings {
+    std::vector<PathIntersection> records;
+    double lineWidth;                     ///< as those that cross know it
+    double widestCrossed = kUnknown;      ///< of them
+    std::unique_ptr<CrossingMarks> marks; ///< made when they are drawn first
+};
+
+LinearPathNodeImpl::LinearPathNodeImpl() = default;
+LinearPathNodeImpl::~LinearPathNodeImpl() = default;
+
 std::span<const PathIntersection> LinearPathNodeImpl::crossings() const
 {
-    return m_crossings ? std::span<const PathIntersection>(*m_crossings)
+    return m_crossings ? std::span<const PathIntersection>(m_crossings->records)
                        : std::span<const PathIntersection>();
-}
-
-bool LinearPathNodeImpl::hasCrossings() const
-{
-    return m_crossings && sceneLink() && sceneLink()->crossingDecorator();
 }
 
 void LinearPathNodeImpl::setCrossings(std::vector<PathIntersection>&& crossings)
 {
+    m_crossings.reset();
     if (crossings.empty())
-        m_crossings.reset();
-    else
-        m_crossings = std::make_unique<std::vector<PathIntersection>>(std::move(crossings));
+        return;
+    crossings.shrink_to_fit();
+    m_crossings = std::make_unique<Crossings>(
+        Crossings{std::move(crossings), lineWidth(), kUnknown, nullptr});
+}
+
+void LinearPathNodeImpl::dropCrossingMarks()
+{
+    if (!m_crossings)
+        return;
+    m_crossings->marks.reset();
+    m_crossings->widestCrossed = kUnknown;
+}
+
+void LinearPathNodeImpl::dropCaches(ChangeLevel level)
+{
+    PathNodeImpl::dropCaches(level);
+    if (level == ChangeLevel::Geometry)
+        dropCrossingMarks();
 }
 
 double LinearPathNodeImpl::lineWidth() const
@@ -61,82 +85,86 @@ double LinearPathNodeImpl::lineWidth() const
     return stroke.logicalWidth() > 0 ? stroke.logicalWidth() * scaleOf(sceneTransform()) : 1.0;
 }
 
+double LinearPathNodeImpl::lineWidthOf(const WeakRef& path)
+{
+    NodeImpl* const node = path.getImpl();
+    const LinearPathNodeImpl* const linear = node ? node->asLinearPath() : nullptr;
+    return linear ? linear->lineWidth() : 0.0;
+}
+
+bool LinearPathNodeImpl::takeLineWidthChange()
+{
+    return m_crossings && std::exchange(m_crossings->lineWidth, lineWidth()) != lineWidth();
+}
+
 // The hop reaches farthest: its room, the lines' widths in it, and half of its own beyond.
 double LinearPathNodeImpl::markReach() const
 {
     constexpr double kHopRoom = 3.5;
     if (!m_crossings)
         return 0;
-    double widest = 0;
-    for (const PathIntersection& crossing : *m_crossings)
-        widest = std::max(widest, widthOfCrossed(crossing.other));
+    double& widest = m_crossings->widestCrossed;
+    if (widest == kUnknown) {
+        for (const PathIntersection& crossing : m_crossings->records)
+            widest = std::max(widest, lineWidthOf(crossing.other));
+    }
     return kHopRoom + 2 * lineWidth() + widest;
 }
 
-LinearPathNodeImpl::DrawnSegment LinearPathNodeImpl::drawnSegment(const Range&,
-                                                                  std::size_t segment) const
+LinearPathNodeImpl::DrawnSegment LinearPathNodeImpl::drawnSegment(std::size_t segment) const
 {
     const std::size_t count = points().size();
     return {points()[segment % count], points()[(segment + 1) % count], {}, false};
 }
 
-// Crossings are where the scene's coordinates say, so the outline is built there, with the same
-// mapping of vertices.
-bool LinearPathNodeImpl::buildCrossings(const Range& range, double viewScale,
-                                        CrossingOutline& out) const
+CrossingMarks* LinearPathNodeImpl::crossingMarks(double viewScale) const
 {
-    if (!hasCrossings())
-        return false;
-    const auto* const decorator = sceneLink()->crossingDecorator();
-    const QTransform toScene = sceneTransform();
-    bool isInvertible = false;
-    const QTransform toLocal = toScene.inverted(&isInvertible);
-    if (!isInvertible)
-        return false;
-    const SegmentCrossings crossings(*m_crossings);
-    const CrossingContext context{out, lineWidth(), viewScale, widthOfCrossed};
-    out.main.moveTo(toScene.map(drawnSegment(range, range.first).start));
-    for (std::size_t segment = range.first; segment <= range.last; ++segment) {
-        const DrawnSegment drawn = drawnSegment(range, segment);
-        const QPointF from = toScene.map(drawn.start), to = toScene.map(drawn.end);
-        decorateSegment(*decorator, context, crossings, from, to);
-        out.main.lineTo(to);
-        if (!drawn.corner)
+    if (!m_crossings || !sceneLink() || !sceneLink()->crossingDecorator())
+        return nullptr;
+    auto& marks = m_crossings->marks;
+    if (!marks || !marks->isFor(sceneTransform()))
+        marks = std::make_unique<CrossingMarks>(*this, m_crossings->records);
+    marks->setScale(viewScale);
+    return marks->count() > 0 ? marks.get() : nullptr;
+}
+
+void LinearPathNodeImpl::appendMarked(const Range& range, CrossingMarks& marks,
+                                      QPainterPath& path) const
+{
+    path.moveTo(drawnSegment(range.first % segmentCount()).start);
+    for (std::size_t i = range.first; i <= range.last; ++i) {
+        const std::size_t segment = i % segmentCount();
+        const std::size_t mark = marks.indexFrom(segment);
+        const DrawnSegment drawn = drawnSegment(segment);
+        if (mark < marks.count() && marks.segment(mark) == segment)
+            appendTo(path, marks.at(mark).line);
+        path.lineTo(drawn.end);
+        if (!drawn.corner || i == range.last)
             continue;
         const auto& curve = drawn.corner->points;
         if (drawn.isCornerStraight)
-            out.main.lineTo(toScene.map(curve[3]));
+            path.lineTo(curve[3]);
         else
-            out.main.cubicTo(toScene.map(curve[1]), toScene.map(curve[2]), toScene.map(curve[3]));
+            path.cubicTo(curve[1], curve[2], curve[3]);
     }
-    if (isClosed() && range.last - range.first + 1 == segmentCount()) {
-        // A little way along the first piece again, so that it is joined with the last.
-        const DrawnSegment first = drawnSegment(range, range.first);
-        const QPointF way = first.end - first.start;
-        const double length = std::hypot(way.x(), way.y());
-        constexpr double kJoin = 0.01;
-        if (length > 0)
-            out.main.lineTo(
-                toScene.map(first.start + way * (std::min(kJoin, length / 2) / length)));
-    }
-    mapBack(out, toLocal);
-    return true;
+    for (std::size_t mark = marks.indexFrom(range.first);
+         mark < marks.count() && marks.segment(mark) <= range.last; ++mark)
+        appendTo(path, marks.at(mark).thinHops);
 }
 
 std::vector<PathIntersection> LinearPathNodeImpl::drawnCrossings() const
 {
     std::vector<PathIntersection> drawn;
-    if (!hasCrossings() || points().size() < 2)
+    if (!m_crossings || !sceneLink() || !sceneLink()->crossingDecorator() || points().size() < 2)
         return drawn;
     const auto* const decorator = sceneLink()->crossingDecorator();
     const QTransform toScene = sceneTransform();
-    const SegmentCrossings crossings(*m_crossings);
+    const SegmentCrossings crossings(m_crossings->records);
     CrossingOutline outline;
-    const CrossingContext context{outline, lineWidth(), 1.0, widthOfCrossed};
-    const Range all{0, points().size() - 2};
+    const CrossingContext context{outline, lineWidth(), 1.0, lineWidthOf};
     std::unordered_set<const PathIntersection*> seen;
-    for (std::size_t segment = all.first; segment <= all.last; ++segment) {
-        const DrawnSegment part = drawnSegment(all, segment);
+    for (std::size_t segment = 0; segment + 1 < points().size(); ++segment) {
+        const DrawnSegment part = drawnSegment(segment);
         const QPointF from = toScene.map(part.start), to = toScene.map(part.end);
         const auto marker = decorator->createSegmentDecorator(context, from, to);
         for (const PathIntersection* const crossing :

@@ -1,6 +1,7 @@
 #include "nodes/pathnodeimpl.h"
 
 #include "nodes/pathcache.h"
+#include "nodes/pathcounters.h"
 #include "nodes/pen.h"
 #include "nodes/segmenttests.h"
 #include "nodes/values.h"
@@ -76,6 +77,7 @@ PathNodeImpl::Cache& PathNodeImpl::cache() const
 {
     if (m_cache)
         return *m_cache;
+    PathCounters::outlinesBuilt().increment();
     auto made = std::make_unique<Cache>();
     const auto plain = plainPoints();
     if (plain.empty())
@@ -194,8 +196,10 @@ bool PathNodeImpl::outlineIntersects(const Bounds& area) const
 Bounds PathNodeImpl::outline() const
 {
     Cache& known = cache();
-    if (!known.outline)
+    if (!known.outline) {
+        PathCounters::outlinesBuilt().increment();
         known.outline = computedOutline();
+    }
     return *known.outline;
 }
 
@@ -223,6 +227,7 @@ QPainterPath PathNodeImpl::wholePath() const
 {
     Cache& known = cache();
     if (!known.whole) {
+        PathCounters::outlinesBuilt().increment();
         const FlatPath flat = this->flat();
         QPainterPath path = pathOf(segmentsOf(flat, 0, flat.pieceCount()));
         if (isClosed())

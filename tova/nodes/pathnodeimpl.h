@@ -15,7 +15,7 @@
 
 namespace Tova2 {
 
-struct CrossingOutline;
+class CrossingMarks;
 
 /// What straight and curved paths share: strokes that change along the way, hit tests and bounds,
 /// and paint. A derived class holds the vertices and says what is drawn between them.
@@ -32,6 +32,7 @@ public:
     /// Segments beyond the list have the node's own stroke.
     void setStrokes(const std::vector<Stroke>& strokes);
     const Stroke& strokeOf(std::size_t segment) const;
+    std::size_t segmentCount() const;
 
     QRectF geometryRect() const override;
     QRectF geometryRectAt(double viewScale) const override;
@@ -62,7 +63,6 @@ protected:
 
     virtual bool isClosed() const { return true; }
     virtual std::size_t vertexCount() const = 0;
-    std::size_t segmentCount() const;
     /// The vertices, if straight lines between them are all that is drawn; else nothing.
     virtual std::span<const QPointF> plainPoints() const = 0;
     virtual Flattened flattened() const = 0;
@@ -74,11 +74,10 @@ protected:
     /// As one line, from the first segment's start to the last one's end.
     virtual QPainterPath pathOf(const Range& range) const = 0;
 
-    /// Whether there is anything to mark.
-    virtual bool hasCrossings() const { return false; }
-    /// The segments with the marks of their crossings, in the node's coordinates. False, and
-    /// nothing built, where there is none to draw.
-    virtual bool buildCrossings(const Range&, double, CrossingOutline&) const { return false; }
+    /// Null where no crossing is drawn. They are the path's.
+    virtual CrossingMarks* crossingMarks(double) const { return nullptr; }
+    /// `pathOf` with the marks on its segments, as another subpath.
+    virtual void appendMarked(const Range&, CrossingMarks&, QPainterPath&) const {}
 
     void dropCaches(ChangeLevel level) override;
     FlatPath flat() const;

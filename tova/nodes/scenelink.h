@@ -2,7 +2,6 @@
 
 #include "nodes/changelevel.h"
 
-#include <QColor>
 #include <QPointF>
 
 namespace Tova2 {
@@ -37,8 +36,6 @@ public:
 
     /// Null while crossings are not drawn.
     virtual const PathIntersectionsDecorator* crossingDecorator() const = 0;
-    /// What lies behind the nodes, for marks that let a line fade.
-    virtual QColor paperColor() const = 0;
 
     /// The scene point nearest to `point` that lies on a pixel's corner in the paint under way.
     virtual QPointF pixelAligned(const QPointF& point) const = 0;

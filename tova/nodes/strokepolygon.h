@@ -9,6 +9,8 @@
 
 namespace Tova2 {
 
+class Polylines;
+
 /// The area that a stroke covers as one polygon, filled by the winding rule: corner by corner what
 /// the toolkit's stroker makes, so that the antialiased picture is the same, at a fraction of its
 /// time.
@@ -19,25 +21,40 @@ public:
 
     /// False where the toolkit's result depends on rounding: the line turns straight back.
     bool build(std::span<const QPointF> points, bool isClosed, double width, const Stroke& stroke);
+    /// The same for any solid stroke and any line, for lines that the toolkit would take long for.
+    /// `unit` is how much nobody sees. False where there is no line.
+    bool buildAny(std::span<const QPointF> points, bool isClosed, double width,
+                  const Stroke& stroke, double unit);
+    /// Of lines that follow each other, with short gaps. Straight back or not.
+    bool buildAll(const Polylines& lines, double width, const Stroke& stroke);
     const std::vector<QPointF>& points() const { return m_points; }
 
 private:
     struct Piece {
         QPointF start, end, along;
+        double length;
     };
+    using Pieces = std::span<const Piece>;
 
-    void collect(std::span<const QPointF> points, bool isClosed);
+    void start(double width, const Stroke& stroke);
+    std::size_t collect(std::span<const QPointF> points, bool isClosed);
     bool turnsBack(bool isClosed) const;
     QPointF aside(const QPointF& along) const;
-    void addSide(bool isForward, bool isClosed);
-    void addJoin(const QPointF& corner, const QPointF& in, const QPointF& out);
+    void addSides(bool isClosed);
+    void addSide(Pieces pieces, bool isForward, bool isClosed);
+    void addJoin(const Piece& before, const Piece& next);
+    void addArc(const QPointF& centre, const QPointF& from, double angle);
     void addCap(const QPointF& end, const QPointF& along);
 
     std::vector<Piece> m_pieces;
+    std::vector<std::size_t> m_lineEnds; ///< in the pieces
     std::vector<QPointF> m_points;
+    std::vector<QPointF> m_bridges; ///< from each line to the next
     double m_half = 0;
+    double m_arcStep = 0; ///< in radians
     bool m_isMitred = true;
     bool m_isSquare = false;
+    bool m_isRoundJoined = false, m_isRoundCapped = false;
 };
 
 } // namespace Tova2

@@ -86,11 +86,27 @@ void CrossingManager::nodeChanged(NodeImpl& node, ChangeLevel level)
     // What a container does, its paths do.
     const bool reachesChildren = level != ChangeLevel::Geometry && !node.childItems().isEmpty();
     if (!reachesChildren) {
-        queue(node);
+        pathChanged(node);
         return;
     }
     for (NodeImpl* const below : subtreeOf(node))
-        queue(*below);
+        pathChanged(*below);
+}
+
+// Nothing else is found when a line only becomes wider, but marks of others keep clear of it.
+void CrossingManager::pathChanged(NodeImpl& node)
+{
+    queue(node);
+    LinearPathNodeImpl* const path = node.asLinearPath();
+    if (!path || !path->takeLineWidthChange())
+        return;
+    for (const PathIntersection& crossing : path->crossings()) {
+        NodeImpl* const other = crossing.other.getImpl();
+        if (LinearPathNodeImpl* const crossed = other ? other->asLinearPath() : nullptr) {
+            crossed->dropCrossingMarks();
+            m_scene.repaintNode(*crossed);
+        }
+    }
 }
 
 void CrossingManager::queue(NodeImpl& node)
@@ -112,7 +128,10 @@ void CrossingManager::clearAll()
 
 void CrossingManager::repaintAll()
 {
-    forEachPath([this](LinearPathNodeImpl& path) { m_scene.repaintNode(path); });
+    forEachPath([this](LinearPathNodeImpl& path) {
+        path.dropCrossingMarks();
+        m_scene.repaintNode(path);
+    });
 }
 
 void CrossingManager::setEnabled(bool enabled)

@@ -39,6 +39,7 @@ private:
     bool describe(const WeakRef& node, CrossingPath& path) override;
     void crossingsFound(PathIntersectionsUpdate&& update) override;
 
+    void pathChanged(NodeImpl& node);
     void queue(NodeImpl& node);
     void queueAll();
     void clearAll();

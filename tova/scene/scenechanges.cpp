@@ -132,11 +132,6 @@ const PathIntersectionsDecorator* ScenePrivate::crossingDecorator() const
     return m_crossings->decorator();
 }
 
-QColor ScenePrivate::paperColor() const
-{
-    return paperColorOf(settings.background);
-}
-
 void ScenePrivate::repaintNode(NodeImpl& node)
 {
     ++m_editCounter;

@@ -80,7 +80,6 @@ public:
     QPointF pixelAligned(const QPointF& point) const override;
     CrossingManager& crossings() { return *m_crossings; }
     const PathIntersectionsDecorator* crossingDecorator() const override;
-    QColor paperColor() const override;
     /// Other pixels, of which neither trackers nor caches of geometry need to know.
     void repaintNode(NodeImpl& node);
 

@@ -9,11 +9,12 @@
 
 namespace Tova2 {
 
-/// Where a line is cut for a mark, in the direction of travel.
+/// A mark along a line, in the direction of travel.
 struct PinMark {
     WeakRef crossed; ///< the path that passes there
     QPointF start;
     QPointF end;
+    QPointF cutStart, cutEnd; ///< of the line, within the mark
 };
 
 /// The outline of a path as far as it is built.

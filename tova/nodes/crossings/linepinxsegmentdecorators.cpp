@@ -10,10 +10,11 @@ PathXSegmentDecorator::Clearance PinStyleXSegmentDecorator::pinClearance(double 
     return {0, reach, 0, reach};
 }
 
-void PinStyleXSegmentDecorator::addMark(const PathIntersection& crossing, const QPointF& start,
-                                        const QPointF& end)
+void PinStyleXSegmentDecorator::cutForMark(const PinMark& mark)
 {
-    outline().pins.push_back({crossing.other, start, end});
+    outline().pins.push_back(mark);
+    outline().main.lineTo(mark.cutStart);
+    outline().main.moveTo(mark.cutEnd);
 }
 
 bool LinePinXSegmentDecorator::decorate(const PathIntersection& crossing)
@@ -21,9 +22,7 @@ bool LinePinXSegmentDecorator::decorate(const PathIntersection& crossing)
     if (!isVertical())
         return !isHorizontal();
     const auto [start, end] = gap(crossing, requiredBy(crossing));
-    addMark(crossing, start, end);
-    outline().main.lineTo(start);
-    outline().main.moveTo(end);
+    cutForMark({crossing.other, start, end, start, end});
     setCurrent(end);
     return true;
 }
@@ -34,16 +33,12 @@ bool LineGradPinXSegmentDecorator::decorate(const PathIntersection& crossing)
         return false;
     if (!isVertical()) {
         const QPointF point(crossing.x, crossing.y);
-        addMark(crossing, point, point);
-        outline().main.lineTo(point);
-        outline().main.moveTo(point);
+        cutForMark({crossing.other, point, point, point, point});
         return true;
     }
     const double half = context().widthOfCrossed(crossing) / context().scale() / 2;
     const auto [start, end] = gap(crossing, requiredBy(crossing));
-    addMark(crossing, start, end);
-    outline().main.lineTo(along(crossing, -half));
-    outline().main.moveTo(along(crossing, half));
+    cutForMark({crossing.other, start, end, along(crossing, -half), along(crossing, half)});
     setCurrent(end);
     return true;
 }

@@ -13,7 +13,7 @@ public:
 
 protected:
     static Clearance pinClearance(double reach, bool vertical);
-    void addMark(const PathIntersection& crossing, const QPointF& start, const QPointF& end);
+    void cutForMark(const PinMark& mark);
 };
 
 /// The line is cut for the whole length of the mark.

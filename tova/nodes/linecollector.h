@@ -1,0 +1,45 @@
+#pragma once
+
+#include "nodes/pointthinner.h"
+#include "nodes/polylines.h"
+
+#include <QPainterPath>
+
+#include <optional>
+#include <span>
+
+namespace Tova2 {
+
+/// Gathers the lines that a path is drawn as, curves as chords that nobody can tell from them.
+class LineCollector {
+public:
+    /// What it measures is asked for by dashes.
+    LineCollector(Polylines& lines, const QTransform& toPixels, bool thinsOut, bool measures);
+
+    /// Another line, after so much of the whole.
+    void moveTo(const QPointF& point, double lengthBefore);
+    void lineTo(const QPointF& point);
+    /// From where the line is.
+    void add(std::span<const QPainterPath::Element> elements);
+    /// As lines of their own.
+    void addApart(std::span<const QPainterPath::Element> elements);
+    void finish();
+
+private:
+    void begin(const QPointF& point);
+    void addChords(std::span<const QPainterPath::Element> curve);
+    void keep(const QPointF& point);
+    void measure(const QPointF& next);
+
+    Polylines& m_lines;
+    std::optional<PointThinner> m_thinner;
+    double m_flatness;
+    bool m_measures;
+    QPointF m_current;
+    double m_length = 0;      ///< as far as the current point
+    double m_lineStart = 0;   ///< of the line under way
+    bool m_isLineNew = false; ///< nothing of it has been kept
+    std::vector<QPointF> m_chords;
+};
+
+} // namespace Tova2

@@ -1,0 +1,149 @@
+#include "nodes/paintcontext.h"
+#include "nodes/pen.h"
+#include "nodes/stripfill.h"
+
+#include "tova/nodes/geometry/limits.h"
+#include "vetra/qt.h"
+
+#include <QPainter>
+
+#include <algorithm>
+#include <cmath>
+
+namespace Tova2 {
+
+namespace {
+
+/// As many points the toolkit fills at once; its time grows with their square.
+constexpr std::size_t kAtOnce = 512;
+/// More are cut into narrower strips.
+constexpr std::size_t kVeryMany = 8192;
+constexpr double kWideStrip = 64, kNarrowStrip = 16; // pixels
+constexpr double kUnseen = 0.05;                     // pixels
+
+/// Whether lengths are the same in all directions.
+bool isUniform(const QTransform& t)
+{
+    const double x = std::hypot(t.m11(), t.m12()), y = std::hypot(t.m21(), t.m22());
+    const double skew = t.m11() * t.m21() + t.m12() * t.m22();
+    return std::abs(x - y) <= 1e-6 * x && std::abs(skew) <= 1e-6 * x * y;
+}
+
+double scaleOf(const QTransform& transform)
+{
+    return std::sqrt(std::abs(transform.determinant()));
+}
+
+} // namespace
+
+/// A stretched line that is no pixel wide: the toolkit would have it fade away, and take long.
+bool PaintContext::isHairline() const
+{
+    return m_fillsStrokes && !m_isMovedOnly && m_stroke.style() == StrokeStyle::SolidLine &&
+           m_stroke.width(m_options.viewScale) * scaleOf(nodeToPixels()) <= 1 &&
+           !isUniform(nodeToDevice());
+}
+
+bool PaintContext::isLong(std::size_t pointCount) const
+{
+    return pointCount > kAtOnce && m_fillsStrokes;
+}
+
+/// Dashes are the toolkit's, and lines of at most a pixel it draws fast, however many they are.
+bool PaintContext::strokesAsArea() const
+{
+    return m_stroke.style() == StrokeStyle::SolidLine && m_stroke.logicalWidth() > 0 &&
+           m_stroke.width(m_options.viewScale) * scaleOf(nodeToPixels()) > 1;
+}
+
+void PaintContext::drawHairlines(const Polylines& lines)
+{
+    const QTransform toDevice = nodeToDevice();
+    m_painter.setWorldTransform(QTransform());
+    m_coordinates = Coordinates::Unknown;
+    m_painter.setPen(QPen(Vetra::toQt(m_stroke.color()), 0));
+    m_isFrameSet = m_arePenAndBrushSet = false;
+    for (std::size_t i = 0; i < lines.lineCount(); ++i) {
+        m_movedPoints.clear();
+        for (const QPointF& p : lines.line(i))
+            m_movedPoints.push_back(toDevice.map(p));
+        m_painter.drawPolyline(m_movedPoints.data(), static_cast<int>(m_movedPoints.size()));
+    }
+}
+
+/// In the device's coordinates, by whole pixels.
+QRectF PaintContext::seenOnDevice() const
+{
+    QRectF seen(0, 0, m_painter.device()->width(), m_painter.device()->height());
+    if (m_painter.hasClipping())
+        seen = m_painter.clipBoundingRect();
+    const QRectF exposed = Vetra::toQt(m_options.exposed);
+    if (!exposed.isEmpty())
+        seen &= m_view.mapRect(exposed);
+    const QPointF first(std::floor(seen.left() * m_pixelRatio) - 1,
+                        std::floor(seen.top() * m_pixelRatio) - 1);
+    const QPointF last(std::ceil(seen.right() * m_pixelRatio) + 1,
+                       std::ceil(seen.bottom() * m_pixelRatio) + 1);
+    return {first / m_pixelRatio, last / m_pixelRatio};
+}
+
+void PaintContext::fillInStrips(const Polylines& lines, bool areClosed)
+{
+    const double scale = m_options.viewScale;
+    const double width = std::min(m_stroke.width(scale), Limits::penWidth / scale);
+    const double unit = kUnseen / scaleOf(nodeToPixels());
+    const QTransform toDevice = nodeToDevice();
+    m_painter.setWorldTransform(QTransform());
+    m_coordinates = Coordinates::Unknown;
+    const double strip = lines.pointCount() > kVeryMany ? kNarrowStrip : kWideStrip;
+    StripFill area(seenOnDevice(), strip / m_pixelRatio);
+    for (std::size_t i = 0; i < lines.lineCount(); ++i) {
+        if (!m_strokePolygon.buildAny(lines.line(i), areClosed, width, m_stroke, unit))
+            continue;
+        m_movedPoints.clear();
+        for (const QPointF& p : m_strokePolygon.points())
+            m_movedPoints.push_back(toDevice.map(p));
+        area.addRing(m_movedPoints);
+    }
+    useStrokeBrush();
+    area.paint(m_painter, Qt::WindingFill);
+}
+
+/// False where the fill follows the shape's box, which strips do not know.
+bool PaintContext::drawLongPolygon(std::span<const QPointF> points)
+{
+    QBrush brush = brushOf(m_fill);
+    if (brush.gradient() && brush.gradient()->coordinateMode() != QGradient::LogicalMode)
+        return false;
+    const QTransform toDevice = nodeToDevice();
+    m_painter.setWorldTransform(QTransform());
+    m_coordinates = Coordinates::Unknown;
+    if (brush.style() != Qt::NoBrush) {
+        brush.setTransform(brush.transform() * toDevice);
+        const double strip = points.size() > kVeryMany ? kNarrowStrip : kWideStrip;
+        StripFill area(seenOnDevice(), strip / m_pixelRatio);
+        m_movedPoints.clear();
+        for (const QPointF& p : points)
+            m_movedPoints.push_back(toDevice.map(p));
+        area.addRing(m_movedPoints);
+        m_painter.setPen(Qt::NoPen);
+        m_painter.setBrush(brush);
+        m_isFrameSet = m_arePenAndBrushSet = false;
+        area.paint(m_painter, Qt::OddEvenFill);
+    }
+    if (m_stroke.isNoStroke())
+        return true;
+    Polylines ring;
+    ring.moveTo(points.front());
+    for (const QPointF& p : points.subspan(1))
+        ring.lineTo(p);
+    if (strokesAsArea()) {
+        fillInStrips(ring, true);
+        return true;
+    }
+    ring.lineTo(points.front());
+    drawPolylines(ring);
+    return true;
+}
+
+} // namespace Tova2

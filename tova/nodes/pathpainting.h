@@ -1,0 +1,61 @@
+#pragma once
+
+#include "nodes/pathnodeimpl.h"
+
+namespace Tova2 {
+
+class LineCollector;
+class Polylines;
+
+/// One paint of a path. Of a long path only the chunks that are exposed are drawn.
+class PathNodeImpl::Painting {
+public:
+    Painting(const PathNodeImpl& node, PaintContext& context);
+
+    void run();
+
+private:
+    /// Above so many those that no pixel tells apart are left out.
+    static constexpr std::size_t kManyPoints = 4096;
+
+    struct Stretch {
+        std::size_t first, count; ///< pieces within the run, all of them seen
+        double lengthBefore;      ///< for dashes
+    };
+    using Stretches = boost::container::small_vector<Stretch, 2>;
+
+    void findExposed();
+    bool isSeen(std::size_t piece) const
+    {
+        return m_flat.chunks.empty() ||
+               m_flat.chunks[piece / FlatChunk::kPieces].touches(m_exposed);
+    }
+    bool isAllSeen() const;
+    std::size_t seenCount() const;
+    void setStyle(const Stroke& stroke, bool isFilled);
+    void drawLoop(const Stroke& stroke);
+    void drawRun(const Run& run);
+    bool chordsAreSmooth() const;
+    void drawFarLines();
+
+    Run fromUnseen(const Run& run) const;
+    Stretches seenParts(const Run& run) const;
+    template <class Visit>
+    void forEachMark(const Run& run, const Stretches& stretches, Visit visit) const;
+    void drawLines(const Run& run, const Stretches& stretches);
+    void addStretch(const Run& run, const Stretch& stretch, LineCollector& collector);
+    void drawDashes(const Polylines& lines, const Stroke& stroke);
+    void drawCurves(const Run& run, const Stretches& stretches);
+    void drawFades(const Run& run, const Stretches& stretches);
+    Range segmentsAround(const Run& run, const Stretch& stretch) const;
+    void setDashOffset(double length);
+
+    const PathNodeImpl& m_node;
+    PaintContext& m_context;
+    FlatPath m_flat;
+    CrossingMarks* m_marks; ///< null where there are none
+    QRectF m_exposed;       ///< in the node's coordinates, with room for strokes
+    double m_scale = 1;
+};
+
+} // namespace Tova2

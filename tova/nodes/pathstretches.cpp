@@ -1,0 +1,213 @@
+#include "nodes/crossings/crossingmarks.h"
+#include "nodes/linecollector.h"
+#include "nodes/paintcontext.h"
+#include "nodes/pathpainting.h"
+
+#include <QLineF>
+#include <QPainter>
+#include <QPen>
+
+#include <algorithm>
+#include <cmath>
+#include <utility>
+
+namespace Tova2 {
+
+/// Runs of a closed path that is not seen whole begin with a chunk that is not seen.
+PathNodeImpl::Run PathNodeImpl::Painting::fromUnseen(const Run& run) const
+{
+    Run result = run;
+    const std::size_t pieces = m_flat.pieceCount();
+    while (run.isLoop && !m_flat.chunks.empty() && result.first < pieces && isSeen(result.first))
+        result.first += FlatChunk::kPieces;
+    if (result.first >= pieces)
+        result.first = 0;
+    return result;
+}
+
+PathNodeImpl::Painting::Stretches PathNodeImpl::Painting::seenParts(const Run& run) const
+{
+    const bool isDashed = run.stroke->style() != StrokeStyle::SolidLine;
+    // The dashes of what lies before a part of a curve are known only nearly.
+    constexpr std::size_t kManyPieces = 50'000;
+    Stretches stretches;
+    if (m_flat.chunks.empty() || (isDashed && m_node.isCurved() && run.count < kManyPieces)) {
+        stretches.push_back({0, run.count, 0});
+        return stretches;
+    }
+    double length = 0;
+    bool wasSeen = false;
+    std::size_t step = 0;
+    for (std::size_t i = 0; i < run.count; i += step) {
+        const std::size_t piece = (run.first + i) % m_flat.pieceCount();
+        // On to the next chunk, which may be the one around the first point.
+        step = std::min({FlatChunk::kPieces - piece % FlatChunk::kPieces,
+                         m_flat.pieceCount() - piece, run.count - i});
+        const bool isNowSeen = isSeen(piece);
+        if (isNowSeen && !wasSeen)
+            stretches.push_back({i, 0, length});
+        if (isNowSeen)
+            stretches.back().count += step;
+        wasSeen = isNowSeen;
+        for (std::size_t at = piece; isDashed && at < piece + step; ++at)
+            length += QLineF(m_flat.start(at), m_flat.end(at)).length();
+    }
+    return stretches;
+}
+
+template <class Visit>
+void PathNodeImpl::Painting::forEachMark(const Run& run, const Stretches& stretches,
+                                         Visit visit) const
+{
+    std::size_t next = 0, lastFirst = 0;
+    const auto visitWithin = [&](std::size_t first, std::size_t last) {
+        next = std::max(next, m_marks->indexFrom(first));
+        for (; next < m_marks->count() && m_marks->segment(next) <= last; ++next)
+            visit(m_marks->at(next));
+    };
+    const std::size_t pieces = m_flat.pieceCount(), segments = m_node.segmentCount();
+    for (const Stretch& stretch : stretches) {
+        const Range range =
+            m_node.segmentsOf(m_flat, (run.first + stretch.first) % pieces, stretch.count);
+        if (std::exchange(lastFirst, range.first) > range.first)
+            next = 0; // a loop has come round
+        visitWithin(range.first, range.last);
+        if (range.last >= segments) {
+            next = 0;
+            visitWithin(0, range.last - segments);
+        }
+    }
+}
+
+void PathNodeImpl::Painting::drawLines(const Run& run, const Stretches& stretches)
+{
+    const bool isSolid = run.stroke->style() == StrokeStyle::SolidLine;
+    const Stretch& first = stretches.front();
+    if (!m_marks && stretches.size() == 1 && run.first + first.first + first.count <
+        m_flat.points.size() && first.lengthBefore == 0 && first.count < kManyPoints)
+        return m_context.drawPolyline(
+            m_flat.points.subspan(run.first + first.first, first.count + 1));
+    Polylines& lines = m_context.scratchLines();
+    std::size_t count = 0;
+    for (const Stretch& stretch : stretches)
+        count += stretch.count;
+    LineCollector collector(lines, m_context.nodeToPixels(), isSolid && count > kManyPoints,
+                            !isSolid);
+    for (const Stretch& stretch : stretches)
+        addStretch(run, stretch, collector);
+    if (m_marks)
+        forEachMark(run, stretches, [&](const CrossingMarks::Marks& marks) {
+            collector.addApart(marks.thinHops);
+        });
+    collector.finish();
+    if (isSolid)
+        m_context.drawPolylines(lines);
+    else
+        drawDashes(lines, *run.stroke);
+}
+
+void PathNodeImpl::Painting::addStretch(const Run& run, const Stretch& stretch,
+                                        LineCollector& collector)
+{
+    const std::size_t pieces = m_flat.pieceCount(), start = (run.first + stretch.first) % pieces;
+    collector.moveTo(m_flat.start(start), stretch.lengthBefore);
+    std::size_t next = 0; // of the marks
+    for (std::size_t i = 0; i < stretch.count; ++i) {
+        const std::size_t piece = (start + i) % pieces;
+        if (m_marks) {
+            const std::size_t segment = m_flat.segmentOf(piece);
+            if (i == 0 || piece == 0)
+                next = m_marks->indexFrom(segment);
+            // Further pieces of a segment are its corner.
+            const bool isFirst = piece == 0 || m_flat.segmentOf(piece - 1) != segment;
+            if (next < m_marks->count() && m_marks->segment(next) == segment) {
+                if (isFirst)
+                    collector.add(m_marks->at(next).line);
+                ++next;
+            }
+        }
+        collector.lineTo(m_flat.end(piece));
+    }
+    if (!run.isLoop || stretch.count < pieces)
+        return;
+    // A little way along the first piece again, so that it is joined with the last.
+    const QPointF from = m_flat.start(start), way = m_flat.end(start) - from;
+    const double length = std::hypot(way.x(), way.y());
+    constexpr double kJoin = 0.01;
+    if (length > 0)
+        collector.lineTo(from + way * (std::min(kJoin, length / 2) / length));
+}
+
+void PathNodeImpl::Painting::drawDashes(const Polylines& lines, const Stroke& stroke)
+{
+    for (std::size_t i = 0; i < lines.lineCount(); ++i) {
+        const double before = lines.lengthBefore(i);
+        if (before > 0) {
+            setStyle(stroke, false);
+            setDashOffset(before);
+        }
+        m_context.drawPolyline(lines.line(i));
+        if (before > 0)
+            m_context.forgetPainterState();
+    }
+}
+
+// The painter is left with a pen that the context does not know until its state is forgotten.
+void PathNodeImpl::Painting::setDashOffset(double length)
+{
+    QPainter& painter = m_context.localPainter();
+    QPen pen = painter.pen();
+    const double width = pen.isCosmetic() ? 1 / m_scale : pen.widthF();
+    pen.setDashOffset(std::fmod(length / width, 1e6));
+    painter.setPen(pen);
+}
+
+void PathNodeImpl::Painting::drawCurves(const Run& run, const Stretches& stretches)
+{
+    if (!m_marks && !m_flat.isClosed && stretches[0].count == m_flat.pieceCount())
+        return m_context.drawPath(m_node.wholePath());
+    // Drawn one by one they would show where they cross; but dashes of each begin elsewhere.
+    const bool isSolid = run.stroke->style() == StrokeStyle::SolidLine;
+    QPainterPath path;
+    for (const Stretch& stretch : stretches) {
+        const Range around = segmentsAround(run, stretch);
+        if (m_marks)
+            m_node.appendMarked(around, *m_marks, path);
+        else
+            path.addPath(m_node.pathOf(around));
+        if (isSolid)
+            continue;
+        if (stretch.lengthBefore > 0) {
+            setStyle(*run.stroke, false);
+            setDashOffset(stretch.lengthBefore);
+        }
+        m_context.drawPath(std::exchange(path, QPainterPath()));
+        if (stretch.lengthBefore > 0)
+            m_context.forgetPainterState();
+    }
+    if (isSolid)
+        m_context.drawPath(path);
+}
+
+/// With a neighbour on each side, so that nothing ends where something is seen.
+PathNodeImpl::Range PathNodeImpl::Painting::segmentsAround(const Run& run,
+                                                           const Stretch& stretch) const
+{
+    const std::size_t pieces = m_flat.pieceCount();
+    const Range all = m_node.segmentsOf(m_flat, run.first, run.count);
+    const std::size_t first = run.first + stretch.first;
+    Range seen = m_node.segmentsOf(m_flat, first % pieces, stretch.count);
+    if (first >= pieces)
+        seen = {seen.first + m_node.segmentCount(), seen.last + m_node.segmentCount()};
+    return {seen.first > all.first ? seen.first - 1 : all.first, std::min(seen.last + 1, all.last)};
+}
+
+void PathNodeImpl::Painting::drawFades(const Run& run, const Stretches& stretches)
+{
+    forEachMark(run, stretches, [this](const CrossingMarks::Marks& marks) {
+        for (const CrossingMarks::Fade& fade : marks.fades)
+            m_context.drawFade(fade.clear, fade.full, fade.end);
+    });
+}
+
+} // namespace Tova2

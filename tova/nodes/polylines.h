@@ -1,0 +1,58 @@
+#pragma once
+
+#include <QPointF>
+
+#include <cstddef>
+#include <span>
+#include <vector>
+
+namespace Tova2 {
+
+/// Lines one after the other. A line of a single point gives way to the next; after the last one
+/// `finish` has to be called.
+class Polylines {
+public:
+    void clear()
+    {
+        m_points.clear();
+        m_lines.clear();
+    }
+    /// `lengthBefore` is that of what comes before on the whole, for dashes.
+    void moveTo(const QPointF& point, double lengthBefore = 0)
+    {
+        finish();
+        m_lines.push_back({m_points.size(), lengthBefore});
+        m_points.push_back(point);
+    }
+    void lineTo(const QPointF& point) { m_points.push_back(point); }
+    void finish()
+    {
+        if (m_lines.empty() || m_lines.back().first + 1 < m_points.size())
+            return;
+        m_points.pop_back();
+        m_lines.pop_back();
+    }
+
+    std::size_t lineCount() const { return m_lines.size(); }
+    std::span<const QPointF> line(std::size_t index) const
+    {
+        const std::size_t first = m_lines[index].first;
+        const std::size_t end =
+            index + 1 < m_lines.size() ? m_lines[index + 1].first : m_points.size();
+        return std::span(m_points).subspan(first, end - first);
+    }
+    double lengthBefore(std::size_t index) const { return m_lines[index].lengthBefore; }
+    std::size_t pointCount() const { return m_points.size(); }
+    std::vector<QPointF>& points() { return m_points; }
+
+private:
+    struct Line {
+        std::size_t first;
+        double lengthBefore;
+    };
+
+    std::vector<QPointF> m_points;
+    std::vector<Line> m_lines;
+};
+
+} // namespace Tova2
