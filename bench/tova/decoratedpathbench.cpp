@@ -32,13 +32,20 @@ std::vector<Vetra::GLPoint<double>> connector(int index, Density density)
     const double x = index / 4 % 50 * 32.0, y = index / 200 * 24.0;
     switch (index % 4) {
     case 0: // crossed by the next two
-        return {{x + 2, y + 12}, {x + 26, y + 12}, {x + 26, y + 20}, {x + 29, y + 20}, {x + 29, y + 22}};
+        return {{x + 2, y + 12},
+                {x + 26, y + 12},
+                {x + 26, y + 20},
+                {x + 29, y + 20},
+                {x + 29, y + 22}};
     case 1:
-        return {{x + 8, y + 1}, {x + 12, y + 1}, {x + 12, y + 23}, {x + 15, y + 23}, {x + 15, y + 25}};
+        return {
+            {x + 8, y + 1}, {x + 12, y + 1}, {x + 12, y + 23}, {x + 15, y + 23}, {x + 15, y + 25}};
     case 2:
-        return {{x + 16, y + 2}, {x + 20, y + 2}, {x + 20, y + 22}, {x + 23, y + 22}, {x + 23, y + 25}};
+        return {
+            {x + 16, y + 2}, {x + 20, y + 2}, {x + 20, y + 22}, {x + 23, y + 22}, {x + 23, y + 25}};
     default:
-        return {{x + 24, y + 1}, {x + 30, y + 1}, {x + 30, y + 8}, {x + 28, y + 8}, {x + 28, y + 10}};
+        return {
+            {x + 24, y + 1}, {x + 30, y + 1}, {x + 30, y + 8}, {x + 28, y + 8}, {x + 28, y + 10}};
     }
 }
 
@@ -85,7 +92,8 @@ void BM_PaintConnectors(benchmark::State& state)
     QImage image(kWidth, kHeight, QImage::Format_ARGB32_Premultiplied);
     for (auto _ : state) {
         image.fill(Qt::white);
-        connectors.scene->render(image, {0, 0, kWidth, kHeight}, {0, 0, kWidth / zoom, kHeight / zoom});
+        connectors.scene->render(image, {0, 0, kWidth, kHeight},
+                                 {0, 0, kWidth / zoom, kHeight / zoom});
     }
     state.SetLabel(decorator);
     state.counters["marks"] = marksPerConnector(connectors);

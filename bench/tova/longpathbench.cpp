@@ -48,7 +48,8 @@ Vetra::Holder<Scene> makeLongPath(Look look, int count)
 {
     auto scene = Scene::createScene();
     // A row of pixels meets all teeth of a tall one.
-    OpenLinearPathNode node(zigzag(count, look == Crossed, look < Wide && look > Plain ? count : 40));
+    OpenLinearPathNode node(
+        zigzag(count, look == Crossed, look < Wide && look > Plain ? count : 40));
     node.setDrawStyle(styleOf(look));
     if (look == Stretched)
         node.setTransform(Vetra::Transform(1, 0, 0, 5, 0, 0));
@@ -124,7 +125,9 @@ void BM_PaintClosed(benchmark::State& state)
     paintClosed<LinearPathNode>(state, zigzag(count, false, count));
 }
 BENCHMARK(BM_PaintClosed)
-    ->Arg(10000)->Arg(100000)->Arg(1000000)
+    ->Arg(10000)
+    ->Arg(100000)
+    ->Arg(1000000)
     ->Iterations(1)
     ->Unit(benchmark::kMillisecond);
 

@@ -29,7 +29,8 @@ void PaintContext::drawFade(const QPointF& clear, const QPointF& full, const QPo
     QLinearGradient fade(clear + shift, full + shift);
     fade.setColorAt(0, none);
     fade.setColorAt(1, colour);
-    const QPointF aside = QPointF(full.y() - clear.y(), clear.x() - full.x()) * (width / 2 / length);
+    const QPointF aside =
+        QPointF(full.y() - clear.y(), clear.x() - full.x()) * (width / 2 / length);
     const QPointF from = clear + shift, to = end + shift;
     if (aside.x() == 0 || aside.y() == 0) {
         painter.fillRect(QRectF(from + aside, to - aside).normalized(), fade);

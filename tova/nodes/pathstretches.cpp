@@ -83,8 +83,9 @@ void PathNodeImpl::Painting::drawLines(const Run& run, const Stretches& stretche
 {
     const bool isSolid = run.stroke->style() == StrokeStyle::SolidLine;
     const Stretch& first = stretches.front();
-    if (!m_marks && stretches.size() == 1 && run.first + first.first + first.count <
-        m_flat.points.size() && first.lengthBefore == 0 && first.count < kManyPoints)
+    if (!m_marks && stretches.size() == 1 &&
+        run.first + first.first + first.count < m_flat.points.size() && first.lengthBefore == 0 &&
+        first.count < kManyPoints)
         return m_context.drawPolyline(
             m_flat.points.subspan(run.first + first.first, first.count + 1));
     Polylines& lines = m_context.scratchLines();
@@ -96,9 +97,8 @@ void PathNodeImpl::Painting::drawLines(const Run& run, const Stretches& stretche
     for (const Stretch& stretch : stretches)
         addStretch(run, stretch, collector);
     if (m_marks)
-        forEachMark(run, stretches, [&](const CrossingMarks::Marks& marks) {
-            collector.addApart(marks.thinHops);
-        });
+        forEachMark(run, stretches,
+                    [&](const CrossingMarks::Marks& marks) { collector.addApart(marks.thinHops); });
     collector.finish();
     if (isSolid)
         m_context.drawPolylines(lines);

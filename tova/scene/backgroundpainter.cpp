@@ -89,14 +89,6 @@ QRect pixelsOf(const QPainter& painter, const QRectF& area)
                                   : QRect();
 }
 
-Vetra::Color over(const Vetra::Color& top, const Vetra::Color& ground)
-{
-    const double share = top.alpha() / 255.0;
-    const auto mix = [share](int a, int b) { return (a * share + b * (1 - share)) / 255; };
-    return {mix(top.red(), ground.red()), mix(top.green(), ground.green()),
-            mix(top.blue(), ground.blue())};
-}
-
 } // namespace
 
 void BackgroundPainter::paint(const Background& background, QPainter& painter, const QRectF& area,
@@ -160,18 +152,6 @@ bool BackgroundPainter::keep(QImage pixels, double ratio)
     if (m_kept.size() > kKeptSizes)
         m_kept.pop_back();
     return true;
-}
-
-QColor paperColorOf(const Background& background)
-{
-    Vetra::Color paper(1, 1, 1);
-    if (background.hasColor())
-        paper = over(background.getColor(), paper);
-    if (background.hasGradient()) {
-        const auto& stops = background.getGradient().stops();
-        paper = over(stops[stops.size() / 2].color, paper);
-    }
-    return Vetra::toQt(paper);
 }
 
 } // namespace Tova2

@@ -9,7 +9,6 @@
 #include <list>
 #include <memory>
 
-class QColor;
 class QPainter;
 class QRect;
 class QRectF;
@@ -41,8 +40,5 @@ private:
     Background m_shown;     ///< what `m_kept` was made from
     std::list<Kept> m_kept; ///< most recently used first
 };
-
-/// One opaque colour for the whole of it, for what has to vanish into the ground.
-QColor paperColorOf(const Background& background);
 
 } // namespace Tova2

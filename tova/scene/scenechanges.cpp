@@ -1,4 +1,3 @@
-#include "scene/backgroundpainter.h"
 #include "scene/crossingmanager.h"
 #include "scene/nodecache.h"
 #include "scene/sceneprivate.h"
