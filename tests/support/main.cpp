@@ -1,6 +1,7 @@
 #include <gmock/gmock.h>
 
 #include <QApplication>
+#include <QFontDatabase>
 
 int main(int argc, char** argv)
 {
@@ -8,6 +9,9 @@ int main(int argc, char** argv)
     if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
         qputenv("QT_QPA_PLATFORM", "offscreen");
     QApplication application(argc, argv);
+    // It takes the place of an installed one of the same name.
+    if (QFontDatabase::addApplicationFont(QStringLiteral(TOVA_TEST_FONT)) < 0)
+        qFatal("There is no test font.");
     testing::InitGoogleMock(&argc, argv);
     return RUN_ALL_TESTS();
 }

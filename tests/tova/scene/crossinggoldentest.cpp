@@ -1,10 +1,9 @@
+#include "support/goldenpicture.h"
 #include "tova/tova.h"
 
 #include <gmock/gmock.h>
 
 #include <QImage>
-
-#include <cstdlib>
 
 using namespace Tova2;
 
@@ -56,22 +55,6 @@ QImage draw(const char* decorator, double zoom)
     return image;
 }
 
-/// Pixels that are plainly others.
-int differences(const QImage& a, const QImage& b)
-{
-    constexpr int kPlainly = 24;
-    int count = 0;
-    for (int y = 0; y < a.height(); ++y) {
-        for (int x = 0; x < a.width(); ++x) {
-            const QRgb p = a.pixel(x, y), q = b.pixel(x, y);
-            count += std::abs(qRed(p) - qRed(q)) > kPlainly ||
-                     std::abs(qGreen(p) - qGreen(q)) > kPlainly ||
-                     std::abs(qBlue(p) - qBlue(q)) > kPlainly;
-        }
-    }
-    return count;
-}
-
 struct GoldenCase {
     const char* decorator;
     double zoom;
@@ -82,20 +65,12 @@ void PrintTo(const GoldenCase& c, std::ostream* out)
 }
 class CrossingGoldenTest : public testing::TestWithParam<GoldenCase> {};
 
-// With TOVA_WRITE_GOLDEN set the pictures are written instead, to be looked at.
 TEST_P(CrossingGoldenTest, LooksAsItDidWhenItWasLookedAt)
 {
-    const QImage image = draw(GetParam().decorator, GetParam().zoom);
-    const QString file = QStringLiteral(TOVA_GOLDEN_FOLDER "/crossings_%1_%2.png")
-                             .arg(QLatin1String(GetParam().decorator))
-                             .arg(static_cast<int>(GetParam().zoom * 100));
-    if (qEnvironmentVariableIsSet("TOVA_WRITE_GOLDEN")) {
-        ASSERT_TRUE(image.save(file));
-        GTEST_SKIP() << "written";
-    }
-    const QImage golden(file);
-    ASSERT_EQ(golden.size(), image.size());
-    EXPECT_EQ(differences(golden, image), 0);
+    TestSupport::expectGolden(draw(GetParam().decorator, GetParam().zoom),
+                              QStringLiteral(TOVA_GOLDEN_FOLDER "/crossings_%1_%2.png")
+                                  .arg(QLatin1String(GetParam().decorator))
+                                  .arg(static_cast<int>(GetParam().zoom * 100)));
 }
 
 INSTANTIATE_TEST_SUITE_P(Scene, CrossingGoldenTest,
