@@ -253,8 +253,7 @@ void DisplayList::refreshBlocks()
     m_staleBlocks.clear();
 }
 
-void DisplayList::candidates(const Box& area, std::uint8_t without,
-                             std::vector<std::uint32_t>& slots) const
+void DisplayList::candidates(const Box& area, std::uint8_t without, Slots& slots) const
 {
     for (std::size_t block = 0; block < m_blockBoxes.size(); ++block) {
         if (!m_blockBoxes[block].touches(area))

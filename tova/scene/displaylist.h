@@ -5,6 +5,8 @@
 
 #include <QTransform>
 
+#include <boost/container/small_vector.hpp>
+
 #include <cstdint>
 #include <span>
 #include <vector>
@@ -58,8 +60,10 @@ public:
     /// Computes a node's box now, and remembers it if the node has an entry.
     Box computeBox(NodeImpl& node);
 
+    /// Few of them, as under the pointer, take no memory of their own.
+    using Slots = boost::container::small_vector<std::uint32_t, 32>;
     /// Slots, from the bottom up, of nodes that may reach into `area` and have none of the flags.
-    void candidates(const Box& area, std::uint8_t without, std::vector<std::uint32_t>& slots) const;
+    void candidates(const Box& area, std::uint8_t without, Slots& slots) const;
 
 private:
     static constexpr std::size_t kBlock = 64;

@@ -29,7 +29,7 @@ std::vector<Candidate> candidatesIn(ScenePrivate& scene, const QRectF& exposed, 
     const DisplayList& list = scene.displayList();
     if (list.hasTooDeep())
         qWarning("Nodes nested deeper than %d are not painted.", Limits::paintedNodeDepth);
-    std::vector<std::uint32_t> slots;
+    DisplayList::Slots slots;
     constexpr auto kUnseen = DisplayList::Hidden | DisplayList::Transparent | DisplayList::TooDeep;
     list.candidates(Box::of(exposed).grown(list.reach().at(viewScale)), kUnseen, slots);
     std::vector<Candidate> candidates;

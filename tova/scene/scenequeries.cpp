@@ -19,14 +19,15 @@ struct Hit {
     Box box;
     bool isSpecial;
 };
+using Hits = boost::container::small_vector<Hit, 8>;
 
 /// From the top down.
-std::vector<Hit> hitsIn(ScenePrivate& scene, const Box& area)
+Hits hitsIn(ScenePrivate& scene, const Box& area)
 {
     const DisplayList& list = scene.displayList();
-    std::vector<std::uint32_t> slots;
+    DisplayList::Slots slots;
     list.candidates(area, kUnhittable, slots);
-    std::vector<Hit> hits;
+    Hits hits;
     hits.reserve(slots.size());
     for (auto slot = slots.rbegin(); slot != slots.rend(); ++slot)
         hits.push_back(
