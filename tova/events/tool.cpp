@@ -72,6 +72,8 @@ void Tool::setInteractionState(EInteractionState state)
     // Who hears of it may drop the last reference, but a tool that nobody holds yet has none.
     const Vetra::Holder<Tool> alive(referenceCount() > 0 ? this : nullptr);
     const EInteractionState old = std::exchange(m_state, state);
+    if (m_stack)
+        m_stack->noteState(*this);
     FirstError errors;
     errors.run([&] {
         if (m_stateSink)

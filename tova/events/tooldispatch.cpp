@@ -22,6 +22,13 @@ void traceStart(const Event& event)
         line << "Dispatching " << event.className() << ":" << debugText(event);
 }
 
+void traceEnd(const Event& event)
+{
+    TraceLine line;
+    if (line.isOn())
+        line << "Finished dispatching " << event.className();
+}
+
 } // namespace
 
 /// Makes the call unless the tool does not want the event, and asks for its cursor.
@@ -92,7 +99,7 @@ void ToolDispatch::run()
         m_core.removeDoneTools(m_errors);
         m_errors.run([this] { finish(); });
     }
-    TraceLine() << "Finished dispatching " << m_event.className();
+    traceEnd(m_event);
     m_errors.rethrow();
 }
 
@@ -112,7 +119,7 @@ void ToolDispatch::offer()
                 return;
         }
     }
-    if (!m_core.m_active)
+    if (!m_core.m_active && m_core.m_mayHaveDeferred)
         offerDeferred();
 }
 
@@ -122,8 +129,9 @@ void ToolDispatch::offerDeferred()
     ToolList::Walk walk(m_core.m_tools);
     while (Tool* tool = m_event.isConsumed() ? nullptr : walk.next()) {
         if (tool->isDeferredActive() && !offerTo(*tool, kDeferred, activate))
-            return;
+            break;
     }
+    m_core.noteStates();
 }
 
 void ToolDispatch::finish()

@@ -5,15 +5,6 @@
 
 namespace Tova2 {
 
-Tool* ToolList::Walk::next()
-{
-    m_at = m_isStarted ? std::next(m_at) : m_list.m_places.begin();
-    m_isStarted = true;
-    while (m_at != m_list.m_places.end() && m_at->isGone)
-        ++m_at;
-    return m_at == m_list.m_places.end() ? nullptr : m_at->tool.get();
-}
-
 ToolList::Position ToolList::find(const Tool* tool) noexcept
 {
     return std::find_if(m_places.begin(), m_places.end(),

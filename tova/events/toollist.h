@@ -4,6 +4,7 @@
 #include "vetra/referenced.h"
 #include "vetra/stringid.h"
 
+#include <iterator>
 #include <list>
 #include <vector>
 
@@ -43,7 +44,14 @@ public:
     public:
         explicit Walk(ToolList& list) noexcept : m_list(list), m_at(list.m_places.end()) {}
         /// Null at the end. What is put in right above the tool handed out last is above the walk.
-        Tool* next();
+        Tool* next()
+        {
+            m_at = m_isStarted ? std::next(m_at) : m_list.m_places.begin();
+            m_isStarted = true;
+            while (m_at != m_list.m_places.end() && m_at->isGone)
+                ++m_at;
+            return m_at == m_list.m_places.end() ? nullptr : m_at->tool.get();
+        }
 
     private:
         ToolList& m_list;

@@ -136,22 +136,6 @@ void ToolStackCore::setReadonly(bool isReadonly)
     settle(errors);
 }
 
-/// Modifying tools get nothing in read-only mode.
-bool ToolStackCore::isShutOut(const Tool& tool) const
-{
-    return m_isReadonly && tool.isModifyingTool() == Tool::ModifyingType::ModifiesModel;
-}
-
-/// Nothing when a tool has offered one already, or the tool has left or is done.
-void ToolStackCore::collectCursor(Tool& tool)
-{
-    if (m_cursor.cursor || !hasTool(&tool) || tool.isDone())
-        return;
-    auto cursor = tool.overrideCursor();
-    if (cursor && hasTool(&tool))
-        m_cursor = {cursor, &tool};
-}
-
 void ToolStackCore::renewCursor()
 {
     m_cursor = {};

@@ -67,6 +67,7 @@ void ToolStackCore::join(Tool& tool)
     tool.m_stateSink = this;
     tool.m_membership = Tool::Membership::Member;
     tool.m_scene = m_scene;
+    noteState(tool);
     tool.onAddToStack();
 }
 
@@ -175,13 +176,23 @@ void ToolStackCore::unlink(Tool& tool) noexcept
 
 void ToolStackCore::removeDoneTools(FirstError& errors)
 {
-    if (m_depth > 0)
+    if (m_depth > 0 || !m_mayHaveDone)
         return;
     ToolList::Walk walk(m_tools);
     while (Tool* tool = walk.next()) {
         if (tool->isDone() && tool->m_membership != Tool::Membership::Leaving)
             expel(*tool, errors);
     }
+    noteStates();
+}
+
+void ToolStackCore::noteStates()
+{
+    m_mayHaveDone = false;
+    m_mayHaveDeferred = false;
+    ToolList::Walk walk(m_tools);
+    while (const Tool* tool = walk.next())
+        noteState(*tool);
 }
 
 /// Ends an operation that may have removed the tool whose cursor is shown.

@@ -45,6 +45,12 @@ public:
 
     bool mayActivate(const Tool& tool) const noexcept;
     void toolStateChanged(Tool& tool, Tool::EInteractionState old, Tool::EInteractionState now);
+    /// Of every tool in the list, also of one that is not heard any more.
+    void noteState(const Tool& tool) noexcept
+    {
+        m_mayHaveDone = m_mayHaveDone || tool.isDone();
+        m_mayHaveDeferred = m_mayHaveDeferred || tool.isDeferredActive();
+    }
     /// 2 when a tool was interrupted that does not cancel transparently, else 1 when any was, else
     /// 0. Collects what the tools throw.
     int cancelTools(const Tool* exempt, Tool::ECancelReason reason, FirstError& errors);
@@ -93,10 +99,23 @@ private:
     void deactivate(Tool& tool);
     void forgetActive(const Tool* tool) noexcept;
     int cancelOne(Tool& tool, const Tool* exempt, Tool::ECancelReason reason, FirstError& errors);
-    bool isShutOut(const Tool& tool) const;
+    /// Modifying tools get nothing in read-only mode.
+    bool isShutOut(const Tool& tool) const
+    {
+        return m_isReadonly && tool.isModifyingTool() == Tool::ModifyingType::ModifiesModel;
+    }
+    void noteStates();
     void settle(FirstError& errors);
 
-    void collectCursor(Tool& tool);
+    /// Nothing when a tool has offered one already, or the tool has left or is done.
+    void collectCursor(Tool& tool)
+    {
+        if (m_cursor.cursor || !hasTool(&tool) || tool.isDone())
+            return;
+        const auto cursor = tool.overrideCursor();
+        if (cursor && hasTool(&tool))
+            m_cursor = {cursor, &tool};
+    }
     void renewCursor();
     void showCursor();
 
@@ -114,6 +133,8 @@ private:
     bool m_isReadonly = false;
     bool m_hasActivated = false; // a tool did so during the handling under way
     bool m_hasSwallowedEscape = false;
+    bool m_mayHaveDone = false; // if not, looking for them is spared
+    bool m_mayHaveDeferred = false;
     bool m_hasLostCursor = false; // the tool that had offered it left
     bool m_isRetired = false;
 };

@@ -53,19 +53,13 @@ std::string className(const std::type_info& type)
 bool ToolTrace::s_isEnabled =
     !qEnvironmentVariableIsEmpty("TOVA_TRACE_TOOLS") && qgetenv("TOVA_TRACE_TOOLS") != "0";
 
-TraceLine& TraceLine::operator<<(const Tool& tool)
+void TraceLine::append(const Tool& tool)
 {
-    return m_isOn ? *this << std::string_view(className(typeid(tool))) : *this;
+    m_text += className(typeid(tool));
 }
 
-void TraceLine::addNewState(const Tool& tool, Tool::EInteractionState before)
-{
-    if (tool.getInteractionState() != before)
-        *this << ", tool became " << tool.getInteractionState();
-}
-
-void TraceLine::addOutcome(const Tool& tool, Tool::EInteractionState before, bool hasActivated,
-                           std::string_view activated)
+void TraceLine::appendOutcome(const Tool& tool, Tool::EInteractionState before, bool hasActivated,
+                              const char* activated)
 {
     if (tool.getInteractionState() == before)
         *this << ", state did not change";

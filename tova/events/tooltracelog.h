@@ -22,25 +22,34 @@ public:
     }
 
     bool isOn() const noexcept { return m_isOn; }
-    TraceLine& operator<<(std::string_view text)
+    template <class T>
+    TraceLine& operator<<(const T& value)
     {
         if (m_isOn)
-            m_text += text;
+            append(value);
         return *this;
     }
-    /// Its class, without namespaces.
-    TraceLine& operator<<(const Tool& tool);
-    TraceLine& operator<<(Tool::EInteractionState state)
-    {
-        return *this << std::string_view(Tool::interactionStateName(state));
-    }
     /// ", tool became active", when its state has changed.
-    void addNewState(const Tool& tool, Tool::EInteractionState before);
+    void addNewState(const Tool& tool, Tool::EInteractionState before)
+    {
+        if (m_isOn && tool.getInteractionState() != before)
+            *this << ", tool became " << tool.getInteractionState();
+    }
     /// ", became active" or ", state did not change", and whether a tool became active meanwhile.
     void addOutcome(const Tool& tool, Tool::EInteractionState before, bool hasActivated,
-                    std::string_view activated);
+                    const char* activated)
+    {
+        if (m_isOn)
+            appendOutcome(tool, before, hasActivated, activated);
+    }
 
 private:
+    void append(std::string_view text) { m_text += text; }
+    void append(Tool::EInteractionState state) { m_text += Tool::interactionStateName(state); }
+    /// Its class, without namespaces.
+    void append(const Tool& tool);
+    void appendOutcome(const Tool& tool, Tool::EInteractionState before, bool hasActivated,
+                       const char* activated);
     void write() noexcept;
 
     std::string m_text;
