@@ -53,6 +53,7 @@
 #include "tova/nodes/textnode.h"
 #include "tova/nodes/weakref.h"
 
+#include "tova/events/autoscroller.h"
 #include "tova/events/contextmenuevent.h"
 #include "tova/events/delegatingeventhandler.h"
 #include "tova/events/dragevent.h"
