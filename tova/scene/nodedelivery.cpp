@@ -74,8 +74,10 @@ bool isOnlyButton(const Vetra::GLMouseEvent2& event)
 
 NodeImpl* NodeDelivery::topmostAt(const MouseEvent& event) const
 {
-    return SceneQueries::topmostAt(m_scene, Vetra::toQt(event.scenePos()),
-                                   Vetra::toQt(event.getViewportTransform()));
+    NodeImpl* const hit = SceneQueries::topmostAt(m_scene, Vetra::toQt(event.scenePos()),
+                                                  Vetra::toQt(event.getViewportTransform()));
+    // Its own hit tester may have taken it out.
+    return hit && m_scene.has(*hit) ? hit : nullptr;
 }
 
 template <class E, class Emitter>

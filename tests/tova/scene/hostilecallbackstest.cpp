@@ -1,5 +1,8 @@
+#include "tova/events/focusevent.h"
+#include "tova/events/mouseevent.h"
 #include "tova/nodes/customnode.h"
 #include "tova/nodes/customnodepainter.h"
+#include "tova/nodes/nodeemitters.h"
 #include "tova/nodes/rectnode.h"
 #include "tova/scene/scene.h"
 #include "tova/scene/scenechangetracker.h"
@@ -22,7 +25,7 @@ using namespace Tova2;
 struct Thrown {};
 
 /// Scenes, nodes and handles that every callback may do anything to.
-class World : public SceneChangeTracker {
+class World : public SceneChangeTracker, public Vemit::Listener {
 public:
     explicit World(unsigned seed) : m_random(seed)
     {
@@ -80,7 +83,9 @@ private:
     Node make();
     void call();
     void callOn(Node& node, Vetra::Holder<Scene>& scene);
+    void listenTo(Node& node);
     void query(Scene& scene);
+    void point(Scene& scene);
     void checkWhole();
 
     std::mt19937 m_random;
@@ -131,7 +136,30 @@ Node World::make()
     RectNode node({0, 0, 10.0 + below(20), 10});
     if (oneIn(3))
         node.setCustomHitTestFunctor(new HostileTester(*this));
+    if (oneIn(2))
+        listenTo(node);
     return node;
+}
+
+void World::listenTo(Node& node)
+{
+    const auto hear = [this](Event&, const NodeEmitters::Tags&) { callback(); };
+    for (auto emitter : {&NodeEmitters::hoverEnter, &NodeEmitters::hoverMove,
+                         &NodeEmitters::hoverExit, &NodeEmitters::mousePress})
+        node.connectTo(emitter, this, hear);
+    for (auto emitter : {&NodeEmitters::focusIn, &NodeEmitters::focusOut})
+        node.connectTo(emitter, this, hear);
+}
+
+void World::point(Scene& scene)
+{
+    const auto type = oneIn(2) ? EventType::MouseMoveEvent : EventType::MousePressEvent;
+    MouseEvent event(type, nullptr, {below(60) * 1.0, 5}, {}, {}, 0, Vetra::MouseButton::LeftButton,
+                     {}, {}, false, true);
+    if (type == EventType::MouseMoveEvent)
+        scene.handleMouseMoveEvent(event);
+    else
+        scene.passMousePressEventToNode(event);
 }
 
 void World::call()
@@ -143,7 +171,11 @@ void World::call()
     }
     // By reference: a handle may go away in the middle of a call on it.
     Node& node = m_handles[static_cast<std::size_t>(below(static_cast<int>(m_handles.size())))];
-    switch (below(16)) {
+    switch (below(19)) {
+    case 16:
+    case 17:
+    case 18:
+        return point(*scene);
     case 0:
         return scene->destroy();
     case 1:
