@@ -12,6 +12,7 @@ enum class ChangeLevel : std::uint8_t {
     Presence = 3,   ///< other visibility, opacity or clip: this node and all below it
     Stacking = 4,   ///< another place in the stacking order
     Announced = 5,  ///< other bounds of this node, soon: they are to be asked for when they matter
+    Reach = 6,      ///< paints farther or less far around the same geometry
 };
 
 } // namespace Tova2

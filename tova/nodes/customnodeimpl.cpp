@@ -92,6 +92,26 @@ Bounds CustomNodeImpl::outline() const
     return isFinite(Vetra::toQt(stroked.boundingRect())) ? stroked : Bounds();
 }
 
+void CustomNodeImpl::paintSilhouette(PaintContext& context) const
+{
+    const auto painter = m_painter;
+    if (!painter)
+        return;
+    const PaintOptions options = context.options();
+    const auto target = Vetra::fromQt(geometryRectAt(options.viewScale));
+    context.setStyle(drawStyle());
+    PainterLoan loan(context);
+    painter->paintMask(loan.painter(), options.viewScale, target, options);
+}
+
+QPainterPath CustomNodeImpl::silhouetteOutline(double viewScale) const
+{
+    const auto painter = m_painter;
+    const QPainterPath path =
+        painter ? painter->getOutlineStroked(viewScale).asQPainterPath() : QPainterPath();
+    return isFinite(path.controlPointRect()) ? path : QPainterPath();
+}
+
 void CustomNodeImpl::paintNode(PaintContext& context) const
 {
     const auto painter = m_painter;

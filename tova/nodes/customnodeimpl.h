@@ -25,6 +25,9 @@ public:
     bool countsInBounds() const override { return bool(m_painter); }
     Bounds outline() const override;
     void paintNode(PaintContext& context) const override;
+    bool hidesItsSilhouette() const override { return false; }
+    void paintSilhouette(PaintContext& context) const override;
+    QPainterPath silhouetteOutline(double viewScale) const override;
 
 protected:
     ~CustomNodeImpl() override;

@@ -1,5 +1,7 @@
 #include "nodes/ellipsenodeimpl.h"
 
+#include "nodes/effects/silhouettebox.h"
+#include "nodes/effects/silhouettekey.h"
 #include "nodes/geometry/ellipsepainterpathboundsimpl.h"
 #include "nodes/outlinereach.h"
 #include "nodes/paintcontext.h"
@@ -129,6 +131,21 @@ void EllipseNodeImpl::paintNode(PaintContext& context) const
         context.drawLine({rect.topLeft(), rect.bottomRight()});
     else
         context.drawEllipse(rect);
+}
+
+QPainterPath EllipseNodeImpl::silhouetteOutline(double viewScale) const
+{
+    const QRectF rect = geometryRectAt(viewScale);
+    QPainterPath path;
+    path.addEllipse(SilhouetteBox::around(rect, 0, drawStyle(), viewScale).rect);
+    return path;
+}
+
+QByteArray EllipseNodeImpl::silhouetteKey() const
+{
+    return SilhouetteKey()
+        .add(m_rect, m_lodScale, m_widthToPixelAlignCenter != kUnaligned, drawStyle())
+        .bytes();
 }
 
 } // namespace Tova2

@@ -27,6 +27,8 @@ public:
     Bounds outline() const override;
     bool outlineContains(const QPointF& point) const override;
     void paintNode(PaintContext& context) const override;
+    QPainterPath silhouetteOutline(double viewScale) const override;
+    QByteArray silhouetteKey() const override;
 
 private:
     QRectF centerAligned(const QRectF& rect) const;

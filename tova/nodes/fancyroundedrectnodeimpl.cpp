@@ -1,5 +1,6 @@
 #include "nodes/fancyroundedrectnodeimpl.h"
 
+#include "nodes/effects/silhouettekey.h"
 #include "nodes/outlinereach.h"
 #include "nodes/paintcontext.h"
 #include "nodes/values.h"
@@ -68,6 +69,14 @@ void FancyRoundedRectNodeImpl::dropCaches(ChangeLevel level)
 {
     if (level == ChangeLevel::Geometry)
         m_path = QPainterPath();
+}
+
+QByteArray FancyRoundedRectNodeImpl::silhouetteKey() const
+{
+    const auto& radii = m_given.radii;
+    return SilhouetteKey()
+        .add(m_given.rect, radii[0], radii[1], radii[2], radii[3], drawStyle())
+        .bytes();
 }
 
 } // namespace Tova2

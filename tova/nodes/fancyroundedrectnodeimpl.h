@@ -21,6 +21,7 @@ public:
     Bounds outline() const override;
     bool outlineContains(const QPointF& point) const override;
     void paintNode(PaintContext& context) const override;
+    QByteArray silhouetteKey() const override;
 
 protected:
     void dropCaches(ChangeLevel level) override;

@@ -27,6 +27,7 @@ public:
     /// No stroke of the draw style shows.
     double strokeReach() const override { return 0; }
     void paintNode(PaintContext& context) const override;
+    bool hidesItsSilhouette() const override { return false; }
 
 private:
     Source m_source;

@@ -71,4 +71,10 @@ QPainterPath LinearPathNodeImpl::pathOf(const Range& range) const
     return path;
 }
 
+QByteArray LinearPathNodeImpl::silhouetteKey() const
+{
+    // Marks depend on other paths.
+    return m_crossings ? QByteArray() : PathNodeImpl::silhouetteKey();
+}
+
 } // namespace Tova2

@@ -36,6 +36,7 @@ public:
     void setCrossings(std::vector<PathIntersection>&& crossings);
     /// For another decorator, or another width of a line that is crossed.
     void dropCrossingMarks();
+    QByteArray silhouetteKey() const override;
     /// What other lines keep clear of: in scene units, and 1 for a line of a pixel at any zoom.
     double lineWidth() const;
     /// 0 for what is no path, or none any more.

@@ -1,5 +1,6 @@
 #include "nodes/linenodeimpl.h"
 
+#include "nodes/effects/silhouettekey.h"
 #include "nodes/outlinereach.h"
 #include "nodes/paintcontext.h"
 #include "nodes/values.h"
@@ -149,6 +150,14 @@ void LineNodeImpl::paintNode(PaintContext& context) const
     const QPointF along = band().along;
     context.drawLine({m_line.p1() + along * m_ends.backoff(Which::Start),
                       m_line.p2() - along * m_ends.backoff(Which::End)});
+}
+
+QByteArray LineNodeImpl::silhouetteKey() const
+{
+    return SilhouetteKey()
+        .add(m_line.x1(), m_line.y1(), m_line.x2(), m_line.y2(), m_ends.backoff(Which::Start),
+             m_ends.backoff(Which::End), drawStyle())
+        .bytes();
 }
 
 } // namespace Tova2

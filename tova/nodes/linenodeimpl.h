@@ -25,6 +25,7 @@ public:
     bool outlineContains(const QPointF& point) const override;
     bool outlineIntersects(const Bounds& area) const override;
     void paintNode(PaintContext& context) const override;
+    QByteArray silhouetteKey() const override;
 
 private:
     /// The line with its stroke as a rectangle along it.

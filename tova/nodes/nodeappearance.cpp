@@ -10,13 +10,15 @@ namespace Tova2 {
 
 namespace {
 
-/// Whether styles differ in colours only: the same area is painted and hit.
-bool coversTheSame(const DrawStyle& a, const DrawStyle& b)
+/// How much another style makes stale. Colours leave the area that is painted and hit, and effects
+/// that which is hit.
+ChangeLevel levelOfChange(const DrawStyle& a, const DrawStyle& b)
 {
     Stroke stroke = a.stroke();
     stroke.setColor(b.stroke().color());
-    return stroke == b.stroke() && a.fill().isNoFill() == b.fill().isNoFill() &&
-           a.effect() == b.effect();
+    if (stroke != b.stroke() || a.fill().isNoFill() != b.fill().isNoFill())
+        return ChangeLevel::Geometry;
+    return a.effect() == b.effect() ? ChangeLevel::Appearance : ChangeLevel::Reach;
 }
 
 } // namespace
@@ -95,9 +97,8 @@ void NodeImpl::setDrawStyle(const DrawStyle& style)
 {
     if (style == m_style)
         return;
-    const auto level =
-        coversTheSame(style, m_style) ? ChangeLevel::Appearance : ChangeLevel::Geometry;
-    if (level == ChangeLevel::Geometry)
+    const auto level = levelOfChange(style, m_style);
+    if (level != ChangeLevel::Appearance)
         geometryChanging();
     m_style = style;
     reportChange(level);

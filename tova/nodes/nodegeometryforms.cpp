@@ -147,7 +147,7 @@ double Node::getContentsScaleInScene() const
 
 Vetra::GLRect<double> Node::getBoundingRect() const
 {
-    return fromQt(getValidImpl()->strokedRect());
+    return fromQt(getValidImpl()->paintedRect());
 }
 
 Vetra::GLRect<double> Node::getGeometryRect() const

@@ -54,6 +54,7 @@ NodeImpl::~NodeImpl()
 {
     Q_ASSERT(!m_scene && !m_isMember && !ReparentGuard::isMoving(*this));
     m_isReady = false;
+    forgetEffectPictures();
     detachChildren();
     instances().decrement();
 }
@@ -120,6 +121,8 @@ void NodeImpl::reportChange(ChangeLevel level)
     // To a sink an announced change is one of geometry like any other.
     const auto told = level == ChangeLevel::Announced ? ChangeLevel::Geometry : level;
     dropCaches(told);
+    if (level != ChangeLevel::Placement && level != ChangeLevel::Stacking)
+        forgetEffectPictures();
     if (m_scene)
         m_scene->noteChange(*this, level);
     // The sink may drop the last reference.
@@ -142,7 +145,7 @@ void NodeImpl::paint(QPainter* painter, const QStyleOptionGraphicsItem*, QWidget
 {
     PaintContext context(*painter, painter->worldTransform(), PaintOptions{});
     context.enter(QTransform());
-    paintNode(context);
+    paintWithEffects(context);
 }
 
 Subtree subtreeOf(NodeImpl& root)

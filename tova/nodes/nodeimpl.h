@@ -1,6 +1,7 @@
 #pragma once
 
 #include "nodes/changelevel.h"
+#include "nodes/effects/silhouettebox.h"
 #include "tova/nodes/cachetype.h"
 #include "tova/nodes/geometry/bounds.h"
 #include "tova/nodes/node.h"
@@ -92,6 +93,11 @@ public:
     /// `geometryRect` with the stroke as it is at a view scale of 1.
     virtual QRectF strokedRect() const;
     QRectF strokedRectAt(double viewScale) const;
+    /// In the coordinates that `toTarget` maps to, what the node may paint with its effects, whose
+    /// directions are those of `view`.
+    QRectF paintedRect(const QTransform& toTarget, const QTransform& view, double viewScale) const;
+    /// The same in local coordinates, as it is at a view scale of 1.
+    QRectF paintedRect() const;
     /// How far the stroke may reach beyond the geometry, as a multiple of its width.
     virtual double strokeReach() const { return 0.5; }
     /// In scene units at a view scale of 1, how far marks may lie beyond the stroked geometry; they
@@ -132,7 +138,24 @@ public:
     void setStacksBehindParent(bool behind);
     bool ignoresTransformations() const { return m_ignoresTransformations; }
     void setIgnoresTransformations(bool ignores);
+    /// The node by itself, without its effects.
     virtual void paintNode(PaintContext& context) const = 0;
+    void paintWithEffects(PaintContext& context) const;
+
+    // The silhouette, which effects are made from: what the node paints, but opaque
+    /// Into a context of silhouettes.
+    virtual void paintSilhouette(PaintContext& context) const { paintNode(context); }
+    /// The silhouette's edge.
+    virtual QPainterPath silhouetteOutline(double viewScale) const;
+    /// Where a box is all of it.
+    virtual std::optional<SilhouetteBox> silhouetteBox(double) const { return {}; }
+    /// Whether nothing that lies under it is seen.
+    virtual bool hidesItsSilhouette() const;
+    /// Equal for nodes of a kind with equal silhouettes; empty where only the node knows.
+    virtual QByteArray silhouetteKey() const { return {}; }
+    /// Kept pictures of this node's silhouette are to be forgotten with its next change.
+    void noteEffectPicture() const { m_hasEffectPictures = true; }
+    void forgetEffectPictures() const;
 
     // Changes
     /// Before a change of geometry: tells the toolkit.
@@ -156,7 +179,7 @@ protected:
     virtual void dropCaches(ChangeLevel) {}
 
 private:
-    QRectF boundingRect() const final { return strokedRect(); }
+    QRectF boundingRect() const final { return paintedRect(); }
     QPainterPath shape() const final;
     /// For a toolkit view that somebody puts over the scene; the library paints through its own
     /// pipeline.
@@ -179,6 +202,7 @@ private:
     bool m_isDoomed : 1 = false; ///< queued for deletion
     bool m_hasBeenInScene : 1 = false;
     bool m_clipsChildren : 1 = false;
+    mutable bool m_hasEffectPictures : 1 = false;
     bool m_ignoresTransformations : 1 = false;
 
     template <class Impl, class... Arguments>

@@ -2,7 +2,9 @@
 
 #include "nodes/cubic.h"
 #include "nodes/deferrederror.h"
+#include "nodes/effects/silhouettekey.h"
 #include "nodes/linearoutline.h"
+#include "nodes/paintcontext.h"
 #include "nodes/values.h"
 
 #include <algorithm>
@@ -237,6 +239,23 @@ QPainterPath OpenLinearPathNodeImpl::pathOf(const Range& range) const
             outline.addCorner(cut->curve, cut->isStraight);
     }
     return outline.main();
+}
+
+// Without dashes, and without the marks of crossings.
+void OpenLinearPathNodeImpl::paintSilhouette(PaintContext& context) const
+{
+    if (!m_usesPathForEffect)
+        return LinearPathNodeImpl::paintSilhouette(context);
+    DrawStyle style(Stroke::NoStroke(), Fill(drawStyle().stroke().color()));
+    style.setIsAntiAliased(drawStyle().isAntiAliased());
+    context.setStyle(style);
+    context.drawPath(outline().asQPainterPath());
+}
+
+QByteArray OpenLinearPathNodeImpl::silhouetteKey() const
+{
+    const QByteArray picture = LinearPathNodeImpl::silhouetteKey();
+    return picture.isEmpty() ? picture : picture + char(m_usesPathForEffect);
 }
 
 } // namespace Tova2

@@ -30,6 +30,8 @@ public:
     DrawnSegment drawnSegment(std::size_t segment) const override;
     bool usesPathForEffect() const { return m_usesPathForEffect; }
     void setUsesPathForEffect(bool uses);
+    void paintSilhouette(PaintContext& context) const override;
+    QByteArray silhouetteKey() const override;
 
 protected:
     bool isClosed() const override { return false; }

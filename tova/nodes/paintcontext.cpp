@@ -1,5 +1,7 @@
 #include "nodes/paintcontext.h"
 
+#include "nodes/effects/pixeleffectpainter.h"
+#include "nodes/effects/silhouettestyle.h"
 #include "nodes/pen.h"
 
 #include "tova/nodes/geometry/limits.h"
@@ -16,6 +18,7 @@ namespace Tova2 {
 
 PaintContext::PaintContext(QPainter& painter, const QTransform& view, const PaintOptions& options)
     : m_painter(painter)
+    , m_effectPainter(&PixelEffectPainter::instance())
     , m_view(view)
     , m_options(options)
     , m_pixelRatio(painter.device()->devicePixelRatioF())
@@ -49,13 +52,33 @@ void PaintContext::enterLike(const PaintContext& other)
 
 void PaintContext::setOpacity(double opacity)
 {
-    if (opacity == m_opacity)
+    if (m_isOpacitySet && opacity == m_opacity)
         return;
     m_opacity = opacity;
+    m_isOpacitySet = true;
     m_painter.setOpacity(opacity);
 }
 
+void PaintContext::setSilhouette(double cosmeticWidth)
+{
+    m_isSilhouette = true;
+    m_cosmeticWidth = cosmeticWidth;
+}
+
+QColor PaintContext::ink(const QColor& color) const
+{
+    return m_isSilhouette && color.alpha() > 0 ? QColor(Qt::black) : color;
+}
+
 void PaintContext::setStyle(const DrawStyle& style)
+{
+    if (m_isSilhouette)
+        applyStyle(silhouetteStyle(style, m_cosmeticWidth));
+    else
+        applyStyle(style);
+}
+
+void PaintContext::applyStyle(const DrawStyle& style)
 {
     setAntialiased(style.isAntiAliased());
     if (!m_isStyleKnown || style.stroke() != m_stroke) {
@@ -95,8 +118,7 @@ void PaintContext::setAntialiased(bool on)
 void PaintContext::forgetPainterState()
 {
     m_coordinates = Coordinates::Unknown;
-    m_opacity = -1;
-    m_isAntialiasedSet = m_arePenAndBrushSet = m_isFrameSet = false;
+    m_isOpacitySet = m_isAntialiasedSet = m_arePenAndBrushSet = m_isFrameSet = false;
 }
 
 QTransform PaintContext::nodeToDevice() const
@@ -119,6 +141,28 @@ QPainter& PaintContext::localPainter()
     if (m_isStyleKnown)
         setPenAndBrush();
     return m_painter;
+}
+
+// Transforms undo the ratio instead of pictures having it: then pixels are copied on any screen.
+QPainter& PaintContext::pixelPainter()
+{
+    if (m_coordinates != Coordinates::Pixels) {
+        m_painter.setWorldTransform(QTransform::fromScale(1 / m_pixelRatio, 1 / m_pixelRatio));
+        m_coordinates = Coordinates::Pixels;
+    }
+    return m_painter;
+}
+
+QRectF PaintContext::exposedPixels() const
+{
+    const auto* const device = m_painter.device();
+    const QRectF all(0, 0, device->width() * m_pixelRatio, device->height() * m_pixelRatio);
+    const QRectF exposed = Vetra::toQt(m_options.exposed);
+    if (exposed.isEmpty())
+        return all;
+    const QRectF inUnits = m_view.mapRect(exposed);
+    const QRectF pixels(inUnits.topLeft() * m_pixelRatio, inUnits.size() * m_pixelRatio);
+    return m_fillsStrokes ? pixels & all : pixels;
 }
 
 void PaintContext::useView()
@@ -165,11 +209,10 @@ QRectF PaintContext::aligned(const QRectF& rect) const
 
 void PaintContext::drawDeviceImage(const QPoint& corner, const QImage& image)
 {
-    m_painter.setWorldTransform(QTransform());
-    m_painter.setOpacity(1);
-    m_painter.drawImage(QPointF(corner) / m_pixelRatio, image);
-    m_painter.setOpacity(m_opacity);
-    m_coordinates = Coordinates::Unknown;
+    QPainter& painter = pixelPainter();
+    painter.setOpacity(1);
+    painter.drawImage(corner, image);
+    painter.setOpacity(m_opacity);
 }
 
 void PaintContext::drawRect(const QRectF& rect)

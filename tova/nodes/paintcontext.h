@@ -21,6 +21,8 @@ class QRectF;
 
 namespace Tova2 {
 
+class EffectPainter;
+
 /// A painter on its way through the nodes of a scene. It knows what the painter is set to, so that
 /// nodes that look alike and only lie elsewhere cost no change of state: as long as a node is
 /// merely moved, its geometry is moved instead of the painter.
@@ -36,6 +38,18 @@ public:
     /// On devices of pixels a stroke may be drawn as the area that it covers: the same picture,
     /// without the toolkit's general stroker. Elsewhere a stroke has to stay one.
     void setFillsStrokes(bool on) { m_fillsStrokes = on; }
+    bool isOnPixels() const { return m_fillsStrokes; }
+
+    /// Nodes then draw all that shows of them, and nothing else, as opaque black. `cosmeticWidth`
+    /// is that of lines of one pixel, in the node's units.
+    void setSilhouette(double cosmeticWidth);
+    bool isSilhouette() const { return m_isSilhouette; }
+    /// Of what a node draws with a colour that is not its style's.
+    QColor ink(const QColor& color) const;
+
+    /// Who draws effects; not owned. Unless set, they are drawn as pixels where they are soft.
+    EffectPainter& effectPainter() const { return *m_effectPainter; }
+    void setEffectPainter(EffectPainter& painter) { m_effectPainter = &painter; }
 
     const PaintOptions& options() const { return m_options; }
     const QTransform& view() const { return m_view; }
@@ -70,6 +84,8 @@ public:
     /// In the node's coordinates, with the look of the last `setStyle` if it was called for this
     /// node.
     QPainter& localPainter();
+    /// In the device's own pixels.
+    QPainter& pixelPainter();
     void forgetPainterState();
 
     /// Local to device, as the painter's transform is while the node draws.
@@ -77,8 +93,11 @@ public:
     /// Local to the device's own pixels, of which a unit of `nodeToDevice` may have several.
     QTransform nodeToPixels() const;
     double pixelRatio() const { return m_pixelRatio; }
+    /// What is to be painted, in the device's own pixels.
+    QRectF exposedPixels() const;
 
 private:
+    void applyStyle(const DrawStyle& style);
     void setAntialiased(bool on);
     void setPenAndBrush();
     bool drawsShifted() const;
@@ -105,6 +124,7 @@ private:
     QPointF aligned(const QPointF& point) const;
 
     QPainter& m_painter;
+    EffectPainter* m_effectPainter;
     QTransform m_view;
     PaintOptions m_options;
 
@@ -112,13 +132,15 @@ private:
     QTransform m_nodeToDevice; ///< of any other
     bool m_isMovedOnly = true;
 
-    enum class Coordinates { Unknown, View, Node } m_coordinates = Coordinates::Unknown;
+    enum class Coordinates { Unknown, View, Node, Pixels } m_coordinates = Coordinates::Unknown;
     Stroke m_stroke{StrokeStyle::SolidLine};
     Fill m_fill;
     double m_pixelRatio;
-    bool m_isUniformView; ///< as long in all directions, and level
-    double m_opacity = -1;
+    double m_cosmeticWidth = 0; ///< of silhouettes
+    bool m_isUniformView;       ///< as long in all directions, and level
+    double m_opacity = 1;
     double m_penWidth = 0; ///< in device pixels
+    bool m_isOpacitySet = false;
     bool m_isStyleKnown = false;
     bool m_arePenAndBrushSet = false;
     bool m_isFrameSet = false; ///< no pen, and a brush of the stroke's colour
@@ -126,6 +148,7 @@ private:
     bool m_isAntialiasedSet = false;
     bool m_isPixelAligned = false;
     bool m_fillsStrokes = false;
+    bool m_isSilhouette = false;
 
     StrokePolygon m_strokePolygon;
     std::vector<QPointF> m_movedPoints;

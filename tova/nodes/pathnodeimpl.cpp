@@ -1,5 +1,7 @@
 #include "nodes/pathnodeimpl.h"
 
+#include "nodes/effects/silhouettekey.h"
+#include "nodes/effects/silhouettestyle.h"
 #include "nodes/pathcache.h"
 #include "nodes/pathcounters.h"
 #include "nodes/pen.h"
@@ -235,6 +237,21 @@ QPainterPath PathNodeImpl::wholePath() const
         known.whole = path;
     }
     return *known.whole;
+}
+
+bool PathNodeImpl::hidesItsSilhouette() const
+{
+    return NodeImpl::hidesItsSilhouette() &&
+           std::all_of(strokes().begin(), strokes().end(), [](const Stroke& stroke) {
+               return !isStroked(stroke) || stroke.color().alpha() == 255;
+           });
+}
+
+QByteArray PathNodeImpl::silhouetteKey() const
+{
+    if (m_strokes || flat().pieceCount() > SilhouetteKey::kMostElements)
+        return {};
+    return SilhouetteKey().add(wholePath(), drawStyle()).bytes();
 }
 
 } // namespace Tova2

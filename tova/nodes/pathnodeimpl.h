@@ -43,6 +43,8 @@ public:
     bool outlineContains(const QPointF& point) const override;
     bool outlineIntersects(const Bounds& area) const override;
     void paintNode(PaintContext& context) const override;
+    bool hidesItsSilhouette() const override;
+    QByteArray silhouetteKey() const override;
 
 protected:
     PathNodeImpl();

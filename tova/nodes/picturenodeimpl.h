@@ -16,6 +16,7 @@ public:
     /// No stroke of the draw style shows.
     double strokeReach() const override { return 0; }
     void paintNode(PaintContext& context) const override;
+    bool hidesItsSilhouette() const override { return false; }
 
 private:
     Vetra::Picture m_picture;

@@ -1,5 +1,6 @@
 #include "nodes/rectnodeimpl.h"
 
+#include "nodes/effects/silhouettekey.h"
 #include "nodes/paintcontext.h"
 #include "nodes/values.h"
 
@@ -26,6 +27,21 @@ void RectNodeImpl::paintNode(PaintContext& context) const
         context.drawLine({m_rect.topLeft(), m_rect.bottomRight()});
     else
         context.drawRect(m_rect);
+}
+
+QPainterPath RectNodeImpl::silhouetteOutline(double viewScale) const
+{
+    return SilhouetteBox::around(m_rect, 0, drawStyle(), viewScale).path();
+}
+
+std::optional<SilhouetteBox> RectNodeImpl::silhouetteBox(double viewScale) const
+{
+    return SilhouetteBox::filling(m_rect, 0, drawStyle(), viewScale);
+}
+
+QByteArray RectNodeImpl::silhouetteKey() const
+{
+    return SilhouetteKey().add(m_rect, drawStyle()).bytes();
 }
 
 } // namespace Tova2

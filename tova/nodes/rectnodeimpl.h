@@ -14,6 +14,9 @@ public:
 
     QRectF geometryRect() const override { return m_rect; }
     void paintNode(PaintContext& context) const override;
+    QPainterPath silhouetteOutline(double viewScale) const override;
+    std::optional<SilhouetteBox> silhouetteBox(double viewScale) const override;
+    QByteArray silhouetteKey() const override;
 
 private:
     QRectF m_rect;

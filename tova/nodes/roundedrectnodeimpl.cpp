@@ -1,5 +1,6 @@
 #include "nodes/roundedrectnodeimpl.h"
 
+#include "nodes/effects/silhouettekey.h"
 #include "nodes/geometry/roundedrectpainterpathboundsimpl.h"
 #include "nodes/outlinereach.h"
 #include "nodes/paintcontext.h"
@@ -75,6 +76,21 @@ void RoundedRectNodeImpl::paintNode(PaintContext& context) const
         context.drawLine({m_rect.topLeft(), m_rect.bottomRight()});
     else
         context.drawRoundedRect(m_rect, drawnRadius());
+}
+
+QPainterPath RoundedRectNodeImpl::silhouetteOutline(double viewScale) const
+{
+    return SilhouetteBox::around(m_rect, drawnRadius(), drawStyle(), viewScale).path();
+}
+
+std::optional<SilhouetteBox> RoundedRectNodeImpl::silhouetteBox(double viewScale) const
+{
+    return SilhouetteBox::filling(m_rect, drawnRadius(), drawStyle(), viewScale);
+}
+
+QByteArray RoundedRectNodeImpl::silhouetteKey() const
+{
+    return SilhouetteKey().add(m_rect, drawnRadius(), drawStyle()).bytes();
 }
 
 } // namespace Tova2

@@ -20,6 +20,9 @@ public:
     Bounds outline() const override;
     bool outlineContains(const QPointF& point) const override;
     void paintNode(PaintContext& context) const override;
+    QPainterPath silhouetteOutline(double viewScale) const override;
+    std::optional<SilhouetteBox> silhouetteBox(double viewScale) const override;
+    QByteArray silhouetteKey() const override;
 
 private:
     double drawnRadius() const;

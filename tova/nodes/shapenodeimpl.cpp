@@ -1,5 +1,6 @@
 #include "nodes/shapenodeimpl.h"
 
+#include "nodes/effects/silhouettekey.h"
 #include "nodes/geometry/pathoperations.h"
 #include "nodes/outlinepolyline.h"
 #include "nodes/outlinereach.h"
@@ -165,6 +166,14 @@ void ShapeNodeImpl::paintNode(PaintContext& context) const
         return;
     context.setStyle(drawStyle());
     context.drawPath(Vetra::toQt(m_figure));
+}
+
+QByteArray ShapeNodeImpl::silhouetteKey() const
+{
+    const QPainterPath path = Vetra::toQt(m_figure);
+    if (path.elementCount() > SilhouetteKey::kMostElements)
+        return {};
+    return SilhouetteKey().add(path, drawStyle()).bytes();
 }
 
 } // namespace Tova2

@@ -201,4 +201,12 @@ void TextLayout::draw(QPainter& painter, const QColor& color, const QTransform& 
         painter.fillRect(underline, color);
 }
 
+QPainterPath TextLayout::outline() const
+{
+    QPainterPath path = outlines();
+    for (const QRectF& underline : m_underlines)
+        path.addRect(underline);
+    return QTransform::fromScale(m_scale, m_scale).map(path);
+}
+
 } // namespace Tova2

@@ -32,6 +32,9 @@ public:
     /// and antialiasing.
     void draw(QPainter& painter, const QColor& color, const QTransform& toDevice) const;
 
+    /// Of all that shows, as areas.
+    QPainterPath outline() const;
+
 private:
     void addRun(const QGlyphRun& run, const QPointF& start);
     void measure(const QSizeF& lines);

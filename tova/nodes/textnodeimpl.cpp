@@ -1,5 +1,6 @@
 #include "nodes/textnodeimpl.h"
 
+#include "nodes/effects/silhouettekey.h"
 #include "nodes/paintcontext.h"
 #include "nodes/textcontent.h"
 #include "nodes/values.h"
@@ -92,9 +93,25 @@ void TextNodeImpl::paintNode(PaintContext& context) const
     if (m_text.empty() || m_color.alpha() == 0)
         return;
     const QPointF start = origin();
-    layout().draw(context.localPainter(), Vetra::toQt(m_color),
+    layout().draw(context.localPainter(), context.ink(Vetra::toQt(m_color)),
                   QTransform::fromTranslate(start.x(), start.y()) * context.nodeToDevice());
     context.forgetPainterState();
+}
+
+QPainterPath TextNodeImpl::silhouetteOutline(double) const
+{
+    const QPointF start = origin();
+    return m_text.empty() ? QPainterPath() : layout().outline().translated(start);
+}
+
+QByteArray TextNodeImpl::silhouetteKey() const
+{
+    const QPointF start = origin();
+    return SilhouetteKey()
+        .add(std::string_view(m_text), start.x(), start.y(), m_horizontal)
+        .add(std::string_view(m_font.family()), m_font.size(), m_font.weight(), m_font.isItalic(),
+             m_font.isUnderline(), m_color.alpha() > 0)
+        .bytes();
 }
 
 } // namespace Tova2

@@ -36,6 +36,9 @@ public:
     bool countsInBounds() const override { return !m_text.empty(); }
     Bounds outline() const override;
     void paintNode(PaintContext& context) const override;
+    bool hidesItsSilhouette() const override { return m_color.alpha() == 255; }
+    QPainterPath silhouetteOutline(double viewScale) const override;
+    QByteArray silhouetteKey() const override;
 
 private:
     const TextLayout& layout() const;

@@ -36,7 +36,7 @@ double containerZ(const NodeImpl& node)
 /// Whether the place of crossings, or the order of those who cross, can be another.
 bool movesCrossings(ChangeLevel level)
 {
-    return level != ChangeLevel::Appearance;
+    return level != ChangeLevel::Appearance && level != ChangeLevel::Reach;
 }
 
 } // namespace

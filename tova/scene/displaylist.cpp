@@ -50,7 +50,11 @@ bool isNull(const QRectF& rect)
 Box boxAtUnitScale(const NodeImpl& node, const QTransform& sceneTransform)
 {
     const QRectF rect = node.strokedRect();
-    return isNull(rect) ? Box::nowhere() : Box::of(sceneTransform.mapRect(rect));
+    if (isNull(rect))
+        return Box::nowhere();
+    const bool hasEffects = !node.drawStyle().effect().isEmpty();
+    return Box::of(hasEffects ? node.paintedRect(sceneTransform, QTransform(), 1.0)
+                              : sceneTransform.mapRect(rect));
 }
 
 std::uint32_t DisplayList::append(NodeImpl& node, bool isTooDeep)
@@ -129,6 +133,12 @@ void DisplayList::touchBlock(std::uint32_t slot)
     }
 }
 
+bool DisplayList::includeTrace(const Effect& effect, double scale)
+{
+    const Effect::Trace* const trace = effect.trace();
+    return !trace || m_reach.include(trace->stroke, 1.0, scale);
+}
+
 DisplayList::Description DisplayList::describe(const NodeImpl& node, PlacementCache& placements)
 {
     const Inherited inherited = inheritedBy(node);
@@ -149,7 +159,8 @@ DisplayList::Description DisplayList::describe(const NodeImpl& node, PlacementCa
     const double scale = transform.type() <= QTransform::TxTranslate
                              ? 1.0
                              : std::sqrt(std::abs(transform.determinant()));
-    const bool isKnown = m_reach.include(node.drawStyle().stroke(), node.strokeReach(), scale);
+    const bool isKnown = m_reach.include(node.drawStyle().stroke(), node.strokeReach(), scale) &&
+                         includeTrace(node.drawStyle().effect(), scale);
     m_reach.includeMarks(node.markReach());
     const bool isFixed =
         isKnown && !inherited.ignoresTransformations && !node.geometryDependsOnScale();

@@ -13,6 +13,7 @@
 
 namespace Tova2 {
 
+class Effect;
 class NodeImpl;
 class PlacementCache;
 
@@ -74,6 +75,7 @@ private:
     };
 
     Description describe(const NodeImpl& node, PlacementCache& placements);
+    bool includeTrace(const Effect& effect, double scale);
     void rebuild(std::span<NodeImpl* const> topLevels);
     std::uint32_t append(NodeImpl& node, bool isTooDeep);
     void place(NodeImpl& node, std::uint32_t slot, PlacementCache& placements);
@@ -93,7 +95,7 @@ private:
     bool m_hasTooDeep = false;
 };
 
-/// The scene rectangle of a node's stroked geometry as it is at a view scale of 1.
+/// The scene rectangle of what a node paints, effects included, as it is at a view scale of 1.
 Box boxAtUnitScale(const NodeImpl& node, const QTransform& sceneTransform);
 
 } // namespace Tova2

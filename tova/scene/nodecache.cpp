@@ -51,8 +51,7 @@ QRect frameOf(const NodeImpl& node, const PaintContext& context)
     constexpr double kFarthest = 1e6;
     const double scale = context.options().viewScale;
     const double margin = node.markReach() * std::max(scale, 1.0) * context.pixelRatio() + kMargin;
-    const QRectF reach = context.nodeToPixels()
-                             .mapRect(node.strokedRectAt(scale))
+    const QRectF reach = node.paintedRect(context.nodeToPixels(), context.view(), scale)
                              .adjusted(-margin, -margin, margin, margin);
     const bool isNear = std::abs(reach.left()) <= kFarthest && std::abs(reach.top()) <= kFarthest &&
                         reach.width() <= kFarthest && reach.height() <= kFarthest;
@@ -78,9 +77,8 @@ QImage draw(NodeImpl& node, const PaintContext& context, const QRect& frame)
     own.setFillsStrokes(true);
     own.setOpacity(context.opacity());
     own.enterLike(context);
-    node.paintNode(own);
+    node.paintWithEffects(own);
     painter.end();
-    image.setDevicePixelRatio(context.pixelRatio());
     repaints().increment();
     return image;
 }

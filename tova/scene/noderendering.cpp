@@ -27,9 +27,9 @@ QRectF reachOf(NodeImpl& root, double scale)
     const QTransform toLocal = root.sceneTransform().inverted(&isInvertible);
     Box all;
     visitInStackingOrder(root, 0, [&](NodeImpl& node, int) {
-        const QRectF rect = node.strokedRectAt(scale);
-        if (isInvertible && !rect.isEmpty() && node.isVisibleTo(root.parentItem()))
-            all.unite(Box::of((node.sceneTransform() * toLocal).mapRect(rect)));
+        const bool isSeen = isInvertible && node.isVisibleTo(root.parentItem());
+        if (isSeen && !node.strokedRectAt(scale).isEmpty())
+            all.unite(Box::of(node.paintedRect(node.sceneTransform() * toLocal, toLocal, scale)));
     });
     return all.isNowhere() ? QRectF() : all.rect();
 }

@@ -69,7 +69,7 @@ void NodeWalk::paint(NodeImpl& node)
         return;
     if (node.cacheType() == CacheType::NoCache || !m_isPixelDevice ||
         !NodeCache::paintCached(node, m_context))
-        node.paintNode(m_context);
+        node.paintWithEffects(m_context);
 }
 
 void NodeWalk::paintPlain(NodeImpl& node)
@@ -98,7 +98,8 @@ void NodeWalk::paintSpecial(NodeImpl& node)
     for (const NodeImpl* at = &node; at; at = parentWithin(*at))
         opacity *= at->opacity();
     const QTransform toDevice = node.nodeToDevice(m_context.view());
-    const QRectF reach = toDevice.mapRect(node.strokedRectAt(m_context.options().viewScale));
+    const QRectF reach =
+        node.paintedRect(toDevice, m_context.view(), m_context.options().viewScale);
     if (isSingular(toDevice) || !reach.adjusted(-2, -2, 2, 2).intersects(m_deviceExposed))
         return;
     useClipsOf(node);

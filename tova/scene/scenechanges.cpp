@@ -135,6 +135,7 @@ void ScenePrivate::repaintNode(NodeImpl& node)
 {
     ++m_editCounter;
     m_cache->drop(node);
+    node.forgetEffectPictures();
     // Also when nobody watches: marks may reach farther than before.
     if (isWatched())
         requestRepaint(m_displayList.computeBox(node));

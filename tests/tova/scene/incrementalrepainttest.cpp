@@ -105,6 +105,7 @@ private:
     }
     Node make();
     void restyle(Node& node);
+    Effect effect();
     void resize(Node& node);
 
     std::mt19937 m_random;
@@ -150,7 +151,28 @@ void Editor::restyle(Node& node)
                     below(3) == 0 ? Fill() : Fill(color()));
     style.setIsAntiAliased(below(2) == 0);
     style.setIsPixelAligned(below(3) == 0);
+    if (below(2) == 0)
+        style.setEffect(effect());
     node.setDrawStyle(style);
+}
+
+Effect Editor::effect()
+{
+    const Vetra::Color color(0.4, 0.1, 0.6, below(4) / 3.0);
+    const Stroke line(color, below(3) * 1.5, StrokeStyle::SolidLine, StrokeCapStyle::FlatCap,
+                      StrokeJoinStyle::MiterJoin, ConstantLodScale::instance());
+    Effect effect;
+    if (below(2))
+        effect.set(Effect::Shadow(color, below(6), {below(21) - 10, below(21) - 10}, below(2)));
+    if (below(3) == 0)
+        effect.set(Effect::Glow(color, below(6), below(2), 1.5 * below(9)));
+    if (below(3) == 0)
+        effect.set(Effect::Overlay(color));
+    if (below(3) == 0)
+        effect.set(Effect::Trace(line, static_cast<StrokeInsetType>(below(3))));
+    if (below(3) == 0)
+        effect.set(Effect::Squiggly(color));
+    return effect;
 }
 
 void Editor::resize(Node& node)
