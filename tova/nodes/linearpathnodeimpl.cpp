@@ -57,6 +57,7 @@ void LinearPathNodeImpl::translatePoints(const QPointF& distance)
 void LinearPathNodeImpl::reportPoints()
 {
     const Vetra::Holder<NodeImpl> keep(referenceCount() > 0 ? this : nullptr);
+    markCrossingsStale();
     DeferredError error;
     error.run([this] { reportChange(ChangeLevel::Geometry); });
     error.run([this] { pointsChanged(); });

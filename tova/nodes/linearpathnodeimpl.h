@@ -6,6 +6,7 @@
 #include "tova/nodes/crossings/pathintersection.h"
 
 #include <memory>
+#include <utility>
 #include <vector>
 
 namespace Tova2 {
@@ -41,6 +42,11 @@ public:
     double lineWidth() const;
     /// 0 for what is no path, or none any more.
     static double lineWidthOf(const WeakRef& path);
+    /// Points were set, or the path takes part or no longer: other changes of the geometry move no
+    /// crossing.
+    void markCrossingsStale() { m_areCrossingsStale = true; }
+    /// Whether that was said since this was asked last.
+    bool takeCrossingsStale() { return std::exchange(m_areCrossingsStale, false); }
     /// Whether the width is another than when this was asked last, or when crossings were set; the
     /// marks of those that cross follow it. False without crossings.
     bool takeLineWidthChange();
@@ -61,6 +67,7 @@ protected:
     QRectF exactRect() const override { return boundingRectOf(std::span(m_points)); }
     bool isCurved() const override { return false; }
     QPainterPath pathOf(const Range& range) const override;
+    bool hasCrossings() const override;
     CrossingMarks* crossingMarks(double viewScale) const override;
     void appendMarked(const Range& range, CrossingMarks& marks, QPainterPath& path) const override;
     void dropCaches(ChangeLevel level) override;
@@ -74,6 +81,7 @@ private:
 
     std::vector<QPointF> m_points;
     std::unique_ptr<Crossings> m_crossings; ///< null where there are none
+    bool m_areCrossingsStale = false;
 };
 
 } // namespace Tova2

@@ -1,5 +1,6 @@
 #include "tova/nodes/node.h"
 
+#include "nodes/linearpathnodeimpl.h"
 #include "nodes/nodeextras.h"
 #include "nodes/nodeimpl.h"
 
@@ -20,8 +21,11 @@ bool isTagged(const NodeImpl* impl, const StringID& tag)
 /// Tags are the host's own business, but for a path: one of them may take it out of the crossings.
 void tagChanged(NodeImpl& node, const StringID& tag)
 {
-    if (tag == pathIntersectionsEnabledTag() && node.asLinearPath())
-        node.reportChange(ChangeLevel::Geometry);
+    LinearPathNodeImpl* const path = node.asLinearPath();
+    if (tag != pathIntersectionsEnabledTag() || !path)
+        return;
+    path->markCrossingsStale();
+    node.reportChange(ChangeLevel::Geometry);
 }
 
 } // namespace

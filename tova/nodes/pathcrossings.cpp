@@ -117,9 +117,14 @@ LinearPathNodeImpl::DrawnSegment LinearPathNodeImpl::drawnSegment(std::size_t se
     return {points()[segment % count], points()[(segment + 1) % count], {}, false};
 }
 
+bool LinearPathNodeImpl::hasCrossings() const
+{
+    return m_crossings && sceneLink() && sceneLink()->crossingDecorator();
+}
+
 CrossingMarks* LinearPathNodeImpl::crossingMarks(double viewScale) const
 {
-    if (!m_crossings || !sceneLink() || !sceneLink()->crossingDecorator())
+    if (!hasCrossings())
         return nullptr;
     auto& marks = m_crossings->marks;
     if (!marks || !marks->isFor(sceneTransform()))
@@ -155,7 +160,7 @@ void LinearPathNodeImpl::appendMarked(const Range& range, CrossingMarks& marks,
 std::vector<PathIntersection> LinearPathNodeImpl::drawnCrossings() const
 {
     std::vector<PathIntersection> drawn;
-    if (!m_crossings || !sceneLink() || !sceneLink()->crossingDecorator() || points().size() < 2)
+    if (!hasCrossings() || points().size() < 2)
         return drawn;
     const auto* const decorator = sceneLink()->crossingDecorator();
     const QTransform toScene = sceneTransform();

@@ -76,6 +76,8 @@ protected:
     /// As one line, from the first segment's start to the last one's end.
     virtual QPainterPath pathOf(const Range& range) const = 0;
 
+    /// Whether there is anything to mark.
+    virtual bool hasCrossings() const { return false; }
     /// Null where no crossing is drawn. They are the path's.
     virtual CrossingMarks* crossingMarks(double) const { return nullptr; }
     /// `pathOf` with the marks on its segments, as another subpath.

@@ -86,19 +86,22 @@ void CrossingManager::nodeChanged(NodeImpl& node, ChangeLevel level)
     // What a container does, its paths do.
     const bool reachesChildren = level != ChangeLevel::Geometry && !node.childItems().isEmpty();
     if (!reachesChildren) {
-        pathChanged(node);
+        pathChanged(node, level);
         return;
     }
     for (NodeImpl* const below : subtreeOf(node))
-        pathChanged(*below);
+        pathChanged(*below, level);
 }
 
 // Nothing else is found when a line only becomes wider, but marks of others keep clear of it.
-void CrossingManager::pathChanged(NodeImpl& node)
+void CrossingManager::pathChanged(NodeImpl& node, ChangeLevel level)
 {
-    queue(node);
     LinearPathNodeImpl* const path = node.asLinearPath();
-    if (!path || !path->takeLineWidthChange())
+    if (!path)
+        return;
+    if (path->takeCrossingsStale() || level != ChangeLevel::Geometry)
+        queue(node);
+    if (!path->takeLineWidthChange())
         return;
     for (const PathIntersection& crossing : path->crossings()) {
         NodeImpl* const other = crossing.other.getImpl();

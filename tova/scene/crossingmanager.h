@@ -39,7 +39,7 @@ private:
     bool describe(const WeakRef& node, CrossingPath& path) override;
     void crossingsFound(PathIntersectionsUpdate&& update) override;
 
-    void pathChanged(NodeImpl& node);
+    void pathChanged(NodeImpl& node, ChangeLevel level);
     void queue(NodeImpl& node);
     void queueAll();
     void clearAll();

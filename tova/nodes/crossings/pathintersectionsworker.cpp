@@ -6,11 +6,24 @@
 #include "nodes/crossings/prunetask.h"
 #include "nodes/crossings/publishtask.h"
 
+#include "host/diagnosticscounter.h"
+
 namespace Tova2 {
+
+namespace {
+
+Host::DiagnosticsCounter& passes()
+{
+    static auto& counter = Host::DiagnosticsCounter::counter("Paths:Crossing passes");
+    return counter;
+}
+
+} // namespace
 
 void addPass(Host::OrderedTaskSession& session, const PathXWorkerTask::StatePtr& state,
              const std::weak_ptr<Host::OrderedTaskSession>& self, int round)
 {
+    passes().increment();
     session.add(std::make_shared<AcceptRemovedNodesTask>(state));
     session.add(std::make_shared<AcceptUpdatedNodesTask>(state));
     session.add(std::make_shared<LineSweepTask>(state));

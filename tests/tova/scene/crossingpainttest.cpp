@@ -1,0 +1,148 @@
+#include "tova/tova.h"
+
+#include "host/diagnosticscounter.h"
+
+#include <gmock/gmock.h>
+
+#include <QImage>
+
+using namespace Tova2;
+
+namespace {
+
+using Points = std::vector<Vetra::GLPoint<double>>;
+
+OpenLinearPathNode addLine(Scene& scene, const Points& points, double width = 1.5)
+{
+    OpenLinearPathNode path(points);
+    DrawStyle style(Stroke(Vetra::Color(0, 0, 0), width, StrokeStyle::SolidLine,
+                           StrokeCapStyle::FlatCap, StrokeJoinStyle::MiterJoin, nullptr),
+                    Fill());
+    style.setIsAntiAliased(true);
+    path.setDrawStyle(style);
+    scene.addNode(path);
+    return path;
+}
+
+QImage paint(Scene& scene, const Vetra::GLRect<double>& from, QSize size = {200, 200})
+{
+    QImage image(size, QImage::Format_RGB32);
+    image.fill(Qt::white);
+    scene.render(image, {}, from);
+    return image;
+}
+
+class Counted {
+public:
+    explicit Counted(const char* name)
+        : m_counter(Host::DiagnosticsCounter::counter(name)), m_before(m_counter.value())
+    {}
+    std::int64_t since() const { return m_counter.value() - m_before; }
+
+private:
+    Host::DiagnosticsCounter& m_counter;
+    const std::int64_t m_before;
+};
+
+class CrossingPaintTest : public testing::TestWithParam<const char*> {
+protected:
+    CrossingPaintTest()
+    {
+        m_scene->usePathIntersectionsDecorator(GetParam());
+        m_round.setCornerStyle(CornerStyle::Rounded);
+        m_scene->findPathIntersections();
+    }
+
+    Vetra::Holder<Scene> m_scene = Scene::createScene();
+    OpenLinearPathNode m_across = addLine(*m_scene, {{0, 50}, {100, 50}});
+    OpenLinearPathNode m_round = addLine(*m_scene, {{50, 0}, {50, 80}, {90, 80}});
+};
+
+// Marks have their size on the device, so a new zoom lays them out anew; nothing else follows it.
+TEST_P(CrossingPaintTest, PanZoomSelectAndHoverBuildNoOutline)
+{
+    paint(*m_scene, {0, 0, 100, 100});
+    m_scene->getNodesAtScenePos({50, 50});
+    const Counted outlines("Paths:Outlines built"), passes("Paths:Crossing passes");
+    {
+        const Counted marks("Paths:Crossing marks laid out");
+        for (double x = -40; x < 40; x += 10)
+            paint(*m_scene, {x, x / 2, 100, 100});
+        EXPECT_EQ(marks.since(), 0);
+        for (const double zoom : {0.1, 0.5, 3.0, 50.0})
+            paint(*m_scene, {0, 0, 100 / zoom, 100 / zoom});
+        EXPECT_GT(marks.since(), 0);
+    }
+    Stroke selected = m_round.getStroke();
+    selected.setColor(Vetra::Color(0, 0, 1));
+    m_round.setStroke(selected);
+    for (double y = 0; y < 100; ++y)
+        m_scene->getNodesAtScenePos({50, y});
+    paint(*m_scene, {0, 0, 100, 100});
+    EXPECT_TRUE(m_scene->pathIntersectionsAllFound());
+    EXPECT_EQ(outlines.since(), 0);
+    EXPECT_EQ(passes.since(), 0);
+}
+
+TEST_P(CrossingPaintTest, MarksFollowTheWidthOfTheLineThatIsCrossed)
+{
+    paint(*m_scene, {0, 0, 100, 100});
+    Stroke wide = m_across.getStroke();
+    wide.setLogicalWidth(12);
+    m_across.setStroke(wide);
+    m_scene->findPathIntersections();
+    const QImage kept = paint(*m_scene, {0, 0, 100, 100});
+    m_scene->usePathIntersectionsDecorator(GetParam()); // drops what is kept
+    EXPECT_EQ(paint(*m_scene, {0, 0, 100, 100}), kept);
+}
+
+TEST_P(CrossingPaintTest, MarksFollowAContainerThatMoves)
+{
+    ContainerNode group;
+    m_scene->addNode(group);
+    m_across.setParent(group);
+    m_round.setParent(group);
+    m_scene->findPathIntersections();
+    const QImage before = paint(*m_scene, {0, 0, 100, 100});
+    group.setPosition({30, 20});
+    m_scene->findPathIntersections();
+    EXPECT_EQ(paint(*m_scene, {30, 20, 100, 100}), before);
+}
+
+TEST_P(CrossingPaintTest, WhatLiesBelowShowsThrough)
+{
+    RectNode below({-10, -10, 120, 120});
+    below.setDrawStyle(DrawStyle(Stroke::NoStroke(), Fill(Vetra::Color(0.2, 0.9, 0.2))));
+    below.setZValue(-1);
+    m_scene->addNode(below);
+    const QImage image = paint(*m_scene, {0, 0, 100, 100});
+    for (int y = 0; y < image.height(); ++y) {
+        for (int x = 0; x < image.width(); ++x)
+            ASSERT_LE(qBlue(image.pixel(x, y)), 51) << x << ',' << y;
+    }
+}
+
+// Of the long one most is not seen.
+TEST_P(CrossingPaintTest, ALongLineIsMarkedAsAShortOne)
+{
+    Points meander;
+    for (int i = 0; i < 20000; ++i)
+        meander.push_back({200 + i / 2 * 30.0, (i + 1) / 2 % 2 * 100.0});
+    const Points start(meander.begin(), meander.begin() + 12);
+    std::vector<QImage> images;
+    for (const Points& points : {meander, start}) {
+        const auto scene = Scene::createScene();
+        scene->usePathIntersectionsDecorator(GetParam());
+        addLine(*scene, points);
+        addLine(*scene, {{0, 40}, {1e6, 40}});
+        scene->findPathIntersections();
+        images.push_back(paint(*scene, {190, 0, 120, 120}));
+    }
+    EXPECT_EQ(images[0], images[1]);
+}
+
+INSTANTIATE_TEST_SUITE_P(Scene, CrossingPaintTest,
+                         testing::Values("hop", "pin", "grad_pin", "light_pin"),
+                         [](const auto& row) { return std::string(row.param); });
+
+} // namespace
