@@ -1,10 +1,15 @@
 #include "allocationcount.h"
+#include "peers.h"
 
 #include "events/toolstack.h"
 #include "tova/events/mouseevent.h"
 #include "tova/events/tool.h"
 
 #include <benchmark/benchmark.h>
+
+#include <QApplication>
+#include <QGraphicsItem>
+#include <QGraphicsSceneMouseEvent>
 
 #include <array>
 
@@ -73,6 +78,61 @@ void BM_MoveByHand(benchmark::State& state)
 }
 BENCHMARK(BM_MoveByHand);
 
+struct HoverCounter : Vemit::Listener {
+    void listenTo(Node node)
+    {
+        node.connectTo(&NodeEmitters::hoverEnter, this, [this](auto&, auto&) { ++count; });
+        node.connectTo(&NodeEmitters::hoverExit, this, [this](auto&, auto&) { ++count; });
+    }
+    int count = 0;
+};
+
+/// Two blocks in the middle of the grid, and the place of either's centre.
+constexpr std::array places{QPointF(8.5 * kCell, 4.5 * kCell), QPointF(9.5 * kCell, 4.5 * kCell)};
+
+// The pointer goes to and fro between two blocks that somebody listens to: what a move costs in a
+// scene of so many nodes, the search for the topmost one included.
+void BM_HoverInScene(benchmark::State& state)
+{
+    const auto scene = makeGrid(static_cast<int>(state.range(0)));
+    HoverCounter hovers;
+    std::vector<MouseEvent> moves;
+    for (const QPointF& place : places) {
+        const Vetra::GLPoint<double> at{place.x(), place.y()};
+        hovers.listenTo(scene->getNodeAt(at));
+        moves.emplace_back(EventType::MouseMoveEvent, nullptr, at, at, at, 0,
+                           Vetra::MouseButton::NoButton, Vetra::MouseButtons(), Vetra::Modifiers(),
+                           false, true);
+        scene->handleMouseMoveEvent(moves.back());
+    }
+    std::size_t turn = 0;
+    const std::size_t before = allocationCount();
+    for (auto _ : state)
+        scene->handleMouseMoveEvent(moves[++turn % 2]);
+    if (allocationCount() != before)
+        state.SkipWithError("a mouse move over nodes allocates");
+    if (hovers.count < state.iterations())
+        state.SkipWithError("nobody was hovered");
+}
+BENCHMARK(BM_HoverInScene)->Arg(200)->Arg(2000)->Arg(20000);
+
+void BM_HoverInBareScene(benchmark::State& state)
+{
+    const auto scene = makeBareGrid(static_cast<int>(state.range(0)));
+    for (const QPointF& place : places)
+        scene->itemAt(place, {})->setAcceptHoverEvents(true);
+    QGraphicsSceneMouseEvent move(QEvent::GraphicsSceneMouseMove);
+    std::size_t turn = 0;
+    for (auto _ : state) {
+        move.setScenePos(places[++turn % 2]);
+        QApplication::sendEvent(scene.get(), &move);
+    }
+}
+BENCHMARK(BM_HoverInBareScene)->Arg(200)->Arg(2000)->Arg(20000);
+
 } // namespace
 
-BENCHMARK_MAIN();
+int main(int argc, char** argv)
+{
+    return runBenchmarks(argc, argv);
+}

@@ -4,71 +4,61 @@
 
 #include <array>
 #include <charconv>
-#include <utility>
+#include <cstddef>
 
 namespace Vetra {
 
 namespace {
 
-constexpr std::array<std::pair<Modifier, const char*>, 5> modifierNames{{
-    {Modifier::Shift, "SHIFT "},
-    {Modifier::Ctrl, "CTRL "},
-    {Modifier::Alt, "ALT "},
-    {Modifier::Meta, "META "},
-    {Modifier::Keypad, "KEYPAD "},
-}};
+template <class E>
+struct Name {
+    E value;
+    const char* text;
+};
+
+constexpr Name<Modifier> modifierNames[]{{Modifier::Shift, "SHIFT "},
+                                         {Modifier::Ctrl, "CTRL "},
+                                         {Modifier::Alt, "ALT "},
+                                         {Modifier::Meta, "META "},
+                                         {Modifier::Keypad, "KEYPAD "}};
+
+template <class E, std::size_t count>
+const char* find(const Name<E> (&names)[count], E value, const char* otherwise) noexcept
+{
+    for (const auto& name : names) {
+        if (name.value == value)
+            return name.text;
+    }
+    return otherwise;
+}
 
 } // namespace
 
 const char* nameOf(MouseButton button) noexcept
 {
-    switch (button) {
-    case MouseButton::NoButton:
-        return "NoButton";
-    case MouseButton::LeftButton:
-        return "LeftButton";
-    case MouseButton::RightButton:
-        return "RightButton";
-    case MouseButton::MidButton:
-        return "MidButton";
-    case MouseButton::XButton1:
-        return "XButton1";
-    case MouseButton::XButton2:
-        return "XButton2";
-    }
-    return "Invalid button!";
+    static constexpr Name<MouseButton> names[]{
+        {MouseButton::NoButton, "NoButton"},       {MouseButton::LeftButton, "LeftButton"},
+        {MouseButton::RightButton, "RightButton"}, {MouseButton::MidButton, "MidButton"},
+        {MouseButton::XButton1, "XButton1"},       {MouseButton::XButton2, "XButton2"}};
+    return find(names, button, "Invalid button!");
 }
 
 const char* nameOf(GestureState state) noexcept
 {
-    switch (state) {
-    case GestureState::NoGesture:
-        return "NoGesture";
-    case GestureState::GestureStarted:
-        return "GestureStarted";
-    case GestureState::GestureUpdated:
-        return "GestureUpdated";
-    case GestureState::GestureFinished:
-        return "GestureFinished";
-    case GestureState::GestureCanceled:
-        return "GestureCanceled";
-    }
-    return "Invalid gesture state!";
+    static constexpr Name<GestureState> names[]{{GestureState::NoGesture, "NoGesture"},
+                                                {GestureState::GestureStarted, "GestureStarted"},
+                                                {GestureState::GestureUpdated, "GestureUpdated"},
+                                                {GestureState::GestureFinished, "GestureFinished"},
+                                                {GestureState::GestureCanceled, "GestureCanceled"}};
+    return find(names, state, "Invalid gesture state!");
 }
 
 const char* nameOf(FocusReason reason) noexcept
 {
-    switch (reason) {
-    case FocusReason::MouseReason:
-        return "MouseReason";
-    case FocusReason::TabReason:
-        return "TabReason";
-    case FocusReason::OtherReason:
-        return "OtherReason";
-    case FocusReason::BacktabReason: // has no name of its own
-        break;
-    }
-    return "invalid reason!";
+    static constexpr Name<FocusReason> names[]{{FocusReason::MouseReason, "MouseReason"},
+                                               {FocusReason::TabReason, "TabReason"},
+                                               {FocusReason::OtherReason, "OtherReason"}};
+    return find(names, reason, "invalid reason!");
 }
 
 const char* nameOf(Key key) noexcept

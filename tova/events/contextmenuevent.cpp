@@ -1,9 +1,8 @@
 #include "tova/events/contextmenuevent.h"
 
 #include "events/canvasmapping.h"
+#include "events/eventroutes.h"
 
-#include "tova/events/eventerrors.h"
-#include "tova/events/eventhandler.h"
 #include "vetra/inputnames.h"
 
 namespace Tova2 {
@@ -21,9 +20,10 @@ Vetra::GLPoint<double> ContextMenuEvent::scenePos() const
 
 void ContextMenuEvent::internalAccept(EventHandler& handler)
 {
-    if (type() != EventType::ContextMenuEvent)
-        raise(EventError::UnrecognizedEvent);
-    handler.handleContextMenuEvent(*this);
+    static constexpr EventRoute<ContextMenuEvent> routes[]{
+        {EventType::ContextMenuEvent, &EventHandler::handleContextMenuEvent},
+    };
+    callRouted(routes, *this, handler);
 }
 
 void ContextMenuEvent::appendDetails(std::string& text) const

@@ -1,9 +1,8 @@
 #include "tova/events/dragevent.h"
 
 #include "events/canvasmapping.h"
+#include "events/eventroutes.h"
 
-#include "tova/events/eventerrors.h"
-#include "tova/events/eventhandler.h"
 #include "vetra/inputnames.h"
 
 namespace Tova2 {
@@ -32,16 +31,12 @@ void DragEvent::setDropAction(Vetra::DropAction action) noexcept
 
 void DragEvent::internalAccept(EventHandler& handler)
 {
-    switch (type()) {
-    case EventType::DragEnterEvent:
-        return handler.handleDragEnterEvent(*this);
-    case EventType::DragEvent:
-        return handler.handleDragEvent(*this);
-    case EventType::DropEvent:
-        return handler.handleDropEvent(*this);
-    default:
-        raise(EventError::UnrecognizedEvent);
-    }
+    static constexpr EventRoute<DragEvent> routes[]{
+        {EventType::DragEnterEvent, &EventHandler::handleDragEnterEvent},
+        {EventType::DragEvent, &EventHandler::handleDragEvent},
+        {EventType::DropEvent, &EventHandler::handleDropEvent},
+    };
+    callRouted(routes, *this, handler);
 }
 
 void DragEvent::appendDetails(std::string& text) const

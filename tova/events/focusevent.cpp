@@ -1,8 +1,8 @@
 #include "tova/events/focusevent.h"
 
+#include "events/eventroutes.h"
+
 #include "tova/events/eventcanvas.h"
-#include "tova/events/eventerrors.h"
-#include "tova/events/eventhandler.h"
 #include "vetra/inputnames.h"
 
 namespace Tova2 {
@@ -17,14 +17,11 @@ FocusEvent::FocusEvent(EventType type, Vetra::FocusReason reason)
 
 void FocusEvent::internalAccept(EventHandler& handler)
 {
-    switch (type()) {
-    case EventType::FocusInEvent:
-        return handler.handleFocusInEvent(*this);
-    case EventType::FocusOutEvent:
-        return handler.handleFocusOutEvent(*this);
-    default:
-        raise(EventError::UnrecognizedEvent);
-    }
+    static constexpr EventRoute<FocusEvent> routes[]{
+        {EventType::FocusInEvent, &EventHandler::handleFocusInEvent},
+        {EventType::FocusOutEvent, &EventHandler::handleFocusOutEvent},
+    };
+    callRouted(routes, *this, handler);
 }
 
 void FocusEvent::appendDetails(std::string& text) const

@@ -1,8 +1,8 @@
 #include "tova/events/inputmethodevent.h"
 
+#include "events/eventroutes.h"
+
 #include "tova/events/eventcanvas.h"
-#include "tova/events/eventerrors.h"
-#include "tova/events/eventhandler.h"
 
 #include <utility>
 
@@ -27,9 +27,10 @@ InputMethodEvent::InputMethodEvent(EventType type, Vetra::GLInputMethodEvent2 ev
 
 void InputMethodEvent::internalAccept(EventHandler& handler)
 {
-    if (type() != EventType::InputMethodEvent)
-        raise(EventError::UnrecognizedEvent);
-    handler.handleInputMethodEvent(*this);
+    static constexpr EventRoute<InputMethodEvent> routes[]{
+        {EventType::InputMethodEvent, &EventHandler::handleInputMethodEvent},
+    };
+    callRouted(routes, *this, handler);
 }
 
 } // namespace Tova2

@@ -1,8 +1,8 @@
 #include "tova/events/keyevent.h"
 
+#include "events/eventroutes.h"
+
 #include "tova/events/eventcanvas.h"
-#include "tova/events/eventerrors.h"
-#include "tova/events/eventhandler.h"
 #include "vetra/inputnames.h"
 
 #include <utility>
@@ -66,14 +66,11 @@ KeyEvent::KeyEvent(EventType type, Vetra::GLKeyEvent2 event)
 
 void KeyEvent::internalAccept(EventHandler& handler)
 {
-    switch (type()) {
-    case EventType::KeyPressEvent:
-        return handler.handleKeyPressEvent(*this);
-    case EventType::KeyReleaseEvent:
-        return handler.handleKeyReleaseEvent(*this);
-    default:
-        raise(EventError::UnrecognizedEvent);
-    }
+    static constexpr EventRoute<KeyEvent> routes[]{
+        {EventType::KeyPressEvent, &EventHandler::handleKeyPressEvent},
+        {EventType::KeyReleaseEvent, &EventHandler::handleKeyReleaseEvent},
+    };
+    callRouted(routes, *this, handler);
 }
 
 void KeyEvent::appendDetails(std::string& text) const

@@ -1,9 +1,8 @@
 #include "tova/events/mouseevent.h"
 
 #include "events/canvasmapping.h"
+#include "events/eventroutes.h"
 
-#include "tova/events/eventerrors.h"
-#include "tova/events/eventhandler.h"
 #include "vetra/inputnames.h"
 #include "vetra/saturate.h"
 
@@ -46,22 +45,15 @@ MouseEvent MouseEvent::withType(EventType type) const
 
 void MouseEvent::internalAccept(EventHandler& handler)
 {
-    switch (type()) {
-    case EventType::MousePressEvent:
-        return handler.handleMousePressEvent(*this);
-    case EventType::MouseDoubleClickEvent:
-        return handler.handleMouseDoubleClickEvent(*this);
-    case EventType::MouseMoveEvent:
-        return handler.handleMouseMoveEvent(*this);
-    case EventType::MouseReleaseEvent:
-        return handler.handleMouseReleaseEvent(*this);
-    case EventType::WheelEvent:
-        return handler.handleWheelEvent(*this);
-    case EventType::UserDragInitEvent:
-        return handler.handleUserDragInitEvent(*this);
-    default:
-        raise(EventError::UnrecognizedEvent);
-    }
+    static constexpr EventRoute<MouseEvent> routes[]{
+        {EventType::MouseMoveEvent, &EventHandler::handleMouseMoveEvent},
+        {EventType::MousePressEvent, &EventHandler::handleMousePressEvent},
+        {EventType::MouseReleaseEvent, &EventHandler::handleMouseReleaseEvent},
+        {EventType::MouseDoubleClickEvent, &EventHandler::handleMouseDoubleClickEvent},
+        {EventType::WheelEvent, &EventHandler::handleWheelEvent},
+        {EventType::UserDragInitEvent, &EventHandler::handleUserDragInitEvent},
+    };
+    callRouted(routes, *this, handler);
 }
 
 void MouseEvent::appendDetails(std::string& text) const

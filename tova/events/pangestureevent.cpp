@@ -1,8 +1,8 @@
 #include "tova/events/pangestureevent.h"
 
+#include "events/eventroutes.h"
+
 #include "tova/events/eventcanvas.h"
-#include "tova/events/eventerrors.h"
-#include "tova/events/eventhandler.h"
 #include "vetra/inputnames.h"
 
 namespace Tova2 {
@@ -19,9 +19,10 @@ PanGestureEvent::PanGestureEvent(EventType type, EventCanvas* canvas, Vetra::Ges
 
 void PanGestureEvent::internalAccept(EventHandler& handler)
 {
-    if (type() != EventType::PanGestureEvent)
-        raise(EventError::UnrecognizedEvent);
-    handler.handlePanGestureEvent(*this);
+    static constexpr EventRoute<PanGestureEvent> routes[]{
+        {EventType::PanGestureEvent, &EventHandler::handlePanGestureEvent},
+    };
+    callRouted(routes, *this, handler);
 }
 
 void PanGestureEvent::appendDetails(std::string& text) const

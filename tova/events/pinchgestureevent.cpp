@@ -1,9 +1,8 @@
 #include "tova/events/pinchgestureevent.h"
 
 #include "events/canvasmapping.h"
+#include "events/eventroutes.h"
 
-#include "tova/events/eventerrors.h"
-#include "tova/events/eventhandler.h"
 #include "vetra/inputnames.h"
 
 namespace Tova2 {
@@ -23,9 +22,10 @@ PinchGestureEvent::PinchGestureEvent(EventType type, EventCanvas* canvas, Vetra:
 
 void PinchGestureEvent::internalAccept(EventHandler& handler)
 {
-    if (type() != EventType::PinchGestureEvent)
-        raise(EventError::UnrecognizedEvent);
-    handler.handlePinchGestureEvent(*this);
+    static constexpr EventRoute<PinchGestureEvent> routes[]{
+        {EventType::PinchGestureEvent, &EventHandler::handlePinchGestureEvent},
+    };
+    callRouted(routes, *this, handler);
 }
 
 void PinchGestureEvent::appendDetails(std::string& text) const

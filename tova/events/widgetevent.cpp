@@ -1,8 +1,8 @@
 #include "tova/events/widgetevent.h"
 
+#include "events/eventroutes.h"
+
 #include "tova/events/eventcanvas.h"
-#include "tova/events/eventerrors.h"
-#include "tova/events/eventhandler.h"
 
 namespace Tova2 {
 
@@ -14,16 +14,12 @@ WidgetEvent::WidgetEvent(EventType type, const Vetra::GLWidgetEvent2& event)
 
 void WidgetEvent::internalAccept(EventHandler& handler)
 {
-    switch (type()) {
-    case EventType::DragLeaveEvent:
-        return handler.handleDragLeaveEvent(*this);
-    case EventType::EnterCanvasEvent:
-        return handler.handleEnterCanvasEvent(*this);
-    case EventType::LeaveCanvasEvent:
-        return handler.handleLeaveCanvasEvent(*this);
-    default:
-        raise(EventError::UnrecognizedEvent);
-    }
+    static constexpr EventRoute<WidgetEvent> routes[]{
+        {EventType::DragLeaveEvent, &EventHandler::handleDragLeaveEvent},
+        {EventType::EnterCanvasEvent, &EventHandler::handleEnterCanvasEvent},
+        {EventType::LeaveCanvasEvent, &EventHandler::handleLeaveCanvasEvent},
+    };
+    callRouted(routes, *this, handler);
 }
 
 } // namespace Tova2

@@ -100,56 +100,47 @@ void Scene::handleUserDragInitEvent(MouseEvent& event)
 
 void Scene::handleMouseMoveEvent(MouseEvent& event)
 {
-    const SceneUse use(*this);
-    use->tools().handleMove(event);
+    SceneUse(*this)->tools().handleMove(event);
 }
 
 void Scene::handleLeaveCanvasEvent(WidgetEvent& event)
 {
-    const SceneUse use(*this);
-    use->tools().handleLeave(event);
+    SceneUse(*this)->tools().handleLeave(event);
 }
 
 void Scene::handleFocusInEvent(FocusEvent& event)
 {
-    const SceneUse use(*this);
-    use->tools().handleFocusIn(event);
+    SceneUse(*this)->tools().handleFocusIn(event);
 }
 
 void Scene::handleFocusOutEvent(FocusEvent& event)
 {
-    const SceneUse use(*this);
-    use->tools().handleFocusOut(event);
+    SceneUse(*this)->tools().handleFocusOut(event);
 }
 
 void Scene::passMousePressEventToNode(MouseEvent& event)
 {
-    const SceneUse use(*this);
-    use->tools().delivery().press(event);
+    SceneUse(*this)->tools().delivery().press(event);
 }
 
 void Scene::passMouseReleaseEventToNode(MouseEvent& event)
 {
-    const SceneUse use(*this);
-    use->tools().delivery().release(event);
+    SceneUse(*this)->tools().delivery().release(event);
 }
 
 void Scene::passMouseMoveEventToNode(MouseEvent& event)
 {
-    const SceneUse use(*this);
-    use->tools().delivery().move(event);
+    SceneUse(*this)->tools().delivery().move(event);
 }
 
 void Scene::passKeyPressEventToNode(KeyEvent& event)
 {
-    const SceneUse use(*this);
-    use->tools().delivery().pressKey(event);
+    SceneUse(*this)->tools().delivery().pressKey(event);
 }
 
 void Scene::passKeyReleaseEventToNode(KeyEvent& event)
 {
-    const SceneUse use(*this);
-    use->tools().delivery().releaseKey(event);
+    SceneUse(*this)->tools().delivery().releaseKey(event);
 }
 
 } // namespace Tova2

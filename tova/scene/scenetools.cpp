@@ -7,6 +7,8 @@
 #include "tova/events/widgetevent.h"
 #include "vetra/quarntimer.h"
 
+#include <boost/container/small_vector.hpp>
+
 #include <array>
 
 namespace Tova2 {
@@ -126,7 +128,10 @@ void SceneTools::tellTools(const NodeDelivery::Crossing& crossing, const MouseEv
 
 void SceneTools::offerHover(MouseEvent event, void (EventHandler::*operation)(MouseEvent&))
 {
-    const auto tools = m_stack.listCurrentTools(); // A copy: tools come and go meanwhile.
+    // A copy: tools come and go meanwhile.
+    const auto& current = m_stack.listCurrentTools();
+    const boost::container::small_vector<Vetra::Holder<Tool>, 16> tools(current.begin(),
+                                                                        current.end());
     for (const auto& tool : tools) {
         if (event.isConsumed())
             return;

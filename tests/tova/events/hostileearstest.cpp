@@ -87,13 +87,10 @@ void leaveAndComeBack(World& world)
     }
 }
 
-void dropNode(World& world)
+void dropAll(World& world)
 {
     world.node.removeAndRelease();
-}
-
-void dropScene(World& world)
-{
+    world.group.removeAndRelease();
     world.scene.reset();
 }
 
@@ -102,28 +99,26 @@ void dropAllInALoop(World& world)
     QEventLoop loop;
     QTimer::singleShot(0, &loop, [&] {
         pressAgain(world);
-        dropNode(world);
-        world.group.removeAndRelease();
-        world.scene.reset();
+        dropAll(world);
         loop.quit();
     });
     loop.exec();
 }
 
 const HostileAction actions[] = {
-    {"RemovesTheNode", [](World& w) { w.node.isValid() ? w.node.remove() : void(); }},
-    {"DropsTheNode", dropNode},
+    {"RemovesTheNode", [](World& w) { w.node.remove(); }},
+    {"DropsTheNode", [](World& w) { w.node.removeAndRelease(); }},
     {"DropsTheGroup", [](World& w) { w.group.removeAndRelease(); }},
-    {"UnparentsTheNode", [](World& w) { w.node.isValid() ? w.node.unparent() : void(); }},
-    {"MovesTheNodeToAnotherScene",
-     [](World& w) { w.node.isValid() ? void(Scene::createScene()->addNode(w.node)) : void(); }},
-    {"EmptiesTheScene", [](World& w) { w.scene ? w.scene->destroy() : void(); }},
-    {"DropsTheScene", dropScene},
+    {"UnparentsTheNode", [](World& w) { w.node.unparent(); }},
+    {"MovesTheNodeToAnotherScene", [](World& w) { Scene::createScene()->addNode(w.node); }},
+    {"EmptiesTheScene", [](World& w) { w.scene->destroy(); }},
+    {"DropsTheScene", [](World& w) { w.scene.reset(); }},
+    {"DropsAll", dropAll},
+    {"DropsAllInANestedLoop", dropAllInALoop},
     {"Disconnects", [](World& w) { w.ears.disconnectAll(); }},
     {"Throws", [](World&) { throw Thrown(); }},
     {"PressesAgain", pressAgain},
     {"MovesThePointer", leaveAndComeBack},
-    {"DropsAllInANestedLoop", dropAllInALoop},
 };
 
 const char* const callbacks[] = {"enter",   "over", "focus",  "press",   "move",

@@ -184,22 +184,17 @@ TEST_F(SceneToolsTest, DestroyingTheContentLetsToolsGoUncancelledAndTheHandleSta
     EXPECT_EQ(tool->scene(), m_scene.get());
 }
 
-TEST_F(SceneToolsTest, ToolThatDropsTheSceneAsItLeavesFindsNone)
+TEST_F(SceneToolsTest, ToolsFollowTheContentToItsNextOwnerAndOutliveTheLast)
 {
-    const auto tool = added("tool");
-    Scene* seen = m_scene.get();
-    tool->onRemove = [&](ProbeTool& t) { seen = t.scene(); };
-    m_scene.reset();
-    EXPECT_EQ(seen, nullptr);
-}
-
-TEST_F(SceneToolsTest, ToolsFollowTheContentToItsNextOwner)
-{
-    const Vetra::Holder<Scene> second(new Scene(*m_scene));
+    Vetra::Holder<Scene> second(new Scene(*m_scene));
     const auto tool = added("tool");
     m_scene.reset();
     EXPECT_EQ(tool->scene(), second.get());
     EXPECT_TRUE(second->hasTool(tool.get()));
+    Scene* seen = second.get();
+    tool->onRemove = [&](ProbeTool& t) { seen = t.scene(); };
+    second.reset();
+    EXPECT_EQ(seen, nullptr);
 }
 
 struct Times : RolloverFactory {
