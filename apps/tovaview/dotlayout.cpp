@@ -150,7 +150,8 @@ DotLayout layOut(const QString& file, const QByteArray& text, const DotLimits& l
     DotLayout layout;
     const std::vector<Attempt> ways = attempts();
     QString reason;
-    for (std::size_t i = 0; i < ways.size();) {
+    // An option of the command line would win over what the file asks for.
+    for (std::size_t i = text.contains("splines") ? 1 : 0; i < ways.size();) {
         const DotResult result = attempt(ways[i], text, limits, program);
         if (result.ending == Ending::NotStarted)
             throw FileError(file, 0,
