@@ -1,0 +1,222 @@
+#include "tova/events/eventtestdriver.h"
+
+#include "tova/events/contextmenuevent.h"
+#include "tova/events/eventcanvas.h"
+#include "tova/events/eventhandler.h"
+#include "tova/events/focusevent.h"
+#include "tova/events/inputmethodevent.h"
+#include "tova/events/keyevent.h"
+#include "tova/events/mouseevent.h"
+#include "tova/events/pangestureevent.h"
+#include "tova/events/pinchgestureevent.h"
+#include "tova/events/widgetevent.h"
+#include "vetra/saturate.h"
+
+#include <algorithm>
+
+namespace Tova2 {
+
+namespace {
+
+Vetra::GLPoint<double> middleOf(const Node& node)
+{
+    const auto rect = node.getBoundingRect();
+    return node.mapLocalToScene(
+        Vetra::GLPoint<double>{rect.x + rect.width / 2, rect.y + rect.height / 2});
+}
+
+Vetra::GLPoint<double> between(const Vetra::GLPoint<double>& from, const Vetra::GLPoint<double>& to,
+                               double part)
+{
+    return {from.x + (to.x - from.x) * part, from.y + (to.y - from.y) * part};
+}
+
+Vetra::MouseButtons without(Vetra::MouseButtons buttons, Vetra::MouseButton button)
+{
+    return Vetra::MouseButtons::fromBits(buttons.bits() & ~Vetra::MouseButtons(button).bits());
+}
+
+} // namespace
+
+EventTestDriver::Place::Place(const Node& node) : point(middleOf(node)) {}
+
+EventTestDriver::EventTestDriver(EventHandler& receiver, EventCanvas* canvas)
+    : m_receiver(receiver), m_canvas(canvas)
+{}
+
+bool EventTestDriver::moveTo(const Place& place)
+{
+    m_pointer = place.point;
+    return sendMouse(EventType::MouseMoveEvent, Vetra::MouseButton::NoButton);
+}
+
+bool EventTestDriver::press(Vetra::MouseButton button)
+{
+    m_buttons |= button;
+    return sendMouse(EventType::MousePressEvent, button);
+}
+
+bool EventTestDriver::release(Vetra::MouseButton button)
+{
+    m_buttons = without(m_buttons, button);
+    return sendMouse(EventType::MouseReleaseEvent, button);
+}
+
+bool EventTestDriver::click(const Place& place, Vetra::MouseButton button)
+{
+    moveTo(place);
+    press(button);
+    return release(button);
+}
+
+bool EventTestDriver::doubleClick(const Place& place, Vetra::MouseButton button)
+{
+    click(place, button);
+    m_buttons |= button;
+    sendMouse(EventType::MouseDoubleClickEvent, button);
+    return release(button);
+}
+
+bool EventTestDriver::drag(const Place& from, const Place& to, int steps, Vetra::MouseButton button)
+{
+    moveTo(from);
+    press(button);
+    const int count = std::max(steps, 1);
+    for (int i = 1; i < count; ++i)
+        moveTo(between(from.point, to.point, double(i) / count));
+    moveTo(to);
+    return release(button);
+}
+
+bool EventTestDriver::wheel(const Place& place, int delta)
+{
+    m_pointer = place.point;
+    return sendMouse(EventType::WheelEvent, Vetra::MouseButton::NoButton, delta);
+}
+
+bool EventTestDriver::contextMenu(const Place& place, Vetra::ContextMenuReason reason)
+{
+    m_pointer = place.point;
+    ContextMenuEvent event(EventType::ContextMenuEvent,
+                           {m_canvas, pixel(), pixel(), m_modifiers, reason});
+    return send(event);
+}
+
+bool EventTestDriver::enterCanvas()
+{
+    return sendWidget(EventType::EnterCanvasEvent);
+}
+
+bool EventTestDriver::leaveCanvas()
+{
+    return sendWidget(EventType::LeaveCanvasEvent);
+}
+
+bool EventTestDriver::pressKey(Vetra::Key key, const std::u16string& text, bool isAutoRepeat)
+{
+    return sendKey(EventType::KeyPressEvent, key, text, isAutoRepeat);
+}
+
+bool EventTestDriver::releaseKey(Vetra::Key key)
+{
+    return sendKey(EventType::KeyReleaseEvent, key, {}, false);
+}
+
+bool EventTestDriver::typeKey(Vetra::Key key, const std::u16string& text)
+{
+    pressKey(key, text);
+    return releaseKey(key);
+}
+
+bool EventTestDriver::typeText(const std::u16string& text)
+{
+    bool consumed = false;
+    for (const char16_t unit : text) {
+        KeyEvent press(EventType::KeyPressEvent, m_canvas, std::u16string(1, unit), false,
+                       m_buttons, 0, true);
+        send(press);
+        consumed = releaseKey(press.key());
+    }
+    return consumed;
+}
+
+bool EventTestDriver::compose(const std::u16string& preedit)
+{
+    InputMethodEvent event(EventType::InputMethodEvent, m_canvas, {}, {}, preedit, 0, 0, true);
+    return send(event);
+}
+
+bool EventTestDriver::commit(const std::u16string& text, int start, int length)
+{
+    InputMethodEvent event(EventType::InputMethodEvent, m_canvas, text, {}, {}, start, length,
+                           true);
+    return send(event);
+}
+
+bool EventTestDriver::focusIn(Vetra::FocusReason reason)
+{
+    FocusEvent event(EventType::FocusInEvent, {m_canvas, reason});
+    return send(event);
+}
+
+bool EventTestDriver::focusOut(Vetra::FocusReason reason)
+{
+    FocusEvent event(EventType::FocusOutEvent, {m_canvas, reason});
+    return send(event);
+}
+
+bool EventTestDriver::pan(Vetra::GestureState state, const Vetra::GLPoint<double>& delta,
+                          double acceleration)
+{
+    PanGestureEvent event(EventType::PanGestureEvent, m_canvas, Vetra::GestureType::Pan, state,
+                          delta, acceleration);
+    return send(event);
+}
+
+bool EventTestDriver::pinch(Vetra::GestureState state, const Place& centre, double scale,
+                            double degrees)
+{
+    PinchGestureEvent event(EventType::PinchGestureEvent, m_canvas, Vetra::GestureType::Pinch,
+                            state, viewPoint(centre.point), scale, degrees);
+    return send(event);
+}
+
+bool EventTestDriver::send(Event& event)
+{
+    event.accept(m_receiver);
+    return event.isConsumed();
+}
+
+Vetra::GLPoint<double> EventTestDriver::viewPoint(const Vetra::GLPoint<double>& scenePoint) const
+{
+    return m_canvas ? m_canvas->scenePointToViewPoint(scenePoint) : scenePoint;
+}
+
+Vetra::GLPoint<int> EventTestDriver::pixel() const
+{
+    return Vetra::saturatedInts(viewPoint(m_pointer));
+}
+
+bool EventTestDriver::sendMouse(EventType type, Vetra::MouseButton button, int delta)
+{
+    // Not by the pixel, which a scene point need not lie on.
+    const auto view = viewPoint(m_pointer);
+    MouseEvent event(type, m_canvas, m_pointer, view, view, delta, button, m_buttons, m_modifiers,
+                     false, true);
+    return send(event);
+}
+
+bool EventTestDriver::sendKey(EventType type, Vetra::Key key, const std::u16string& text,
+                              bool isAutoRepeat)
+{
+    KeyEvent event(type, m_canvas, key, m_modifiers, text, isAutoRepeat, m_buttons, 0, true);
+    return send(event);
+}
+
+bool EventTestDriver::sendWidget(EventType type)
+{
+    WidgetEvent event(type, {m_canvas});
+    return send(event);
+}
+
+} // namespace Tova2

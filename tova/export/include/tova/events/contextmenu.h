@@ -1,0 +1,50 @@
+#pragma once
+
+#include "tova/nodes/node.h"
+#include "tova/tova_export.h"
+#include "vetra/glpoint.h"
+
+#include <functional>
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace Tova2 {
+
+class EventCanvas;
+
+/// One line of a context menu, or a menu below it.
+struct ContextMenuAction {
+    std::u16string text; ///< a character behind '&' is its key
+    std::function<void()> trigger;
+    bool isEnabled = true;
+    bool isCheckable = false;
+    bool isChecked = false;
+    bool isSeparator = false;                 ///< all else is ignored then
+    std::vector<ContextMenuAction> submenu{}; ///< when there is one, `trigger` is ignored
+};
+
+/// What the user asks a menu for.
+struct ContextMenuRequest {
+    Vetra::GLPoint<double> scenePos;
+    Vetra::GLPoint<int> globalPos; ///< on the screen, where the menu will open
+    bool isByKeyboard = false;     ///< then the menu is for what is selected, wherever the pointer
+    Node node;                     ///< the topmost at the position; may be empty
+    EventCanvas* canvas = nullptr;
+};
+
+/// Puts a menu on the screen.
+class TOVA_EXPORT ContextMenuPresenter {
+public:
+    virtual ~ContextMenuPresenter();
+    /// Returns at once; an action is triggered later, from the event loop. Replaces a menu that is
+    /// open.
+    virtual void show(std::vector<ContextMenuAction> actions,
+                      const Vetra::GLPoint<int>& globalPos) = 0;
+    virtual void hide() = 0;
+
+    /// As the toolkit's menu. What an action throws is reported (Vetra::setErrorReporter).
+    static std::unique_ptr<ContextMenuPresenter> asPopup();
+};
+
+} // namespace Tova2
