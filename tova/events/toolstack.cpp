@@ -3,7 +3,6 @@
 #include "events/firsterror.h"
 #include "events/toolstackcore.h"
 
-#include <algorithm>
 #include <string>
 
 namespace Tova2 {
@@ -117,10 +116,13 @@ Tool* ToolStack::getActiveTool()
 
 bool ToolStack::hasActiveOrAlertTool() const
 {
-    const auto& tools = listCurrentTools();
-    return std::any_of(tools.begin(), tools.end(), [](const auto& tool) {
-        return tool->isActive() || tool->isDeferredActive() || tool->isAlert();
-    });
+    // Not by the list handed out: a caller may be walking it.
+    ToolList::Walk walk(m_core->tools());
+    while (const Tool* tool = walk.next()) {
+        if (tool->isActive() || tool->isDeferredActive() || tool->isAlert())
+            return true;
+    }
+    return false;
 }
 
 const std::vector<Vetra::Holder<Tool>>& ToolStack::listCurrentTools() const

@@ -55,7 +55,7 @@ bool ToolTrace::s_isEnabled =
 
 void TraceLine::append(const Tool& tool)
 {
-    m_text += className(typeid(tool));
+    *m_text += className(typeid(tool));
 }
 
 void TraceLine::appendOutcome(const Tool& tool, Tool::EInteractionState before, bool hasActivated,
@@ -72,7 +72,8 @@ void TraceLine::appendOutcome(const Tool& tool, Tool::EInteractionState before, 
 void TraceLine::write() noexcept
 {
     try {
-        std::cout << printable(m_text) << std::endl;
+        if (!m_text->empty())
+            std::cout << printable(*m_text) << std::endl;
     } catch (...) {
         // Whoever traces sees that a line is missing; the dispatch goes on.
     }

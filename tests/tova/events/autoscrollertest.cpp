@@ -18,28 +18,12 @@ using namespace std::chrono_literals;
 using State = Autoscroller::State;
 
 /// 100 x 100 pixels of a scene at scale 1.
-class ScrolledCanvas final : public EventCanvas, public AutoscrollView {
+class ScrolledCanvas final : public FakeCanvas, public AutoscrollView {
 public:
-    Scene* getScene() const override { return nullptr; }
-    Vetra::GLPoint<double> viewPointToScenePoint(const Vetra::GLPoint<double>& p) const override
+    Vetra::Transform getViewportTransform() const override
     {
-        return {p.x + scrolled.x, p.y + scrolled.y};
+        return {1, 0, 0, 1, -scrolled.x, -scrolled.y};
     }
-    Vetra::GLPoint<double> scenePointToViewPoint(const Vetra::GLPoint<double>& p) const override
-    {
-        return p;
-    }
-    Vetra::GLRect<double> sceneRectToViewRect(const Vetra::GLRect<double>& r) const override
-    {
-        return r;
-    }
-    Vetra::GLRect<double> viewRectToSceneRect(const Vetra::GLRect<double>& r) const override
-    {
-        return r;
-    }
-    Vetra::Transform getViewportTransform() const override { return {}; }
-    void setToolInteraction(bool) override {}
-
     Vetra::GLRect<double> autoscrollArea() const override { return {0, 0, 100, 100}; }
     bool scrollBy(const Vetra::GLPoint<double>& step) override
     {

@@ -1,4 +1,5 @@
 #include "events/autoscrollcontrol.h"
+#include "events/recordinghandler.h"
 #include "events/referencestack.h"
 #include "events/toolscript.h"
 #include "events/toolstack.h"
@@ -22,27 +23,9 @@ namespace {
 
 using namespace Tova2;
 
-class Canvas final : public EventCanvas {
+class Canvas final : public FakeCanvas {
 public:
     explicit Canvas(Log& log) : m_log(log) {}
-    Scene* getScene() const override { return nullptr; }
-    Vetra::GLPoint<double> viewPointToScenePoint(const Vetra::GLPoint<double>& p) const override
-    {
-        return p;
-    }
-    Vetra::GLPoint<double> scenePointToViewPoint(const Vetra::GLPoint<double>& p) const override
-    {
-        return p;
-    }
-    Vetra::GLRect<double> sceneRectToViewRect(const Vetra::GLRect<double>& r) const override
-    {
-        return r;
-    }
-    Vetra::GLRect<double> viewRectToSceneRect(const Vetra::GLRect<double>& r) const override
-    {
-        return r;
-    }
-    Vetra::Transform getViewportTransform() const override { return {}; }
     void setToolInteraction(bool on) override { m_log.push_back(on ? "on" : "interaction off"); }
 
 private:

@@ -40,9 +40,9 @@ protected:
     DrawStyle style() const
     {
         const auto& [name, join, cap, width, alpha, isFilled, transform] = GetParam();
-        DrawStyle style(Stroke(Vetra::Color(0, 0, 0, alpha), width, StrokeStyle::SolidLine, cap,
-                               join, nullptr),
-                        isFilled ? Fill(Vetra::Color(0.2, 0.4, 1, alpha)) : Fill::NoFill());
+        DrawStyle style(
+            Stroke(Vetra::Color(0, 0, 0, alpha), width, StrokeStyle::SolidLine, cap, join, nullptr),
+            isFilled ? Fill(Vetra::Color(0.2, 0.4, 1, alpha)) : Fill::NoFill());
         style.setIsAntiAliased(true);
         return style;
     }
@@ -113,8 +113,8 @@ int greatestDifference(const QImage& a, const QImage& b)
 TEST_P(LongLineTest, LooksAsWhenFilledAtOnce)
 {
     const Points points = comb(1500);
-    LinearPathNode node = GetParam().isFilled ? LinearPathNode(points)
-                                              : LinearPathNode(OpenLinearPathNode(points));
+    LinearPathNode node =
+        GetParam().isFilled ? LinearPathNode(points) : LinearPathNode(OpenLinearPathNode(points));
     node.setDrawStyle(style());
     const QTransform& transform = GetParam().transform;
     EXPECT_LE(greatestDifference(draw(node, transform), expected(points, style(), transform)), 8);

@@ -38,6 +38,7 @@ public:
     virtual Vetra::StringID getRoleByTool(Tool* tool) = 0;
     /// Lets all tools go without cancelling them.
     virtual void clearToolStack() = 0;
+    /// From inside three cancellations of tools it does nothing, so that it comes to an end.
     virtual void cancelAllTools() = 0;
     /// To the active tool, then to all from the top down, the active one among them.
     virtual void sendMessageToTools(Vetra::StringID id, const Vetra::any& payload) = 0;

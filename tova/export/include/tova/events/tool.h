@@ -83,7 +83,8 @@ public:
     void becomeDeferredActive() { setInteractionState(EInteractionState::DeferredActive); }
     void becomeDone() { setInteractionState(EInteractionState::Done); }
     /// Nothing when equal. A value that is no state is refused, and so is becoming active while the
-    /// stack cancels tools because another one became active.
+    /// stack cancels tools because another one became active, or inside three cancellations. A tool
+    /// that is still active when another has taken over becomes idle.
     void setInteractionState(EInteractionState state);
     EInteractionState getInteractionState() const noexcept { return m_state; }
     bool isIdle() const noexcept { return m_state == EInteractionState::Idle; }
