@@ -1,12 +1,12 @@
 #include "commandline.h"
+#include "support/rows.h"
 
 #include <gtest/gtest.h>
 
 namespace TovaView {
 namespace {
 
-struct FaultCase {
-    const char* name;
+struct FaultCase : NamedRow {
     QStringList arguments;
     const char* complaint;
 };
@@ -52,7 +52,7 @@ INSTANTIATE_TEST_SUITE_P(
         FaultCase{"BackgroundUnknown", words("a.dot --background blurple"), "--background needs"},
         FaultCase{"BackgroundShortHex", words("a.dot --background #123"), "--background needs"},
         FaultCase{"DumpWithoutName", words("a.dot --dump="), "--dump needs"}),
-    [](const auto& row) { return row.param.name; });
+    rowName);
 
 TEST(CommandLineTest, TakesEveryOptionInEitherSpelling)
 {
@@ -73,11 +73,6 @@ TEST(CommandLineTest, TakesEveryOptionInEitherSpelling)
 TEST(CommandLineTest, DashesAfterDoubleDashAreFiles)
 {
     EXPECT_EQ(parseArguments(words("-- --x.dot")).file, QStringLiteral("--x.dot"));
-}
-
-TEST(CommandLineTest, HelpNeedsNoFile)
-{
-    EXPECT_TRUE(parseArguments(words("--help")).error.isEmpty());
 }
 
 } // namespace

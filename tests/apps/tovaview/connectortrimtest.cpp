@@ -1,4 +1,5 @@
 #include "connectortrim.h"
+#include "support/rows.h"
 
 #include <gtest/gtest.h>
 
@@ -20,8 +21,7 @@ Block blockIn(const Rect& box, Outline outline)
     return block;
 }
 
-struct TrimCase {
-    const char* name;
+struct TrimCase : NamedRow {
     Outline outline;
     Points line;
     double headLength;
@@ -72,7 +72,7 @@ INSTANTIATE_TEST_SUITE_P(
                  {{40, 20}, {60, 8}, {104, 8}}},
         TrimCase{
             "WhollyInsideStays", Outline::Polygon, {{10, 10}, {30, 10}}, 0, {{10, 10}, {30, 10}}}),
-    [](const auto& row) { return row.param.name; });
+    rowName);
 
 TEST(ConnectorTrimTest, LeavesCurvesAndOddBlocksAlone)
 {

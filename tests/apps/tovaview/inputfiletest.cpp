@@ -1,5 +1,6 @@
 #include "inputfile.h"
 #include "diagramfile.h"
+#include "support/rows.h"
 #include "temporaryfolder.h"
 
 #include <gmock/gmock.h>
@@ -12,8 +13,7 @@ namespace {
 using testing::EndsWith;
 using testing::HasSubstr;
 
-struct EncodingCase {
-    const char* name;
+struct EncodingCase : NamedRow {
     QByteArray bytes;
     QByteArray utf8;
 };
@@ -34,10 +34,9 @@ INSTANTIATE_TEST_SUITE_P(InputFile, EncodingTest,
                                          EncodingCase{"CutShort", "a\xe2\x82", "a\xc3\xa2\xc2\x82"},
                                          EncodingCase{"Astral", "\xf0\x9f\x98\x80",
                                                       "\xf0\x9f\x98\x80"}),
-                         [](const auto& row) { return row.param.name; });
+                         rowName);
 
-struct RefusedCase {
-    const char* name;
+struct RefusedCase : NamedRow {
     QByteArray bytes;
     const char* complaint;
 };
@@ -56,7 +55,7 @@ INSTANTIATE_TEST_SUITE_P(InputFile, RefusedFileTest,
                                          RefusedCase{"Blank", " \n\t\n", ": is empty"},
                                          RefusedCase{"Binary", QByteArray("a\nb\0c", 5),
                                                      ":2: is a binary file"}),
-                         [](const auto& row) { return row.param.name; });
+                         rowName);
 
 TEST(InputFileTest, RefusesWhatIsNoRegularFile)
 {

@@ -1,4 +1,5 @@
 #include "jsonreader.h"
+#include "support/rows.h"
 #include "temporaryfolder.h"
 
 #include <gmock/gmock.h>
@@ -126,8 +127,7 @@ Connector connectorAlong(const char* curve, const char* positions)
     return read(text).connectors.at(0);
 }
 
-struct EndingCase {
-    const char* name;
+struct EndingCase : NamedRow {
     const char* curve;
     const char* positions;
     Points points; ///< of the line, led on to the tip
@@ -176,7 +176,7 @@ INSTANTIATE_TEST_SUITE_P(
                    "e,nan,0 e,1e300,1",
                    {{0, 50}, {9, 50}},
                    {}}),
-    [](const auto& row) { return row.param.name; });
+    rowName);
 
 TEST(JsonReaderTest, SubgraphsInACircleEnd)
 {

@@ -1,6 +1,7 @@
 #include "colorname.h"
 #include "fontfamily.h"
 #include "record.h"
+#include "support/rows.h"
 
 #include <gmock/gmock.h>
 
@@ -9,8 +10,7 @@ namespace {
 
 using testing::ElementsAre;
 
-struct LinesCase {
-    const char* name;
+struct LinesCase : NamedRow {
     const char16_t* label;
     bool markup;
     std::vector<std::u16string> lines; ///< first letter: side
@@ -47,7 +47,7 @@ INSTANTIATE_TEST_SUITE_P(
                   true,
                   {u"ca b", u"c<c"}},
         LinesCase{"MarkupBreak", u"<b>x</b>\n<br/>y", true, {u"cx", u"cy"}}),
-    [](const auto& row) { return row.param.name; });
+    rowName);
 
 std::vector<std::string> texts(const Drawing& drawing)
 {
@@ -85,8 +85,7 @@ TEST(RecordTest, BadNotationIsShownAsItStands)
     }
 }
 
-struct ColorCase {
-    const char* name;
+struct ColorCase : NamedRow {
     const char* text;
     std::uint32_t packed;
 };
@@ -110,10 +109,9 @@ INSTANTIATE_TEST_SUITE_P(Label, ColorNameTest,
                                          ColorCase{"FirstOfList", "blue;0.3:red", 0xff0000ff},
                                          ColorCase{"Scheme", "/x11/navy", 0xff000080},
                                          ColorCase{"Nonsense", "#12", 0xff000000}),
-                         [](const auto& row) { return row.param.name; });
+                         rowName);
 
-struct FaceCase {
-    const char* name;
+struct FaceCase : NamedRow {
     const char* family;
     bool bold, italic;
 };

@@ -1,4 +1,5 @@
 #include "plainreader.h"
+#include "support/rows.h"
 #include "temporaryfolder.h"
 
 #include <gmock/gmock.h>
@@ -115,8 +116,7 @@ TEST(PlainReaderTest, HuesComeAsThreeBareNumbers)
     EXPECT_EQ(diagram.connectors[0].labels.texts.at(0).text, QStringLiteral("label"));
 }
 
-struct MalformedCase {
-    const char* name;
+struct MalformedCase : NamedRow {
     QByteArray text;
     const char* complaint;
 };
@@ -153,7 +153,7 @@ INSTANTIATE_TEST_SUITE_P(
         MalformedCase{"WrappedQuoteCounts", "graph 1 2 3\nnode \"a\\\nb\" oops\nstop",
                       "f.plain:3: \"oops\""},
         MalformedCase{"TooMuch", twoBoxes + "stop now\n", "f.plain:4: \"now\""}),
-    [](const auto& row) { return row.param.name; });
+    rowName);
 
 } // namespace
 } // namespace TovaView

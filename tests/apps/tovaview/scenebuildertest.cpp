@@ -3,6 +3,7 @@
 #include "crossings.h"
 #include "pagesize.h"
 #include "scenedump.h"
+#include "support/rows.h"
 #include "textfitter.h"
 
 #include <gmock/gmock.h>
@@ -163,9 +164,8 @@ TEST(SceneBuilderTest, HeadsAreNotCrossed)
     EXPECT_EQ(crossingsWith({{120, 48}, {160, 48}}), 0u) << "the back of a head is upright";
 }
 
-struct EndingCase {
-    const char* name; ///< dot's, of what is at the end
-    const char* kind; ///< of the node for it
+struct EndingCase : NamedRow { ///< dot's, of what is at the end
+    const char* kind;          ///< of the node for it
     bool isBeyond;
 };
 class ConnectorEndingTest : public testing::TestWithParam<EndingCase> {};
@@ -210,7 +210,7 @@ INSTANTIATE_TEST_SUITE_P(Endings, ConnectorEndingTest,
                                          EndingCase{"tee", "Tova2.LineNode", false},
                                          EndingCase{"crow", "Tova2.ShapeNode", false},
                                          EndingCase{"invdot", "Tova2.ContainerNode", false}),
-                         [](const auto& row) { return std::string(row.param.name); });
+                         rowName);
 
 TEST(SceneBuilderTest, AreaHoldsTextsBeyondThePage)
 {
@@ -269,8 +269,7 @@ TEST(TextFitterTest, NodeCoversTheRectangle)
     }
 }
 
-struct PageCase {
-    const char* name;
+struct PageCase : NamedRow {
     Rect area;
     SizeWish wish;
     QSize size; ///< invalid: refused
@@ -318,7 +317,7 @@ INSTANTIATE_TEST_SUITE_P(
         PageCase{"TooLongShrinks", {0, 0, 2000, 10}, {}, {999, 5}, {0, 0, 999, 4.995}, true},
         PageCase{
             "TooLargeShrinks", {0, 0, 1000, 1000}, {}, {500, 500}, {0, 0, 499.5, 499.5}, true}),
-    [](const auto& row) { return row.param.name; });
+    rowName);
 
 } // namespace
 } // namespace TovaView

@@ -7,8 +7,7 @@ namespace {
 
 using Rect = GLRect<double>;
 
-struct PairCase {
-    const char* name;
+struct PairCase : NamedRow {
     Rect a, b;
     bool intersects;
     Rect common;
@@ -29,7 +28,7 @@ INSTANTIATE_TEST_SUITE_P(
                     PairCase{"TouchingEdges", {0, 0, 10, 10}, {10, 0, 5, 5}, true, {10, 0, 0, 5}},
                     PairCase{"Apart", {0, 0, 10, 10}, {11, 0, 5, 5}, false, {}},
                     PairCase{"LineWithin", {0, 0, 10, 10}, {2, 3, 4, 0}, true, {2, 3, 4, 0}}),
-    caseName);
+    rowName);
 
 TEST(GLRectTest, NaNIsNeverValidNorInside)
 {

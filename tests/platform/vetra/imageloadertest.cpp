@@ -19,8 +19,7 @@ Holder<Image> decode(const QByteArray& bytes)
     return decodeImage({bytes.constData(), std::size_t(bytes.size())}, "test");
 }
 
-struct FormatCase {
-    const char* name;
+struct FormatCase : NamedRow {
     const char* format;
     int tolerance;
 };
@@ -39,7 +38,7 @@ TEST_P(ImageFormatTest, IsKnownByContentWhateverTheName)
 INSTANTIATE_TEST_SUITE_P(ImageLoader, ImageFormatTest,
                          testing::Values(FormatCase{"Png", "PNG", 0}, FormatCase{"Jpeg", "JPEG", 3},
                                          FormatCase{"Bmp", "BMP", 0}),
-                         caseName);
+                         rowName);
 
 TEST(ImageLoaderTest, RefusesWhatIsNoOrdinaryFile)
 {

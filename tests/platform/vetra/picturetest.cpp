@@ -44,8 +44,7 @@ TEST(PictureTest, EmptyOnesAndIdlePaintersAreHarmless)
     EXPECT_FALSE(idle.isActive());
 }
 
-struct ReplayCase {
-    const char* name;
+struct ReplayCase : NamedRow {
     void (*draw)(QPainter&);
     QPoint place; ///< in the picture
     int gray;     ///< there, on white
@@ -129,7 +128,7 @@ INSTANTIATE_TEST_SUITE_P(
                     ReplayCase{"SmallerClipHoldsInside", useSmallerClip, {4, 4}, 127},
                     ReplayCase{"SmallerClipHoldsOutside", useSmallerClip, {8, 4}, 255},
                     ReplayCase{"SmallerClipEnds", leaveSmallerClip, {12, 12}, 127}),
-    caseName);
+    rowName);
 
 TEST(PictureTest, BoundsHoldText)
 {

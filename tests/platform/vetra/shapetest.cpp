@@ -7,8 +7,7 @@
 namespace Vetra {
 namespace {
 
-struct BadCall {
-    const char* name;
+struct BadCall : NamedRow {
     std::function<void(Shape&, double)> call;
 };
 class ShapeBadNumberTest : public testing::TestWithParam<BadCall> {};
@@ -24,44 +23,23 @@ TEST_P(ShapeBadNumberTest, HasNoEffect)
     }
 }
 
-INSTANTIATE_TEST_SUITE_P(Shape, ShapeBadNumberTest,
-                         testing::Values(BadCall{"MoveTo",
-                                                 [](Shape& s, double v) {
-                                                     s.moveTo({v, 0});
-                                                 }},
-                                         BadCall{"LineTo",
-                                                 [](Shape& s, double v) {
-                                                     s.lineTo({0, v});
-                                                 }},
-                                         BadCall{"QuadTo",
-                                                 [](Shape& s, double v) {
-                                                     s.quadTo({v, 0}, {1, 1});
-                                                 }},
-                                         BadCall{"CubicTo",
-                                                 [](Shape& s, double v) {
-                                                     s.cubicTo({0, 0}, {v, 0}, {1, 1});
-                                                 }},
-                                         BadCall{"ArcTo",
-                                                 [](Shape& s, double v) {
-                                                     s.arcTo({0, 0, 1, 1}, v, 90);
-                                                 }},
-                                         BadCall{"AddRect",
-                                                 [](Shape& s, double v) {
-                                                     s.addRect({0, 0, v, 1});
-                                                 }},
-                                         BadCall{"AddEllipse",
-                                                 [](Shape& s, double v) {
-                                                     s.addEllipse({v, 0, 1, 1});
-                                                 }},
-                                         BadCall{"AddRounded",
-                                                 [](Shape& s, double v) {
-                                                     s.addRoundedRect({0, 0, 1, 1}, v, 1);
-                                                 }},
-                                         BadCall{"AddPolygon",
-                                                 [](Shape& s, double v) {
-                                                     s.addPolygon({{v, v}});
-                                                 }}),
-                         caseName);
+using Point = GLPoint<double>;
+using Rect = GLRect<double>;
+
+INSTANTIATE_TEST_SUITE_P(
+    Shape, ShapeBadNumberTest,
+    testing::Values(
+        BadCall{"MoveTo", [](Shape& s, double v) { s.moveTo(Point(v, 0)); }},
+        BadCall{"LineTo", [](Shape& s, double v) { s.lineTo(Point(0, v)); }},
+        BadCall{"QuadTo", [](Shape& s, double v) { s.quadTo(Point(v, 0), Point(1, 1)); }},
+        BadCall{"CubicTo", [](Shape& s, double v) { s.cubicTo(Point(), Point(v, 0), Point()); }},
+        BadCall{"ArcTo", [](Shape& s, double v) { s.arcTo(Rect(0, 0, 1, 1), v, 90); }},
+        BadCall{"AddRect", [](Shape& s, double v) { s.addRect(Rect(0, 0, v, 1)); }},
+        BadCall{"AddEllipse", [](Shape& s, double v) { s.addEllipse(Rect(v, 0, 1, 1)); }},
+        BadCall{"AddRounded", [](Shape& s, double v) { s.addRoundedRect(Rect(0, 0, 1, 1), v, 1); }},
+        BadCall{"AddPolygon",
+                [](Shape& s, double v) { s.addPolygon(std::vector(1, Point(v, v))); }}),
+    rowName);
 
 TEST(ShapeTest, HugeNumbersNeverMakeItInfinite)
 {

@@ -1,7 +1,10 @@
 #pragma once
 
+#include "support/rows.h"
 #include "vetra/error.h"
 #include "vetra/qt.h"
+
+#include "support/rows.h"
 
 #include <gtest/gtest.h>
 
@@ -16,9 +19,6 @@ namespace Vetra {
 
 inline constexpr double NaN = std::numeric_limits<double>::quiet_NaN();
 inline constexpr double Infinity = std::numeric_limits<double>::infinity();
-
-/// Rows are named after what they prove.
-inline constexpr auto caseName = [](const auto& info) { return std::string(info.param.name); };
 
 /// The key of the error an action throws; empty when it throws none.
 template <class Action>

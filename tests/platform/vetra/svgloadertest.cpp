@@ -43,15 +43,10 @@ QByteArray nested(int depth)
     return svg(QByteArray("<g>").repeated(depth) + QByteArray("</g>").repeated(depth));
 }
 
-struct SvgCase {
-    const char* name;
+struct SvgCase : NamedRow {
     QByteArray bytes;
     const char* key;
 };
-void PrintTo(const SvgCase& c, std::ostream* out)
-{
-    *out << c.name;
-}
 class SvgFilterTest : public testing::TestWithParam<SvgCase> {};
 
 TEST_P(SvgFilterTest, JudgesTheDrawing)
@@ -87,7 +82,7 @@ INSTANTIATE_TEST_SUITE_P(
         SvgCase{"TwoDataMarkers",
                 svg("<image xlink:href='data:image/png;base64,iVBORw0KGgo=base64,PHN2Zz4='/>"),
                 "UnsafeDrawing"}),
-    caseName);
+    rowName);
 
 INSTANTIATE_TEST_SUITE_P(
     Size, SvgFilterTest,
@@ -111,7 +106,7 @@ INSTANTIATE_TEST_SUITE_P(
         SvgCase{"CutShort", svg("").chopped(3), "Damaged"},
         SvgCase{"Compressed", QByteArray::fromHex("1f8b0800"), "UnknownFormat"},
         SvgCase{"OtherXml", "<html/>", "UnknownFormat"}),
-    caseName);
+    rowName);
 
 TEST(SvgImageTest, EmbeddedPicturesOfTheRightKindAreDrawn)
 {

@@ -5,8 +5,7 @@ namespace {
 
 using Vetra::Transform;
 
-struct CombineCase {
-    const char* name;
+struct CombineCase : NamedRow {
     Bounds a, b, intersection, united;
 };
 
@@ -47,8 +46,7 @@ const CombineCase combineRows[] = {
     {"ShapeWithEmpty", diamond(), Bounds(Rect{30, 30, 0, 0}), Bounds(), diamond()},
     {"EmptyWithShape", Bounds(Rect{30, 30, 0, 0}), diamond(), Bounds(), diamond()},
 };
-INSTANTIATE_TEST_SUITE_P(Bounds, BoundsCombineTest, testing::ValuesIn(combineRows),
-                         caseName<CombineCase>);
+INSTANTIATE_TEST_SUITE_P(Bounds, BoundsCombineTest, testing::ValuesIn(combineRows), rowName);
 
 TEST(BoundsCombineTest, ShapesCombineByTheirPaths)
 {
@@ -87,8 +85,7 @@ TEST(BoundsCombineTest, ResultThatIsARectangleIsBare)
     EXPECT_EQ(list.intersectedWith(Bounds(Rect{5, 5, 10, 10})), Bounds(Rect{5, 5, 5, 5}));
 }
 
-struct TransformCase {
-    const char* name;
+struct TransformCase : NamedRow {
     Bounds bounds;
     Transform transform;
     Bounds result;
@@ -132,8 +129,7 @@ const TransformCase transformRows[] = {
     {"ListTurnedByAQuarter", rects({{0, 0, 1, 2}, {9, 9, 1, 2}}), quarter,
      rects({{-2, 0, 2, 1}, {-11, 9, 2, 1}})},
 };
-INSTANTIATE_TEST_SUITE_P(Bounds, BoundsTransformTest, testing::ValuesIn(transformRows),
-                         caseName<TransformCase>);
+INSTANTIATE_TEST_SUITE_P(Bounds, BoundsTransformTest, testing::ValuesIn(transformRows), rowName);
 
 TEST(BoundsTransformTest, TurnedRectangleBecomesItsFourCorners)
 {

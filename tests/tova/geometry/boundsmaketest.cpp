@@ -10,8 +10,7 @@ static_assert(sizeof(Bounds) == 40);
 
 enum Kind { Bare, Shaped, Empty };
 
-struct MakeCase {
-    const char* name;
+struct MakeCase : NamedRow {
     Bounds bounds;
     Rect rect;
     Kind kind;
@@ -55,7 +54,7 @@ const MakeCase pointsRows[] = {
      {0, 0, 4, 3},
      Shaped},
 };
-INSTANTIATE_TEST_SUITE_P(Points, BoundsMakeTest, testing::ValuesIn(pointsRows), caseName<MakeCase>);
+INSTANTIATE_TEST_SUITE_P(Points, BoundsMakeTest, testing::ValuesIn(pointsRows), rowName);
 
 const MakeCase rectanglesRows[] = {
     {"None", Bounds(Rects{}), {}, Empty},
@@ -71,8 +70,7 @@ const MakeCase rectanglesRows[] = {
     // The second only just touches the first, yet the region is not a rectangle's.
     {"NeighboursStayAList", Bounds(Rects{{0, 0, 1, 1}, {1, 0, 1, 1}}), {0, 0, 2, 1}, Shaped},
 };
-INSTANTIATE_TEST_SUITE_P(Rectangles, BoundsMakeTest, testing::ValuesIn(rectanglesRows),
-                         caseName<MakeCase>);
+INSTANTIATE_TEST_SUITE_P(Rectangles, BoundsMakeTest, testing::ValuesIn(rectanglesRows), rowName);
 
 QPainterPath rectPath(const QRectF& rect)
 {
@@ -98,7 +96,7 @@ const MakeCase shapesRows[] = {
     {"PathOfALineIsEmptyWhereItLies", Bounds(rectPath({1, 2, 3, 0})), {1, 2, 3, 0}, Empty},
     {"ShapeIsAPath", Bounds(triangle()), {0, 0, 4, 3}, Shaped},
 };
-INSTANTIATE_TEST_SUITE_P(Shapes, BoundsMakeTest, testing::ValuesIn(shapesRows), caseName<MakeCase>);
+INSTANTIATE_TEST_SUITE_P(Shapes, BoundsMakeTest, testing::ValuesIn(shapesRows), rowName);
 
 TEST(BoundsTest, PathCoversTheRegionAndNothingOfAnEmptyOne)
 {

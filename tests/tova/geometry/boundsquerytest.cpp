@@ -4,8 +4,7 @@ namespace Tova2 {
 namespace {
 
 // Of each region: its bounding box's corner is out, its middle is in.
-struct RegionCase {
-    const char* name;
+struct RegionCase : NamedRow {
     Bounds bounds;
     Point inside, outside;
 };
@@ -71,8 +70,7 @@ const RegionCase regionsRows[] = {
         "ListGap", Bounds(std::vector<Rect>{{0, 0, 1, 1}, {9, 9, 1, 1}}), {9.5, 9.5}, {5, 5}},
     {"PathHole", Bounds(ring()), {1.5, 1.5}, {5, 5}},
 };
-INSTANTIATE_TEST_SUITE_P(Regions, BoundsQueryTest, testing::ValuesIn(regionsRows),
-                         caseName<RegionCase>);
+INSTANTIATE_TEST_SUITE_P(Regions, BoundsQueryTest, testing::ValuesIn(regionsRows), rowName);
 
 TEST(BoundsQueryTest, RectangleInAGapOfAListIsNotPartOfIt)
 {
@@ -92,8 +90,7 @@ TEST(BoundsQueryTest, EdgesAreClosed)
     EXPECT_TRUE(Bounds(Ellipse({0, 0, 10, 10})).contains(Point{10, 5}));
 }
 
-struct ToleranceCase {
-    const char* name;
+struct ToleranceCase : NamedRow {
     Bounds bounds;
     Point point;
     double tolerance;
@@ -128,8 +125,7 @@ const ToleranceCase boundsRows[] = {
     {"PointNotANumber", square, {nan, 5}, 1, false},
     {"ToleranceNotANumber", diamond(), {5, 5}, nan, false},
 };
-INSTANTIATE_TEST_SUITE_P(Bounds, BoundsToleranceTest, testing::ValuesIn(boundsRows),
-                         caseName<ToleranceCase>);
+INSTANTIATE_TEST_SUITE_P(Bounds, BoundsToleranceTest, testing::ValuesIn(boundsRows), rowName);
 
 } // namespace
 } // namespace Tova2

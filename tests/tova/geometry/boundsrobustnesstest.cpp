@@ -91,8 +91,7 @@ TEST(BoundsRobustnessTest, CurvesBeyondTheToolkitsRangeStillAnswer)
     EXPECT_EQ(vast.intersectedWith(Bounds(Rect{0, 0, 1e99, 1e99})), Bounds(Rect{0, 0, 1e99, 1e99}));
 }
 
-struct LimitCase {
-    const char* name;
+struct LimitCase : NamedRow {
     QPainterPath a, b;
     bool exact;
 };
@@ -123,8 +122,7 @@ const LimitCase boundsRows[] = {
     {"LongWithShort", star(1250), star(8, 8), true},
     {"ManyCrossings", star(99, 10, 41), star(99, 8, 41), false},
 };
-INSTANTIATE_TEST_SUITE_P(Bounds, BoundsLimitTest, testing::ValuesIn(boundsRows),
-                         caseName<LimitCase>);
+INSTANTIATE_TEST_SUITE_P(Bounds, BoundsLimitTest, testing::ValuesIn(boundsRows), rowName);
 
 TEST(BoundsLimitTest, CoordinatesEndExactAnswers)
 {

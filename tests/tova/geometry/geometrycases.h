@@ -2,6 +2,8 @@
 
 #include "tova/nodes/geometry/bounds.h"
 
+#include "support/rows.h"
+
 #include <gtest/gtest.h>
 
 #include <ostream>
@@ -19,13 +21,6 @@ namespace Tova2 {
 
 using Point = Bounds::Point;
 using Rect = Bounds::Rect;
-
-/// For rows that begin with a `name`.
-template <class Row>
-std::string caseName(const testing::TestParamInfo<Row>& info)
-{
-    return info.param.name;
-}
 
 /// A diamond with corners on the middles of the sides of (0, 0, 10, 10).
 inline Bounds diamond()

@@ -9,8 +9,7 @@ namespace {
 constexpr double nan = std::numeric_limits<double>::quiet_NaN();
 constexpr double infinity = std::numeric_limits<double>::infinity();
 
-struct SideCase {
-    const char* name;
+struct SideCase : NamedRow {
     Point point;
     unsigned side;
     double distance;
@@ -40,8 +39,7 @@ const SideCase sideRows[] = {
     {"BeyondTwoTakesFarthest", {12, 25}, 3, -5, BlockSide::NoSide},
     {"BeyondLeftFar", {-3, 10}, 0, -3, BlockSide::NoSide},
 };
-INSTANTIATE_TEST_SUITE_P(Geometry, NearestSideTest, testing::ValuesIn(sideRows),
-                         caseName<SideCase>);
+INSTANTIATE_TEST_SUITE_P(Geometry, NearestSideTest, testing::ValuesIn(sideRows), rowName);
 
 TEST(NearestSideTest, PointThatIsNotANumberHasNoBlockSide)
 {
@@ -49,8 +47,7 @@ TEST(NearestSideTest, PointThatIsNotANumberHasNoBlockSide)
     EXPECT_EQ(getNearestBlockSide({1, 5}, {0, 0, 10, 20}, nan), BlockSide::NoSide);
 }
 
-struct ValueCase {
-    const char* name;
+struct ValueCase : NamedRow {
     double input, output;
 };
 class DragRegionMarginTest : public testing::TestWithParam<ValueCase> {};
@@ -63,8 +60,7 @@ const ValueCase marginRows[] = {
     {"One", 1, 17},  {"Half", 0.5, 30},    {"Four", 4, 10},         {"Between", 1.25, 13.6},
     {"Zero", 0, 30}, {"Negative", -1, 10}, {"NotANumber", nan, 30}, {"Infinite", infinity, 10},
 };
-INSTANTIATE_TEST_SUITE_P(Geometry, DragRegionMarginTest, testing::ValuesIn(marginRows),
-                         caseName<ValueCase>);
+INSTANTIATE_TEST_SUITE_P(Geometry, DragRegionMarginTest, testing::ValuesIn(marginRows), rowName);
 
 class LabelOffsetTest : public testing::TestWithParam<ValueCase> {};
 
@@ -80,8 +76,7 @@ const ValueCase labelRows[] = {
     {"NotANumber", nan, 2.929},
     {"Infinite", infinity, 2.929},
 };
-INSTANTIATE_TEST_SUITE_P(Geometry, LabelOffsetTest, testing::ValuesIn(labelRows),
-                         caseName<ValueCase>);
+INSTANTIATE_TEST_SUITE_P(Geometry, LabelOffsetTest, testing::ValuesIn(labelRows), rowName);
 
 TEST(VertexTest, EachCoordinateHasTheTolerance)
 {

@@ -4,8 +4,6 @@
 
 #include "tova/nodes/customnode.h"
 #include "tova/nodes/customnodepainter.h"
-#include "tova/nodes/rectnode.h"
-#include "tova/scene/scene.h"
 
 #include <QPainter>
 
@@ -130,21 +128,6 @@ TEST_F(CustomNodeTest, APainterThatReplacesItselfLivesUntilItReturns)
     paintOnce(node, m_painter);
     EXPECT_TRUE(isAlive);
     EXPECT_TRUE(m_hasDied);
-}
-
-TEST_F(CustomNodeTest, APainterMayDropTheLastHandleOfItsNode)
-{
-    const Vetra::Holder<Scene> scene = Scene::createScene();
-    CustomNode node;
-    const PainterHolder painter(new ObedientPainter);
-    painter->onPaint = [&](QPainter&) { node.removeAndRelease(); };
-    node.setPainter(painter.get());
-    scene->addNode(node);
-    RectNode above({0, 0, 10, 10});
-    scene->addNode(above);
-    scene->render(m_painter, Rect{0, 0, 40, 40}, Rect{0, 0, 40, 40});
-    EXPECT_FALSE(node.isValid());
-    EXPECT_FALSE(painter->getNode().isValid());
 }
 
 TEST_F(CustomNodeTest, AThrowingPainterLeavesTheQPainterAsItWas)

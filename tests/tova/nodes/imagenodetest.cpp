@@ -2,6 +2,7 @@
 
 #include "contentsamples.h"
 
+#include "support/rows.h"
 #include "vetra/error.h"
 
 #include <QBuffer>
@@ -12,8 +13,6 @@
 
 namespace Tova2 {
 namespace {
-
-constexpr auto caseName = [](const auto& info) { return std::string(info.param.name); };
 
 QByteArray svg(const QByteArray& body)
 {
@@ -64,14 +63,9 @@ private:
     QTemporaryDir m_folder;
 };
 
-struct BadSourceCase {
-    const char* name;
+struct BadSourceCase : NamedRow {
     QByteArray bytes;
 };
-void PrintTo(const BadSourceCase& c, std::ostream* out)
-{
-    *out << c.name;
-}
 class BadImageSourceTest : public ImageNodeTest,
                            public testing::WithParamInterface<BadSourceCase> {};
 
@@ -103,7 +97,7 @@ INSTANTIATE_TEST_SUITE_P(
                     BadSourceCase{"EntityInDoctype", "<!DOCTYPE svg [<!ENTITY a 'b'>]>" + svg("")},
                     BadSourceCase{"FileReference",
                                   svg("<image xlink:href='file:///etc/passwd'/>")}),
-    caseName);
+    rowName);
 
 TEST_F(ImageNodeTest, IsNullForWhatIsNoFile)
 {
@@ -115,15 +109,10 @@ TEST_F(ImageNodeTest, IsNullForWhatIsNoFile)
     expectNull(ImageNode());
 }
 
-struct FormatCase {
-    const char* name;
+struct FormatCase : NamedRow {
     QByteArray bytes;
     int tolerance;
 };
-void PrintTo(const FormatCase& c, std::ostream* out)
-{
-    *out << c.name;
-}
 class ImageFormatNodeTest : public ImageNodeTest, public testing::WithParamInterface<FormatCase> {};
 
 TEST_P(ImageFormatNodeTest, FillsTheNodesSize)
@@ -145,7 +134,7 @@ INSTANTIATE_TEST_SUITE_P(
                                svg("<rect width='20' height='20' fill='red'/>"
                                    "<rect x='20' width='20' height='20' fill='blue'/>"),
                                0}),
-    caseName);
+    rowName);
 
 TEST_F(ImageNodeTest, DrawingsStaySharpWhenEnlarged)
 {
@@ -155,8 +144,7 @@ TEST_F(ImageNodeTest, DrawingsStaySharpWhenEnlarged)
     EXPECT_EQ(image.pixel(100, 50), 0xff000000);
 }
 
-struct ViewBoxCase {
-    const char* name;
+struct ViewBoxCase : NamedRow {
     Vetra::GLRect<double> box;
     QRgb left, right; ///< at a quarter and three quarters of the node's width
 };
@@ -183,7 +171,7 @@ INSTANTIATE_TEST_SUITE_P(
                     ViewBoxCase{"OutsideAltogether", {100, 100, 5, 5}, white, white},
                     ViewBoxCase{"WithoutAreaIsIgnored", {0, 0, 0, 20}, red, blue},
                     ViewBoxCase{"NotFiniteIsIgnored", {HUGE_VAL, 0, 5, 5}, red, blue}),
-    caseName);
+    rowName);
 
 TEST_F(ImageNodeTest, SizeFollowsTheSourceUntilItIsSet)
 {

@@ -8,6 +8,7 @@
 #include "nodes/roundedrectnodeimpl.h"
 #include "nodes/shapenodeimpl.h"
 
+#include "support/rows.h"
 #include "tova/nodes/linenode.h"
 #include "tova/nodes/shapenode.h"
 #include "vetra/qt.h"
@@ -137,12 +138,10 @@ TEST(ShapeBounds, ReachCoversTheStrokeAtOtherScales)
     }
 }
 
-struct TightCase {
-    const char* name;
+struct TightCase : NamedRow {
     QPainterPath path;
     StrokeJoinStyle join;
     Vetra::GLRect<double> bounds;
-    friend void PrintTo(const TightCase& row, std::ostream* out) { *out << row.name; }
 };
 class TightBoundsTest : public testing::TestWithParam<TightCase> {};
 
@@ -175,7 +174,7 @@ INSTANTIATE_TEST_SUITE_P(
                               StrokeJoinStyle::BevelJoin,
                               {-32, -32, 64, 64}},
                     TightCase{"NothingIsNothing", QPainterPath(), StrokeJoinStyle::MiterJoin, {}}),
-    [](const auto& row) { return std::string(row.param.name); });
+    rowName);
 
 TEST(ShapeBounds, ALevelLineHasTheHeightOfItsStroke)
 {

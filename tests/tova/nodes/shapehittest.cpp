@@ -1,5 +1,6 @@
 #include "shapesamples.h"
 
+#include "support/rows.h"
 #include "tova/nodes/ellipsenode.h"
 #include "tova/nodes/fancyroundedrectnode.h"
 #include "tova/nodes/linenode.h"
@@ -158,12 +159,10 @@ TEST(ShapeHit, BasicShapesAreHitInsideWithoutAFill)
         "fancy");
 }
 
-struct LineHitCase {
-    const char* name;
+struct LineHitCase : NamedRow {
     StrokeCapStyle cap;
     Vetra::GLPoint<double> point;
     bool isHit;
-    friend void PrintTo(const LineHitCase& row, std::ostream* out) { *out << row.name; }
 };
 class LineHitTest : public testing::TestWithParam<LineHitCase> {};
 
@@ -184,7 +183,7 @@ INSTANTIATE_TEST_SUITE_P(
                     LineHitCase{"FlatStopsAtTheEnd", StrokeCapStyle::FlatCap, {31, 41}, false},
                     LineHitCase{"SquareGoesOn", StrokeCapStyle::SquareCap, {32.9, 43.9}, true},
                     LineHitCase{"SquareStops", StrokeCapStyle::SquareCap, {33.1, 44.1}, false}),
-    [](const auto& row) { return std::string(row.param.name); });
+    rowName);
 
 TEST(ShapeHit, RectanglesMeetWhatTheBandOfALineMeets)
 {

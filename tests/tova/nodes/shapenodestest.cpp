@@ -6,6 +6,7 @@
 #include "nodes/roundedrectnodeimpl.h"
 #include "nodes/shapenodeimpl.h"
 
+#include "support/rows.h"
 #include "tova/nodes/compositenode.h"
 #include "tova/nodes/containernode.h"
 #include "tova/nodes/customnode.h"
@@ -16,6 +17,7 @@
 #include "tova/nodes/roundedrectnode.h"
 #include "tova/nodes/shapenode.h"
 #include "tova/nodes/style/lodscale.h"
+#include "tova/nodes/textnode.h"
 #include "tova/scene/scene.h"
 #include "vetra/error.h"
 #include "vetra/qt.h"
@@ -26,6 +28,9 @@
 
 namespace Tova2 {
 namespace {
+
+using Point = Vetra::GLPoint<double>;
+using Rect = Vetra::GLRect<double>;
 
 constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
 constexpr double kInfinity = std::numeric_limits<double>::infinity();
@@ -46,7 +51,7 @@ struct Watched {
         rounded.setRect({0, 0, 40, 30});
         rounded.setRadius(5);
         fancy.setRect({0, 0, 40, 30});
-        ellipse.setEllipse(Ellipse(Vetra::GLRect<double>{0, 0, 40, 30}));
+        ellipse.setEllipse(Ellipse(Rect{0, 0, 40, 30}));
         line.setLine({0, 0}, {10, 10});
         shape.setShape(triangle());
         for (Node* const node :
@@ -70,11 +75,9 @@ struct Watched {
     ShapeNode shape;
 };
 
-struct SetterCase {
-    const char* name;
+struct SetterCase : NamedRow {
     void (*change)(Watched&);
     int reports;
-    friend void PrintTo(const SetterCase& row, std::ostream* out) { *out << row.name; }
 };
 class SetterTest : public testing::TestWithParam<SetterCase> {};
 
@@ -88,26 +91,11 @@ TEST_P(SetterTest, ReportsWhatItTakes)
 INSTANTIATE_TEST_SUITE_P(
     Shapes, SetterTest,
     testing::Values(
-        SetterCase{"SameRect",
-                   [](Watched& w) {
-                       w.rounded.setRect({0, 0, 40, 30});
-                   },
-                   0},
-        SetterCase{"OtherRect",
-                   [](Watched& w) {
-                       w.rounded.setRect({0, 0, 40, 30.00001});
-                   },
-                   1},
-        SetterCase{"RectWithNaN",
-                   [](Watched& w) {
-                       w.rounded.setRect({0, kNaN, 40, 30});
-                   },
-                   0},
+        SetterCase{"SameRect", [](Watched& w) { w.rounded.setRect(Rect(0, 0, 40, 30)); }, 0},
+        SetterCase{"OtherRect", [](Watched& w) { w.rounded.setRect(Rect(0, 0, 40, 30.00001)); }, 1},
+        SetterCase{"RectWithNaN", [](Watched& w) { w.rounded.setRect(Rect(0, kNaN, 40, 30)); }, 0},
         SetterCase{"RectThatOverflows",
-                   [](Watched& w) {
-                       w.fancy.setRect({1e308, 0, 1e308, 30});
-                   },
-                   0},
+                   [](Watched& w) { w.fancy.setRect(Rect(1e308, 0, 1e308, 30)); }, 0},
         SetterCase{"RadiusOfZero", [](Watched& w) { w.rounded.setRadius(0); }, 0},
         SetterCase{"NegativeRadius", [](Watched& w) { w.rounded.setRadius(-2); }, 0},
         SetterCase{"RadiusOfNaN", [](Watched& w) { w.rounded.setRadius(kNaN); }, 0},
@@ -126,43 +114,28 @@ INSTANTIATE_TEST_SUITE_P(
         SetterCase{"NearlyTheWidth", [](Watched& w) { w.ellipse.setWidth(40.00005); }, 0},
         SetterCase{"AnotherWidth", [](Watched& w) { w.ellipse.setWidth(40.001); }, 1},
         SetterCase{"HeightOfNaN", [](Watched& w) { w.ellipse.setHeight(kNaN); }, 0},
-        SetterCase{"CenterOfInfinity",
-                   [](Watched& w) {
-                       w.ellipse.setCenter({0, kInfinity});
-                   },
+        SetterCase{"CenterOfInfinity", [](Watched& w) { w.ellipse.setCenter(Point(0, kInfinity)); },
                    0},
         SetterCase{"AlignmentOfNaN", [](Watched& w) { w.ellipse.setWidthToPixelAlignCenter(kNaN); },
                    0},
         SetterCase{"AnotherAlignment", [](Watched& w) { w.ellipse.setWidthToPixelAlignCenter(2); },
                    1},
-        SetterCase{"LineAtOnce",
-                   [](Watched& w) {
-                       w.line.setLine({1, 1}, {2, 2});
-                   },
-                   1},
-        SetterCase{"SameStart",
-                   [](Watched& w) {
-                       w.line.setStart({0, 0});
-                   },
-                   0},
-        SetterCase{"EndOfNaN",
-                   [](Watched& w) {
-                       w.line.setEnd({kNaN, 0});
-                   },
-                   0},
+        SetterCase{"LineAtOnce", [](Watched& w) { w.line.setLine(Point(1, 1), Point(2, 2)); }, 1},
+        SetterCase{"SameStart", [](Watched& w) { w.line.setStart(Point(0, 0)); }, 0},
+        SetterCase{"EndOfNaN", [](Watched& w) { w.line.setEnd(Point(kNaN, 0)); }, 0},
         SetterCase{"EqualShape", [](Watched& w) { w.shape.setShape(Watched::triangle()); }, 0},
-        SetterCase{"AnotherShape", [](Watched& w) { w.shape.setShape({}); }, 1}),
-    [](const auto& row) { return std::string(row.param.name); });
+        SetterCase{"AnotherShape", [](Watched& w) { w.shape.setShape(Vetra::Shape()); }, 1}),
+    rowName);
 
 TEST(EllipseNodeTest, KeepsWhatASizeOrACenterLeavesAlone)
 {
-    EllipseNode node(Ellipse(Vetra::GLRect<double>{10, 20, 40, 30}));
+    EllipseNode node(Ellipse(Rect{10, 20, 40, 30}));
     node.setWidth(60);
     node.setHeight(10);
-    EXPECT_EQ(node.getEllipse().rect(), (Vetra::GLRect<double>{10, 20, 60, 10}));
+    EXPECT_EQ(node.getEllipse().rect(), (Rect{10, 20, 60, 10}));
     node.setCenter({0, 0});
-    EXPECT_EQ(node.getEllipse().rect(), (Vetra::GLRect<double>{-30, -5, 60, 10}));
-    EXPECT_EQ(node.getCenter(), (Vetra::GLPoint<double>{0, 0}));
+    EXPECT_EQ(node.getEllipse().rect(), (Rect{-30, -5, 60, 10}));
+    EXPECT_EQ(node.getCenter(), (Point{0, 0}));
     EXPECT_EQ(node.getSize(), (Vetra::Size<double>{60, 10}));
 }
 
@@ -174,7 +147,7 @@ struct HostScale final : LodScale {
 
 TEST(EllipseNodeTest, ScalesAboutItsCenter)
 {
-    EllipseNode node(Ellipse(Vetra::GLRect<double>{10, 20, 40, 30}));
+    EllipseNode node(Ellipse(Rect{10, 20, 40, 30}));
     EXPECT_EQ(node.getScaledWidth(0.1), 40.0);
     HostScale scale(3);
     node.setLodScale(&scale);
@@ -195,7 +168,7 @@ TEST(EllipseNodeTest, ScalesAboutItsCenter)
 /// Where an ellipse 6 wide around (x, x) is drawn in a scene at scale 1: the mean of its columns.
 double drawnCenter(double x, double pixelAlign, bool isInScene)
 {
-    EllipseNode node(Ellipse(Vetra::GLRect<double>{x - 3, x - 3, 6, 6}));
+    EllipseNode node(Ellipse(Rect{x - 3, x - 3, 6, 6}));
     DrawStyle style;
     style.setStroke(Stroke::NoStroke());
     style.setFill(Fill(Vetra::Color::fromPacked(0xff000000)));
@@ -235,6 +208,8 @@ TEST(EllipseNodeTest, DrawsItsCenterOnAPixelCornerWhenAsked)
 TEST(ShapeNodesTest, KnowTheirOwnKind)
 {
     const std::vector<std::pair<Node, std::string>> kinds{
+        {RectNode(), "Tova2.RectNode"},
+        {TextNode(), "Tova2.TextNode"},
         {RoundedRectNode(), "Tova2.RoundedRectNode"},
         {FancyRoundedRectNode(), "Tova2.FancyRoundedRectNode"},
         {EllipseNode(), "Tova2.EllipseNode"},
@@ -247,6 +222,7 @@ TEST(ShapeNodesTest, KnowTheirOwnKind)
     for (const auto& [node, name] : kinds) {
         EXPECT_STREQ(node.getFullyQualifiedKobjTypeName(), name.c_str());
         EXPECT_TRUE(node.isa("Tova2.Node")) << name;
+        EXPECT_FALSE(node.isa(nullptr) || node.isa("Tova2.Nod")) << name;
         for (const auto& other : kinds)
             EXPECT_EQ(node.isa(other.second.c_str()), other.second == name) << name;
     }
@@ -262,7 +238,7 @@ TEST(ShapeNodesTest, PropertiesReachTheirValuesAndNoOtherKind)
     EXPECT_EQ(property.get(fancy), 7.0);
     RoundedRectNode rounded;
     RoundedRectNode::RectProperty().set(rounded, {1, 2, 3, 4});
-    EXPECT_EQ(rounded.getRect(), (Vetra::GLRect<double>{1, 2, 3, 4}));
+    EXPECT_EQ(rounded.getRect(), (Rect{1, 2, 3, 4}));
     EXPECT_THROW(RoundedRectNode::RectProperty().get(fancy), Vetra::Error);
 }
 
@@ -275,7 +251,7 @@ TEST(ShapeNodesTest, HugeFiniteGeometryHasDefinedAnswers)
                   {kHugeOnPaths, kHugeOnPaths});
     ShapeNode shape(curve);
     LineNode line({-kHuge, -kHuge}, {kHuge, kHuge});
-    EllipseNode ellipse(Ellipse(Vetra::GLRect<double>{-kHuge, -kHuge, 2 * kHuge, 2 * kHuge}));
+    EllipseNode ellipse(Ellipse(Rect{-kHuge, -kHuge, 2 * kHuge, 2 * kHuge}));
     for (const Node* const node :
          {static_cast<const Node*>(&shape), static_cast<const Node*>(&line),
           static_cast<const Node*>(&ellipse)}) {

@@ -2,12 +2,11 @@
 
 #include "contentsamples.h"
 
+#include "support/rows.h"
 #include "tova/nodes/geometry/limits.h"
 
 namespace Tova2 {
 namespace {
-
-constexpr auto caseName = [](const auto& info) { return std::string(info.param.name); };
 
 TextNode textOf(const std::string& text, double size = 20)
 {
@@ -16,15 +15,10 @@ TextNode textOf(const std::string& text, double size = 20)
     return node;
 }
 
-struct TextCase {
-    const char* name;
+struct TextCase : NamedRow {
     std::string text;
     std::string kept; ///< as `getText` answers
 };
-void PrintTo(const TextCase& c, std::ostream* out)
-{
-    *out << c.name;
-}
 class TextRepairTest : public testing::TestWithParam<TextCase> {};
 
 TEST_P(TextRepairTest, KeepsValidTextAndItsInkInBounds)
@@ -57,17 +51,12 @@ INSTANTIATE_TEST_SUITE_P(
                     TextCase{"EncodedSurrogate", "\xed\xa0\x80!", "\ufffd\ufffd\ufffd!"},
                     TextCase{"CutInTheMiddle", "x\xe6\xb0", "x\ufffd\ufffd"},
                     TextCase{"ZeroByte", std::string("a\0b", 3), std::string("a\0b", 3)}),
-    caseName);
+    rowName);
 
-struct LimitCase {
-    const char* name;
+struct LimitCase : NamedRow {
     std::string text;
     std::size_t bytes;
 };
-void PrintTo(const LimitCase& c, std::ostream* out)
-{
-    *out << c.name;
-}
 class TextLimitTest : public testing::TestWithParam<LimitCase> {};
 
 TEST_P(TextLimitTest, CutsAtACharacterAndSaysSo)
@@ -97,7 +86,7 @@ INSTANTIATE_TEST_SUITE_P(
         LimitCase{"InTheMiddleOfALetter", twoByteLetters(2 * Limits::textBytes),
                   Limits::textBytes - 1},
         LimitCase{"GrownByRepair", std::string(Limits::textBytes, '\xff'), Limits::textBytes - 1}),
-    caseName);
+    rowName);
 
 TEST(TextNodeTest, LongLinesAndManyLinesEndInAnEllipsis)
 {
@@ -138,16 +127,11 @@ TEST(TextNodeTest, EmptyTextHasNoExtentAndDoesNotCount)
     EXPECT_TRUE(impl->countsInBounds());
 }
 
-struct AlignmentCase {
-    const char* name;
+struct AlignmentCase : NamedRow {
     HorizontalAlignment horizontal;
     VerticalAlignment vertical;
     double share; ///< of the free space, on both axes
 };
-void PrintTo(const AlignmentCase& c, std::ostream* out)
-{
-    *out << c.name;
-}
 class TextAlignmentTest : public testing::TestWithParam<AlignmentCase> {};
 
 TEST_P(TextAlignmentTest, SharesOutTheFreeSpaceOfBoxAndLines)
@@ -181,7 +165,7 @@ INSTANTIATE_TEST_SUITE_P(TextNode, TextAlignmentTest,
                                                        VerticalAlignment::Center, 0.5},
                                          AlignmentCase{"RightBottom", HorizontalAlignment::Right,
                                                        VerticalAlignment::Bottom, 1}),
-                         caseName);
+                         rowName);
 
 // Letters must not jump: at each zoom the ink ends where the reference layout says.
 TEST(TextNodeTest, LinesAreAsLongAtEveryZoom)

@@ -15,6 +15,7 @@
 #include <QImage>
 
 #include <array>
+#include <functional>
 #include <random>
 #include <set>
 
@@ -193,61 +194,47 @@ void World::callOn(Node& node, Vetra::Holder<Scene>& scene)
 {
     const auto& other =
         m_handles[static_cast<std::size_t>(below(static_cast<int>(m_handles.size())))];
-    switch (below(16)) {
-    case 0:
-    case 1:
-        return void(scene->addNode(node));
-    case 2:
-        return void(scene->removeNode(node));
-    case 3:
-    case 4:
-        return node.setParent(other);
-    case 5:
-        return node.unparent();
-    case 6:
-        return node.setVisible(oneIn(2));
-    case 7:
-        return node.placeAbove(other);
-    case 8:
-        return Node::placeBelow({node, other, m_handles.front()}, m_handles.back());
-    case 9:
-        return node.setPosition({below(30) * 1.0, below(30) * 1.0});
-    case 10:
-        return node.setStrokeColor(Vetra::Color::fromPacked(0xff000000u | below(9999)));
-    case 11:
-        return node.removeAndRelease();
-    case 12:
-        return node.setCustomHitTestFunctor(nullptr);
-    case 13:
-        return other.isValid() ? void(other.getParent()) : void();
-    case 14: {
-        const Node dropped = node; // out of the list before it may die
-        std::erase(m_handles, dropped);
-        return;
-    }
-    default:
-        node.release();
-        std::erase(m_handles, Node());
-    }
+    const std::function<void()> calls[] = {
+        [&] { scene->addNode(node); },
+        [&] { scene->addNode(node); },
+        [&] { scene->removeNode(node); },
+        [&] { node.setParent(other); },
+        [&] { node.setParent(other); },
+        [&] { node.unparent(); },
+        [&] { node.setVisible(oneIn(2)); },
+        [&] { node.placeAbove(other); },
+        [&] {
+            Node::placeBelow(std::vector{node, other, m_handles.front()}, m_handles.back());
+        },
+        [&] { node.setPosition(Vetra::GLPoint<double>(below(30), below(30))); },
+        [&] { node.setStrokeColor(Vetra::Color::fromPacked(0xff000000u | below(9999))); },
+        [&] { node.removeAndRelease(); },
+        [&] { node.setCustomHitTestFunctor(nullptr); },
+        [&] { other.isValid() ? void(other.getParent()) : void(); },
+        [&] {
+            const Node dropped = node; // out of the list before it may die
+            std::erase(m_handles, dropped);
+        },
+        [&] {
+            node.release();
+            std::erase(m_handles, Node());
+        },
+    };
+    calls[below(16)]();
 }
 
 void World::query(Scene& scene)
 {
     QImage image(60, 60, QImage::Format_RGB32);
-    switch (below(6)) {
-    case 0:
-        return void(scene.getNodesAtScenePos({5, 5}));
-    case 1:
-        return void(scene.getNodeAt({5, 5}));
-    case 2:
-        return void(scene.getNodesIntersectingRect({0, 0, 5, 50}));
-    case 3:
-        return void(scene.getNodesIntersectingCircle({15, 5}, 9));
-    case 4:
-        return scene.render(image, {}, {0, 0, 60, 60});
-    default:
-        return void(scene.render());
-    }
+    const std::function<void()> queries[] = {
+        [&] { scene.getNodesAtScenePos(Vetra::GLPoint<double>(5, 5)); },
+        [&] { scene.getNodeAt(Vetra::GLPoint<double>(5, 5)); },
+        [&] { scene.getNodesIntersectingRect(Vetra::GLRect<double>(0, 0, 5, 50)); },
+        [&] { scene.getNodesIntersectingCircle(Vetra::GLPoint<double>(15, 5), 9); },
+        [&] { scene.render(image, {}, Vetra::GLRect<double>(0, 0, 60, 60)); },
+        [&] { scene.render(); },
+    };
+    queries[below(6)]();
 }
 
 void World::checkWhole()

@@ -1,3 +1,4 @@
+#include "support/rows.h"
 #include "tova/nodes/rectnode.h"
 #include "tova/scene/scene.h"
 
@@ -15,15 +16,9 @@ using namespace Tova2;
 using Point = Vetra::GLPoint<double>;
 using Rect = Vetra::GLRect<double>;
 
-struct ValueUse {
-    const char* name;
+struct ValueUse : NamedRow {
     std::function<void(RectNode&, Scene&, double)> use;
 };
-
-void PrintTo(const ValueUse& row, std::ostream* out)
-{
-    *out << row.name;
-}
 
 const ValueUse uses[] = {
     {"PositionX", [](RectNode& n, Scene&, double v) { n.setPosition({v, 1}); }},
@@ -174,9 +169,6 @@ TEST_P(HostileValuesTest, LeaveAFiniteStateThatCanBeDrawn)
     }
 }
 
-INSTANTIATE_TEST_SUITE_P(DoubleTaking, HostileValuesTest, testing::ValuesIn(uses),
-                         [](const testing::TestParamInfo<ValueUse>& row) {
-                             return row.param.name;
-                         });
+INSTANTIATE_TEST_SUITE_P(DoubleTaking, HostileValuesTest, testing::ValuesIn(uses), rowName);
 
 } // namespace

@@ -15,6 +15,7 @@
 #include <QPainter>
 #include <QRegion>
 
+#include <functional>
 #include <random>
 
 namespace {
@@ -107,6 +108,7 @@ private:
     void restyle(Node& node);
     Effect effect();
     void resize(Node& node);
+    void reparent(Node& node, const Node& parent);
 
     std::mt19937 m_random;
     Vetra::Holder<Scene> m_scene = Scene::createScene();
@@ -185,64 +187,41 @@ void Editor::resize(Node& node)
         static_cast<TextNode&>(node).setText(below(2) ? "longer ghosts\nin two lines" : "");
 }
 
+void Editor::reparent(Node& node, const Node& parent)
+{
+    try {
+        node.setParent(below(3) ? parent : Node());
+    } catch (const std::exception&) { // not under itself or its own
+    }
+    if (!node.getScene())
+        m_scene->addNode(node);
+}
+
 std::string Editor::edit()
 {
     const int which = below(static_cast<int>(m_nodes.size())), other = below(8), kind = below(17);
     Node& node = m_nodes[static_cast<std::size_t>(which)];
     const Node& second = m_nodes[static_cast<std::size_t>(other)];
-    switch (kind) {
-    case 0:
-        node.setPosition({about(60), about(50)});
-        break;
-    case 1:
-        node.translate(about(4), about(4));
-        break;
-    case 2:
-        node.rotateDegrees(about(90));
-        break;
-    case 3:
-        node.scale(1 + about(0.4), 1 + about(0.4));
-        break;
-    case 4:
-    case 5:
-        restyle(node);
-        break;
-    case 6:
-    case 7:
-        resize(node);
-        break;
-    case 8:
-        node.setVisible(!node.isVisible());
-        break;
-    case 9:
-        node.setOpacity(below(3) / 2.0);
-        break;
-    case 10:
-        node.setClipsChildren(!node.isClipsChildren());
-        break;
-    case 11:
-        node.setStacksBehindParent(!node.isStacksBehindParent());
-        break;
-    case 12:
-        node.setIgnoresTransformations(below(3) == 0);
-        break;
-    case 13:
-        node.getScene() ? node.remove() : void(m_scene->addNode(node));
-        break;
-    case 14:
-        node.placeAbove(second);
-        break;
-    case 15:
-        node.setCacheType(static_cast<CacheType>(below(3)));
-        break;
-    default:
-        try {
-            node.setParent(below(3) ? second : Node());
-        } catch (const std::exception&) { // not under itself or its own
-        }
-        if (!node.getScene())
-            m_scene->addNode(node);
-    }
+    const std::function<void()> edits[] = {
+        [&] { node.setPosition(Vetra::GLPoint<double>(about(60), about(50))); },
+        [&] { node.translate(about(4), about(4)); },
+        [&] { node.rotateDegrees(about(90)); },
+        [&] { node.scale(1 + about(0.4), 1 + about(0.4)); },
+        [&] { restyle(node); },
+        [&] { restyle(node); },
+        [&] { resize(node); },
+        [&] { resize(node); },
+        [&] { node.setVisible(!node.isVisible()); },
+        [&] { node.setOpacity(below(3) / 2.0); },
+        [&] { node.setClipsChildren(!node.isClipsChildren()); },
+        [&] { node.setStacksBehindParent(!node.isStacksBehindParent()); },
+        [&] { node.setIgnoresTransformations(below(3) == 0); },
+        [&] { node.getScene() ? node.remove() : void(m_scene->addNode(node)); },
+        [&] { node.placeAbove(second); },
+        [&] { node.setCacheType(static_cast<CacheType>(below(3))); },
+        [&] { reparent(node, second); },
+    };
+    edits[kind]();
     return std::to_string(kind) + " on " + std::to_string(which) + " with " +
            std::to_string(other) + "\n";
 }

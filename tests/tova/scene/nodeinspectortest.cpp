@@ -1,3 +1,4 @@
+#include "support/rows.h"
 #include "tova/tova.h"
 
 #include <gmock/gmock.h>
@@ -54,11 +55,9 @@ TEST(NodeInspectorTest, ListsThePathsCrossings)
     EXPECT_THAT(inspectorText(down), HasSubstr("\n    (30, 50), role 0, other "));
 }
 
-struct KindCase {
-    const char* name;
+struct KindCase : NamedRow {
     Node (*make)();
     const char* line;
-    friend void PrintTo(const KindCase& row, std::ostream* out) { *out << row.name; }
 };
 class NodeInspectorKindTest : public testing::TestWithParam<KindCase> {};
 
@@ -110,6 +109,6 @@ INSTANTIATE_TEST_SUITE_P(
                     KindCase{"LongTextIsCutBetweenCharacters",
                              [] { return text(std::string(199, 'x') + "\xc3\xa4y"); }, "x\"...\n"},
                     KindCase{"Custom", [] { return Node(CustomNode()); }, "\nPainter: none\n"}),
-    [](const auto& row) { return std::string(row.param.name); });
+    rowName);
 
 } // namespace

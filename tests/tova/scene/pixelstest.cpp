@@ -2,6 +2,7 @@
 #include "scene/sceneprivate.h"
 
 #include "support/pictures.h"
+#include "support/rows.h"
 #include "tova/tova.h"
 
 #include <gmock/gmock.h>
@@ -55,15 +56,10 @@ QImage render(Scene& scene, double scale, double pixelRatio = 1)
     return image;
 }
 
-struct CacheCase {
-    const char* name;
+struct CacheCase : NamedRow {
     CacheType type;
     double scale;
 };
-void PrintTo(const CacheCase& c, std::ostream* out)
-{
-    *out << c.name;
-}
 class NodeCacheTest : public testing::TestWithParam<CacheCase> {};
 
 // Composing translucent pixels a second time rounds once more.
@@ -100,15 +96,10 @@ INSTANTIATE_TEST_SUITE_P(
                     CacheCase{"DeviceReduced", CacheType::DeviceCoordinateCache, 0.45},
                     CacheCase{"DeviceEnlarged", CacheType::DeviceCoordinateCache, 2}));
 
-struct RatioCase {
-    const char* name;
+struct RatioCase : NamedRow {
     double ratio;
     CacheType cache;
 };
-void PrintTo(const RatioCase& c, std::ostream* out)
-{
-    *out << c.name;
-}
 class PixelRatioTest : public testing::TestWithParam<RatioCase> {};
 
 // Fails as well where anything is drawn small and blown up.
@@ -141,14 +132,9 @@ TEST(CacheRatioTest, PicturesOfOneScreenAreNotShownOnAnother)
             << ratio;
 }
 
-struct AlignCase {
-    const char* name;
+struct AlignCase : NamedRow {
     double width, x, scale, ratio;
 };
-void PrintTo(const AlignCase& c, std::ostream* out)
-{
-    *out << c.name;
-}
 class PixelAlignTest : public testing::TestWithParam<AlignCase> {};
 
 TEST_P(PixelAlignTest, LeavesNoHalfCoveredPixels)

@@ -15,6 +15,7 @@
 
 #include <algorithm>
 #include <array>
+#include <functional>
 #include <random>
 #include <sstream>
 #include <stdexcept>
@@ -223,53 +224,31 @@ void Play::changeHierarchy(int id)
 void Play::changeStacking(int id)
 {
     RectNode node = m_handles[id].front();
-    const int reference = anyNode();
+    const int reference = anyNode(), kind = below(9);
     const Node other = m_handles[reference].front();
-    const int kind = below(9);
-    const double z = kind < 2 ? below(7) - 3.0 : 0;
+    const double z = kind < 2 ? below(7) - 3.0 : std::numeric_limits<double>::quiet_NaN();
+    const double nodeZ = m_model.nodes[id].z, otherZ = m_model.nodes[reference].z;
+    const auto setZ = [&] { node.setZValue(z); };
+    const auto expectZ = [&] { m_model.setZ(id, z); };
+    const auto placeIf = [&](bool isOnWrongSide, double direction) {
+        if (isOnWrongSide)
+            m_model.placeNextTo(id, reference, direction);
+    };
+    const std::pair<std::function<void()>, std::function<void()>> forms[] = {
+        {setZ, expectZ},
+        {setZ, expectZ},
+        {[&] { node.toTop(); }, [&] { m_model.toEdge(id, +1); }},
+        {[&] { node.toBottom(); }, [&] { m_model.toEdge(id, -1); }},
+        {[&] { node.placeAbove(other); }, [&] { placeIf(true, +1); }},
+        {[&] { node.placeBelow(other); }, [&] { placeIf(true, -1); }},
+        {[&] { node.ensureAbove(other); }, [&] { placeIf(nodeZ <= otherZ, +1); }},
+        {[&] { node.ensureBelow(other); }, [&] { placeIf(nodeZ >= otherZ, -1); }},
+        {setZ, [] {}}, // not a number
+    };
     call("stack " + std::to_string(kind) + " " + std::to_string(id) + " by " +
              std::to_string(reference) + " z " + std::to_string(z),
-         [&] {
-             switch (kind) {
-             case 0:
-             case 1:
-                 return node.setZValue(z);
-             case 2:
-                 return node.toTop();
-             case 3:
-                 return node.toBottom();
-             case 4:
-                 return node.placeAbove(other);
-             case 5:
-                 return node.placeBelow(other);
-             case 6:
-                 return node.ensureAbove(other);
-             case 7:
-                 return node.ensureBelow(other);
-             default:
-                 return node.setZValue(std::numeric_limits<double>::quiet_NaN());
-             }
-         });
-    const double nodeZ = m_model.nodes[id].z, otherZ = m_model.nodes[reference].z;
-    switch (kind) {
-    case 0:
-    case 1:
-        return m_model.setZ(id, z);
-    case 2:
-        return m_model.toEdge(id, +1);
-    case 3:
-        return m_model.toEdge(id, -1);
-    case 4:
-        return m_model.placeNextTo(id, reference, +1);
-    case 5:
-        return m_model.placeNextTo(id, reference, -1);
-    case 6:
-        return nodeZ <= otherZ ? m_model.placeNextTo(id, reference, +1) : void();
-    case 7:
-        return nodeZ >= otherZ ? m_model.placeNextTo(id, reference, -1) : void();
-    default:
-        return;
-    }
+         forms[kind].first);
+    forms[kind].second();
 }
 
 /// Of the forms for several nodes only what they promise: order kept, all beyond the reference.
@@ -332,38 +311,32 @@ void Play::changeNode(int id)
     static const Vetra::Transform transforms[] = {
         {}, Vetra::Transform::fromScale(2, -1), Vetra::Transform::fromRotateDegrees(90)};
     const unsigned color = 0xff000000u | static_cast<unsigned>(below(1 << 24));
+    const std::function<void()> changes[] = {
+        [&] { node.setVisible(model.isVisible = value > 0); },
+        [&] { node.setOpacity(model.opacity = value / 2.0); },
+        [&] { node.setStacksBehindParent(model.isBehind = value > 1); },
+        [&] { node.setClipsChildren(model.clips = value > 1); },
+        [&] { node.setIgnoresTransformations(model.ignores = value > 1); },
+        [&] { node.setPosition(model.position = Point(below(40) - 20.0, 3.0 * value)); },
+        [&] { node.setTransform(model.transform = transforms[value]); },
+        [&] {
+            model.rect.width += value;
+            node.setRect(model.rect);
+        },
+        [&] {
+            model.color = color, model.hasStroke = value > 1;
+            DrawStyle style = node.getDrawStyle();
+            style.setFill(Fill(Vetra::Color::fromPacked(color)));
+            style.setStroke(value > 1 ? Stroke(Vetra::Color::fromPacked(0xff000000), 2,
+                                               StrokeStyle::SolidLine, StrokeCapStyle::FlatCap,
+                                               StrokeJoinStyle::MiterJoin, nullptr)
+                                      : Stroke::NoStroke());
+            node.setDrawStyle(style);
+        },
+    };
     call("change " + std::to_string(kind) + " of " + std::to_string(id) + " to " +
              std::to_string(value),
-         [&] {
-             switch (kind) {
-             case 0:
-                 return node.setVisible(model.isVisible = value > 0);
-             case 1:
-                 return node.setOpacity(model.opacity = value / 2.0);
-             case 2:
-                 return node.setStacksBehindParent(model.isBehind = value > 1);
-             case 3:
-                 return node.setClipsChildren(model.clips = value > 1);
-             case 4:
-                 return node.setIgnoresTransformations(model.ignores = value > 1);
-             case 5:
-                 return node.setPosition(model.position = {below(40) - 20.0, 3.0 * value});
-             case 6:
-                 return node.setTransform(model.transform = transforms[value]);
-             case 7:
-                 model.rect.width += value;
-                 return node.setRect(model.rect);
-             default:
-                 model.color = color, model.hasStroke = value > 1;
-                 DrawStyle style = node.getDrawStyle();
-                 style.setFill(Fill(Vetra::Color::fromPacked(color)));
-                 style.setStroke(value > 1 ? Stroke(Vetra::Color::fromPacked(0xff000000), 2,
-                                                    StrokeStyle::SolidLine, StrokeCapStyle::FlatCap,
-                                                    StrokeJoinStyle::MiterJoin, nullptr)
-                                           : Stroke::NoStroke());
-                 return node.setDrawStyle(style);
-             }
-         });
+         changes[kind]);
     const bool isSame = before.isVisible == model.isVisible && before.opacity == model.opacity &&
                         before.isBehind == model.isBehind && before.clips == model.clips &&
                         before.ignores == model.ignores && before.position == model.position &&
@@ -477,26 +450,19 @@ void Play::step()
     const int id = anyNode();
     if (id < 0 || (oneIn(8) && m_handles.size() < 14))
         return makeNode();
-    switch (below(12)) {
-    case 0:
-    case 1:
-    case 2:
-    case 3:
-        return changeHierarchy(id);
-    case 4:
-    case 5:
-        return changeStacking(id);
-    case 6:
-    case 7:
-    case 8:
-        return changeNode(id);
-    case 9:
-        return oneIn(2) ? changeTags(id) : stackSeveral(id);
-    case 10:
-        return changeScene(anyScene());
-    default:
-        return changeHandles(id);
-    }
+    const int kind = below(12);
+    if (kind < 4)
+        changeHierarchy(id);
+    else if (kind < 6)
+        changeStacking(id);
+    else if (kind < 9)
+        changeNode(id);
+    else if (kind == 9)
+        oneIn(2) ? changeTags(id) : stackSeveral(id);
+    else if (kind == 10)
+        changeScene(anyScene());
+    else
+        changeHandles(id);
 }
 
 std::vector<int> Play::idsOf(const std::vector<Node>& nodes) const

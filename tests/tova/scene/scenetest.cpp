@@ -1,14 +1,13 @@
 #include "tova/scene/scene.h"
 
 #include "host/displayquery.h"
+#include "support/rows.h"
 #include "tova/nodes/rectnode.h"
 #include "tova/nodes/shapenode.h"
 #include "tova/nodes/textnode.h"
-#include "tova/scene/scenechangetracker.h"
 #include "vetra/error.h"
 #include "vetra/qt.h"
 
-#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <QFile>
@@ -22,7 +21,6 @@
 namespace {
 
 using namespace Tova2;
-using testing::ElementsAre;
 using Rect = Vetra::GLRect<double>;
 
 RectNode filled(const Rect& rect, unsigned color = 0xff0000ff)
@@ -49,31 +47,6 @@ TEST_F(SceneTest, StartsWithTheDocumentedSettings)
     EXPECT_TRUE(m_scene->getLODStrategyKey().empty());
     EXPECT_EQ(m_scene->getDpiX(), 72);
     EXPECT_EQ(m_scene->getDpiY(), 72);
-}
-
-TEST_F(SceneTest, AddingTwiceCountsAndReportsOnce)
-{
-    struct Log : SceneChangeTracker {
-        void nodeAdded(Node node) override { lines.push_back("added " + name(node)); }
-        void nodeRemoved(Node node) override { lines.push_back("removed " + name(node)); }
-        void nodeChanged(Node node) override { lines.push_back("changed " + name(node)); }
-        static std::string name(const Node& node) { return node.getTags().front().str(); }
-        std::vector<std::string> lines;
-    } log;
-    RectNode parent, child, grandchild;
-    parent.addTag(Vetra::StringID("parent"));
-    child.addTag(Vetra::StringID("child"));
-    grandchild.addTag(Vetra::StringID("grandchild"));
-    child.setParent(parent);
-    grandchild.setParent(child);
-    m_scene->beginChangeTracking(&log);
-    m_scene->addNode(parent);
-    m_scene->addNode(parent);
-    EXPECT_THAT(log.lines, ElementsAre("added parent", "added child", "added grandchild"));
-    EXPECT_EQ(m_scene->getSceneNodeChangeCounter(), 2u);
-    m_scene->endChangeTracking();
-    m_scene->removeNode(parent);
-    EXPECT_EQ(log.lines.size(), 3u);
 }
 
 TEST_F(SceneTest, CreationStylesComeOffInReverseOrder)
@@ -147,18 +120,12 @@ TEST_F(SceneTest, IsRefusedWithoutADisplay)
     }
 }
 
-struct RenderCase {
-    const char* name;
+struct RenderCase : NamedRow {
     int margin;
     Rect area;
     double scale;
     Vetra::Size<int> size; ///< 0 where the image is to be null
 };
-
-void PrintTo(const RenderCase& row, std::ostream* out)
-{
-    *out << row.name;
-}
 
 class SceneRenderTest : public SceneTest, public testing::WithParamInterface<RenderCase> {};
 
@@ -186,7 +153,7 @@ INSTANTIATE_TEST_SUITE_P(
                     RenderCase{"TooManyBytes", 0, {0, 0, 30000, 30000}, 1, {0, 0}},
                     RenderCase{"ZeroScale", 0, {}, 0, {0, 0}},
                     RenderCase{"NaNScale", 0, {}, kNaN, {0, 0}}),
-    [](const testing::TestParamInfo<RenderCase>& row) { return row.param.name; });
+    rowName);
 
 TEST_F(SceneTest, AnEmptySceneGivesAWhiteSquare)
 {

@@ -1,4 +1,5 @@
 #include "tova/nodes/style/lodscale.h"
+#include "support/rows.h"
 #include "tova/nodes/style/lodcolordepth.h"
 
 #include <gtest/gtest.h>
@@ -9,16 +10,10 @@ namespace {
 constexpr double nan = std::numeric_limits<double>::quiet_NaN();
 constexpr double infinity = std::numeric_limits<double>::infinity();
 
-struct ScaleCase {
-    const char* name;
+struct ScaleCase : NamedRow {
     const LodScale* function;
     double viewScale, multiplier;
 };
-std::string caseName(const testing::TestParamInfo<ScaleCase>& info)
-{
-    return info.param.name;
-}
-
 class LodScaleTest : public testing::TestWithParam<ScaleCase> {};
 
 TEST_P(LodScaleTest, Multiplies)
@@ -58,7 +53,7 @@ const ScaleCase functionsRows[] = {
     // 2 to the power of -7.
     {"SelectionAt1024", selection, 1024, 1.0 / 128},
 };
-INSTANTIATE_TEST_SUITE_P(Functions, LodScaleTest, testing::ValuesIn(functionsRows), caseName);
+INSTANTIATE_TEST_SUITE_P(Functions, LodScaleTest, testing::ValuesIn(functionsRows), rowName);
 
 TEST(LodScaleTest, NoViewScaleGivesAnUnusableMultiplier)
 {

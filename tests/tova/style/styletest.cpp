@@ -1,3 +1,4 @@
+#include "support/rows.h"
 #include "tova/nodes/style/drawstyle.h"
 #include "tova/style/lowcolor.h"
 
@@ -40,16 +41,10 @@ TEST(StrokeTest, DefaultsAreCosmeticBlackAndNoStrokeIsTransparent)
     EXPECT_FALSE(Stroke(StrokeStyle::DotLine).isNoStroke());
 }
 
-struct WidthCase {
-    const char* name;
+struct WidthCase : NamedRow {
     Stroke stroke;
     double viewScale, width;
 };
-std::string widthName(const testing::TestParamInfo<WidthCase>& info)
-{
-    return info.param.name;
-}
-
 class StrokeWidthTest : public testing::TestWithParam<WidthCase> {};
 
 TEST_P(StrokeWidthTest, IsInSceneUnits)
@@ -81,7 +76,7 @@ const WidthCase strokesRows[] = {
     {"FunctionGivesNegative", solid(red, 3, &negativeScale), 1, 0},
     {"FunctionGivesInfinity", solid(red, 3, &endlessScale), 1, most},
 };
-INSTANTIATE_TEST_SUITE_P(Strokes, StrokeWidthTest, testing::ValuesIn(strokesRows), widthName);
+INSTANTIATE_TEST_SUITE_P(Strokes, StrokeWidthTest, testing::ValuesIn(strokesRows), rowName);
 
 TEST(StrokeTest, BadWidthsAndNullFunctionsAreRefused)
 {
@@ -132,17 +127,11 @@ TEST(FillTest, FewColoursTurnAGradientIntoItsFirst)
     EXPECT_EQ(Fill(Vetra::Gradient()).color().packed(), 1u);
 }
 
-struct OpaqueCase {
-    const char* name;
+struct OpaqueCase : NamedRow {
     Stroke stroke;
     Fill fill;
     bool opaque;
 };
-std::string opaqueName(const testing::TestParamInfo<OpaqueCase>& info)
-{
-    return info.param.name;
-}
-
 class DrawStyleOpaqueTest : public testing::TestWithParam<OpaqueCase> {};
 
 TEST_P(DrawStyleOpaqueTest, TellsWhetherAllBelowIsHidden)
@@ -161,28 +150,7 @@ const OpaqueCase stylesRows[] = {
     {"GradientUnderTranslucentStroke", solid(glass), gradientOf(red, blue), false},
     {"GradientWithoutStops", solid(red), Vetra::Gradient(), false},
 };
-INSTANTIATE_TEST_SUITE_P(Styles, DrawStyleOpaqueTest, testing::ValuesIn(stylesRows), opaqueName);
-
-TEST(DrawStyleTest, DefaultsAndFlags)
-{
-    DrawStyle style;
-    EXPECT_EQ(style, DrawStyle(Stroke(StrokeStyle::SolidLine), Fill()));
-    EXPECT_TRUE(style.effect().isEmpty());
-    EXPECT_FALSE(style.isAntiAliased() || style.isPixelAligned());
-    style.setIsPixelAligned(true);
-    EXPECT_FALSE(style.isAntiAliased());
-    EXPECT_NE(style, DrawStyle());
-}
-
-TEST(DrawStyleTest, CopiesShareNothing)
-{
-    DrawStyle style;
-    style.setEffect(Effect::createEffect(Effect::Overlay(red)));
-    const DrawStyle copy = style;
-    EXPECT_EQ(copy, style);
-    style.setEffect(Effect());
-    EXPECT_TRUE(copy.effect().isValid(Effect::Type::Overlay));
-}
+INSTANTIATE_TEST_SUITE_P(Styles, DrawStyleOpaqueTest, testing::ValuesIn(stylesRows), rowName);
 
 } // namespace
 } // namespace Tova2
