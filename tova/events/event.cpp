@@ -21,6 +21,7 @@ EventCanvas::~EventCanvas() = default;
 Event::Event(EventType type, EventCanvas* canvas, bool isSyntheticAutoscroll)
     : m_scene(canvas ? canvas->getScene() : nullptr)
     , m_canvas(canvas)
+    , m_watch(canvas)
     , m_type(type)
     , m_isSyntheticAutoscroll(isSyntheticAutoscroll)
     , m_serialNumber(nextSerialNumber())

@@ -209,6 +209,17 @@ TEST(EventTest, PositionsAreThoseOfTheCanvasItArrivedOn)
     EXPECT_EQ(stray.scenePos(), (Vetra::GLPoint<double>{4, 6}));
 }
 
+TEST(EventTest, CanvasThatAHandlerDestroysIsNoneFromThenOn)
+{
+    auto canvas = std::make_unique<FakeCanvas>();
+    const ContextMenuEvent event(EventType::ContextMenuEvent,
+                                 {.widget = canvas.get(), .position = {4, 6}});
+    const ContextMenuEvent copy(event);
+    canvas.reset();
+    EXPECT_EQ(copy.canvas(), nullptr);
+    EXPECT_EQ(event.scenePos(), (Vetra::GLPoint<double>{4, 6}));
+}
+
 TEST(EventTest, MadeUpMouseEventKeepsTheScenePositionAndCutsOffTheOthers)
 {
     FakeCanvas canvas;

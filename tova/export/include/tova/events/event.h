@@ -2,13 +2,10 @@
 
 #include "tova/events/eventtype.h"
 #include "tova/tova_export.h"
+#include "vetra/eventsource.h"
 
 #include <cstdint>
 #include <string>
-
-namespace Vetra {
-class EventSource;
-}
 
 namespace Tova2 {
 
@@ -41,8 +38,8 @@ public:
     bool isConsumed() const noexcept { return m_isConsumed; }
 
     EventType type() const noexcept { return m_type; }
-    /// Null for an event that did not arrive on a canvas.
-    EventCanvas* canvas() const noexcept { return m_canvas; }
+    /// Null for an event that did not arrive on a canvas, and once a handler has destroyed it.
+    EventCanvas* canvas() const noexcept { return m_watch.isAlive() ? m_canvas : nullptr; }
     /// That the canvas showed when the event was made; null without a canvas.
     Scene* scene() const noexcept { return m_scene; }
     /// The first event of the process has 1, each new one the next number. Any thread.
@@ -64,6 +61,7 @@ private:
 
     Scene* m_scene;
     EventCanvas* m_canvas;
+    Vetra::EventSource::Watch m_watch;
     bool m_isConsumed = false;
     EventType m_type;
     bool m_isSyntheticAutoscroll;
