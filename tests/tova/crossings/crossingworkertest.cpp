@@ -150,6 +150,25 @@ TEST_F(CrossingWorkerTest, ChangedPiecesKeepTheirPlaceInTheOrder)
     EXPECT_EQ(m_published.of(column)[1].other, high);
 }
 
+TEST_F(CrossingWorkerTest, ThePlaceOfANodeThatLeftIsGivenToOneOtherOnly)
+{
+    const auto updateAll = [this] {
+        for (std::size_t i = 1; i < 200; ++i)
+            m_worker->nodeUpdated(m_model.path(i).ref);
+        runAll();
+    };
+    for (int i = 0; i < 200; ++i)
+        add({{0, 10.0 * i + 5}, {1000, 10.0 * i + 5}});
+    m_model.takeOut(0);
+    m_worker->nodeRemoved(m_model.path(0).ref);
+    updateAll();
+    updateAll();
+    add({{20, 0}, {20, 30}});
+    add({{40, 0}, {40, 50}});
+    runAll();
+    compareWithModel("after whole passes");
+}
+
 TEST_F(CrossingWorkerTest, AnEditTouchesOnlyThoseItConcerns)
 {
     for (int i = 0; i < 50; ++i)
@@ -260,6 +279,7 @@ TEST_F(CrossingWorkerTest, ItMayDieWhileItPublishes)
 TEST_F(CrossingWorkerTest, WhatAnUpdateCausesIsFoundByTheNextPass)
 {
     const WeakRef row = add({{0, 10}, {90, 10}});
+    add({{10, 0}, {10, 99}});
     m_published.onFound = [&] {
         if (m_model.size() < 4)
             add({{10.0 * m_model.size(), 0}, {10.0 * m_model.size(), 99}});

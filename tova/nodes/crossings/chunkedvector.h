@@ -24,14 +24,16 @@ public:
 
     void push_back(const T& value)
     {
-        reserve(m_size + 1);
+        if (m_size == m_chunks.size() << kShift)
+            addChunk();
         new (&at(m_size)) T(value);
         ++m_size;
     }
     /// The new elements have no values yet.
     void grow(std::size_t size)
     {
-        reserve(size);
+        while (m_chunks.size() << kShift < size)
+            addChunk();
         m_size = size;
     }
     /// Frees a part; true while there is more. Whoever has much to free does so step by step.
@@ -44,10 +46,9 @@ public:
     }
 
 private:
-    void reserve(std::size_t size)
+    void addChunk()
     {
-        while (m_chunks.size() << kShift < size)
-            m_chunks.push_back(std::make_unique_for_overwrite<std::byte[]>(sizeof(T) << kShift));
+        m_chunks.push_back(std::make_unique_for_overwrite<std::byte[]>(sizeof(T) << kShift));
     }
     T& at(std::size_t i) const
     {

@@ -23,7 +23,6 @@ std::uint32_t State::slotOf(const WeakRef& node)
         checkSize(nodes.size() + 1);
         freeSlots.push_back(static_cast<std::uint32_t>(nodes.size()));
         nodes.emplace_back();
-        pairBlocks.emplace_back();
     }
     const std::uint32_t slot = freeSlots.back();
     slots.emplace(node, slot);
@@ -105,7 +104,6 @@ void State::freeIfGone(std::uint32_t slot)
         return;
     slots.erase(node.node);
     node = CrossingNode();
-    pairBlocks[slot] = {};
     freeSlots.push_back(slot);
 }
 

@@ -1,9 +1,9 @@
 #pragma once
 
 #include "nodes/crossings/chunkedvector.h"
+#include "nodes/crossings/crossingindex.h"
 #include "nodes/crossings/crossinginterfaces.h"
 #include "nodes/crossings/pathintersectionsworker.h"
-#include "nodes/crossings/pathsegment.h"
 
 #include <cstdint>
 #include <deque>
@@ -24,6 +24,9 @@ struct CrossingNode {
     WeakRef node;
     std::uint32_t changeLevel = 0; ///< how many of its updates were accepted
     TableBlock segments;
+    TableBlock indexed; ///< those that it had in the last whole pass
+    TableBlock pairs;   ///< in the table of pairs, if they are from after the last whole pass
+    std::uint32_t pairsPass = 0;
     std::uint64_t rank = 0;     ///< by when it was first reported
     std::uint64_t sortRank = 0; ///< the rank that its segments have in the tables
     bool isRegistered : 1 = false;
@@ -33,21 +36,8 @@ struct CrossingNode {
     bool isAffected : 1 = false; ///< swept, not yet published
     bool hasPublished : 1 = false;
 
+    bool isFree() const { return node == WeakRef(); }
     bool isPending() const { return isUpdateQueued || isRemovalQueued; }
-};
-
-/// Pieces in sorted, packed form, for scans. A piece may have become stale since.
-struct SegmentIndex {
-    struct Vertical {
-        double x, y1, y2;
-        std::uint32_t segment, node;
-    };
-    struct Horizontal {
-        double y, left, right;
-        std::uint32_t segment, node;
-    };
-    ScratchArray<Vertical> verticals;     ///< by x
-    ScratchArray<Horizontal> horizontals; ///< by y
 };
 
 /// The worker's tables. Shared with the tasks, so that a task that outlives its session still has
@@ -74,12 +64,12 @@ struct PathIntersectionsWorker::State {
     ChunkedVector<PathSegment> segments;
     std::size_t verticalCount = 0; ///< not stale
     std::size_t horizontalCount = 0;
-    SegmentIndex index;               ///< as of the last whole pass
+    CrossingIndex index; ///< as of the last whole pass
+    std::uint32_t wholePasses = 0;
     std::vector<std::uint32_t> loose; ///< taken since, so not in the index
+    /// Of nodes whose crossings are others than in the index, node by node.
     ChunkedVector<CrossingPair> pairs;
-    /// By node: its crossings, in order; one with itself twice in a row.
-    std::vector<TableBlock> pairBlocks;
-    std::size_t pairCount = 0; ///< in use
+    std::size_t pairCount = 0; ///< over all nodes; each crossing counts twice
 
     std::vector<std::uint32_t> dirty;    ///< nodes accepted and not yet swept
     std::vector<std::uint32_t> affected; ///< nodes to publish
@@ -91,6 +81,7 @@ struct PathIntersectionsWorker::State {
     std::size_t liveCount() const { return verticalCount + horizontalCount; }
     bool isIdle() const { return updates.empty() && removals.empty() && isPublished; }
     CrossingNode& nodeOf(const PathSegment& segment) { return nodes[segment.node]; }
+    bool hasOwnPairs(const CrossingNode& node) const { return node.pairsPass == wholePasses; }
     /// Throws tova:nodes/list<T> too long where a table cannot take `size`.
     void checkSize(std::size_t size) const;
 

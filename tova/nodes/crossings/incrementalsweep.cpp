@@ -34,7 +34,7 @@ bool IncrementalSweep::isWorthwhile(State& state)
     return state.loose.size() <= limit;
 }
 
-IncrementalSweep::IncrementalSweep(State& state) : m_state(state)
+IncrementalSweep::IncrementalSweep(State& state) : m_state(state), m_old(state)
 {
     for (const std::uint32_t slot : state.dirty) {
         const TableBlock& block = state.nodes[slot].segments;
@@ -71,7 +71,7 @@ void IncrementalSweep::meetVerticals(const PathSegment& own, std::uint32_t id)
 {
     const auto& all = m_state.index.verticals;
     const double y = own.p1.y;
-    const auto* v = std::ranges::upper_bound(all, own.p1.x, {}, &SegmentIndex::Vertical::x);
+    const auto* v = std::ranges::upper_bound(all, own.p1.x, {}, &CrossingIndex::Vertical::x);
     for (; v != all.end() && v->x < own.p2.x; ++v) {
         if (v->y1 < y && y < v->y2)
             add({v->segment, id});
@@ -82,7 +82,7 @@ void IncrementalSweep::meetHorizontals(const PathSegment& own, std::uint32_t id)
 {
     const auto& all = m_state.index.horizontals;
     const double x = own.p1.x;
-    const auto* h = std::ranges::upper_bound(all, own.p1.y, {}, &SegmentIndex::Horizontal::y);
+    const auto* h = std::ranges::upper_bound(all, own.p1.y, {}, &CrossingIndex::Horizontal::y);
     for (; h != all.end() && h->y < own.p2.y; ++h) {
         if (h->left < x && x < h->right)
             add({id, h->segment});
@@ -121,9 +121,7 @@ void IncrementalSweep::prepareRebuild()
     });
     for (const std::uint32_t slot : m_state.dirty) {
         noteNode(slot);
-        const TableBlock& block = m_state.pairBlocks[slot];
-        for (std::uint32_t i = 0; i < block.count; ++i) {
-            const CrossingPair& pair = m_state.pairs[block.first + i];
+        for (const CrossingPair& pair : m_old.of(slot)) {
             noteNode(m_state.segments[pair.vertical].node);
             noteNode(m_state.segments[pair.horizontal].node);
         }
@@ -148,15 +146,14 @@ bool IncrementalSweep::isObsolete(const CrossingPair& pair) const
 
 void IncrementalSweep::rebuild(std::uint32_t node)
 {
-    const TableBlock& block = m_state.pairBlocks[node];
+    const auto old = m_old.of(node);
     std::vector<CrossingPair> kept;
-    for (std::uint32_t i = 0; i < block.count; ++i) {
-        const CrossingPair& pair = m_state.pairs[block.first + i];
+    for (const CrossingPair& pair : old) {
         if (!isObsolete(pair))
             kept.push_back(pair);
     }
     const auto added = std::ranges::equal_range(m_added, node, {}, &Added::node);
-    Rebuilt rebuilt{node, {}};
+    Rebuilt rebuilt{node, old.size(), {}};
     rebuilt.pairs.reserve(kept.size() + added.size());
     auto next = kept.cbegin();
     for (const Added& one : added) {
@@ -175,10 +172,11 @@ void IncrementalSweep::commit()
         size += rebuilt.pairs.size();
     m_state.checkSize(size);
     for (const Rebuilt& rebuilt : m_rebuilt) {
-        TableBlock& block = m_state.pairBlocks[rebuilt.node];
-        m_state.pairCount += rebuilt.pairs.size() - block.count;
-        block = {static_cast<std::uint32_t>(m_state.pairs.size()),
-                 static_cast<std::uint32_t>(rebuilt.pairs.size())};
+        CrossingNode& node = m_state.nodes[rebuilt.node];
+        m_state.pairCount += rebuilt.pairs.size() - rebuilt.oldCount;
+        node.pairsPass = m_state.wholePasses;
+        node.pairs = {static_cast<std::uint32_t>(m_state.pairs.size()),
+                      static_cast<std::uint32_t>(rebuilt.pairs.size())};
         for (const CrossingPair& pair : rebuilt.pairs)
             m_state.pairs.push_back(pair);
         m_state.markAffected(rebuilt.node);

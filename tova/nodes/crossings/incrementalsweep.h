@@ -1,6 +1,7 @@
 #pragma once
 
 #include "nodes/crossings/crossingstate.h"
+#include "nodes/crossings/nodepairs.h"
 
 #include "host/task.h"
 
@@ -31,6 +32,7 @@ private:
     };
     struct Rebuilt {
         std::uint32_t node;
+        std::size_t oldCount;
         std::vector<CrossingPair> pairs;
     };
 
@@ -46,6 +48,7 @@ private:
     void commit();
 
     State& m_state;
+    NodePairs m_old;
     std::vector<std::uint32_t> m_segments; ///< of changed nodes
     std::vector<Added> m_added;
     std::vector<std::uint32_t> m_nodes; ///< whose crossings are different

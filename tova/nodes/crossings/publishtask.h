@@ -1,11 +1,13 @@
 #pragma once
 
 #include "nodes/crossings/pathxworkertask.h"
+#include "nodes/crossings/recordbuilder.h"
 
+#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <memory>
-#include <vector>
+#include <optional>
 
 namespace Tova2 {
 
@@ -20,27 +22,26 @@ protected:
     bool runSteps(Host::TaskBudget& budget) override;
 
 private:
-    enum class Phase { Begin, Build, Finish };
+    using Phase = bool (PublishTask::*)(Host::TaskBudget&);
+    static const std::array<Phase, 3> kPhases;
 
     bool begin();
-    void build(std::uint32_t slot);
-    PathIntersection record(const CrossingPair& pair, bool isVerticals, bool isSecondOfOwn);
-    std::vector<PathIntersection> recordsOf(std::uint32_t slot);
-    void prefetch(std::size_t pair, std::size_t end);
-    bool isLeftOut(std::uint32_t slot) const;
-    void deliver();
-    void leaveOutLate();
+    bool build(Host::TaskBudget& budget) { return m_builder->run(budget); }
+    bool settle(Host::TaskBudget& budget);
+    bool pruneSome(Host::TaskBudget& budget);
     void leaveOut(std::uint32_t slot);
-    void finish(std::uint32_t slot);
+    void deliver();
+    bool finish(Host::TaskBudget& budget);
     void startAnother(int round);
 
     std::weak_ptr<Host::OrderedTaskSession> m_session;
     int m_round;
-    bool m_isAnyLeftOut = false;
-    Phase m_phase = Phase::Begin;
+    std::optional<RecordBuilder> m_builder; ///< from the first slice on
+    std::size_t m_phase = 0;
     std::size_t m_cursor = 0;
-    PathIntersectionsUpdate m_update;
-    std::vector<std::uint32_t> m_itemOf; ///< by slot: 1 + the place in the update
+    int m_pruneCount = 0;
+    std::size_t m_pruneCursor = 0;
+    std::uint64_t m_deaths = 0; ///< when pruning began
 };
 
 } // namespace Tova2

@@ -35,4 +35,22 @@ bool slicedEach(std::size_t& cursor, std::size_t end, Host::TaskBudget& budget, 
     return cursor == end;
 }
 
+/// The same for elements that may be much work each: `body` returns how much, in units of which a
+/// thousand or so may pass between two looks at the clock.
+template <class Body>
+bool slicedByWork(std::size_t& cursor, std::size_t end, Host::TaskBudget& budget, Body&& body)
+{
+    constexpr std::size_t kMuch = 4096;
+    std::size_t work = 0;
+    while (cursor < end) {
+        work += body(cursor++);
+        const bool isMuch = work >= kMuch;
+        if (isMuch)
+            work = 0;
+        if (isMuch ? budget.isSpentAfterLongStep() : budget.isSpentAfterStep())
+            break;
+    }
+    return cursor == end;
+}
+
 } // namespace Tova2

@@ -28,6 +28,8 @@ public:
     /// Null once the element is dead.
     NodeImpl* getImpl() const noexcept;
     std::size_t hashValue() const noexcept;
+    /// What a copy has to touch: worth fetching ahead of many copies.
+    const void* copiedAddress() const noexcept { return m_anchor.get(); }
     /// How many elements have died that references were made to: while it stays the same, those
     /// that were alive still are.
     static std::uint64_t deathCount() noexcept;

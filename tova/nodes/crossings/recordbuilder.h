@@ -1,0 +1,62 @@
+#pragma once
+
+#include "nodes/crossings/nodepairs.h"
+
+#include "host/task.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <span>
+#include <vector>
+
+namespace Tova2 {
+
+/// Makes the records of all affected nodes.
+///
+/// What a record tells of the other path lies anywhere in memory. So the crossings of several nodes
+/// are collected first, and what they need is fetched for many at a time.
+class RecordBuilder {
+public:
+    using State = PathIntersectionsWorker::State;
+
+    /// Pending nodes and all crossings with them may be left out.
+    RecordBuilder(State& state, bool leavesOutPending);
+
+    /// True when all are made.
+    bool run(Host::TaskBudget& budget);
+    PathIntersectionsUpdate& update() { return m_update; }
+    /// Null for a node that is not in the update.
+    std::vector<PathIntersection>* recordsOf(std::uint32_t slot);
+
+private:
+    struct Job {
+        std::uint32_t slot;
+        std::size_t end; ///< of its crossings among those that are collected
+    };
+
+    bool collect(Host::TaskBudget& budget);
+    bool build(Host::TaskBudget& budget);
+    void fetch(std::span<const CrossingPair> pairs) const;
+    void addRecords(std::size_t from, std::size_t to);
+    void addRecord(std::uint32_t slot, const CrossingPair& pair);
+    PathIntersection record(const CrossingPair& pair, bool isVerticals, bool isSecondOfOwn);
+    void endNodes(std::size_t pairCursor);
+    void endNode(std::uint32_t slot);
+    bool isLeftOut(std::uint32_t slot) const;
+
+    State& m_state;
+    bool m_leavesOutPending;
+    PathIntersectionsUpdate m_update;
+    std::vector<std::uint32_t> m_itemOf; ///< by slot: 1 + the place in the update
+
+    std::size_t m_nodeCursor = 0; ///< among the affected
+    NodePairs m_pairs;            ///< of the nodes from there back to the first job's
+    bool m_isCollecting = false;  ///< those of a node
+    std::vector<Job> m_jobs;
+    std::size_t m_jobCursor = 0;
+    std::size_t m_pairCursor = 0;
+    std::vector<PathIntersection> m_records; ///< of the node whose job is under way
+    bool m_isSecond = false;                 ///< of two for one crossing of a path with itself
+};
+
+} // namespace Tova2
