@@ -1,98 +1,14 @@
 // Finding crossings, against a sweep that keeps its active rows in a std::set by y.
+#include "crossinglayouts.h"
+
 #include "nodes/crossings/crossingstate.h"
 #include "nodes/crossings/linesweeptask.h"
-#include "nodes/crossings/pathintersectionsworker.h"
 
-#include "tova/nodes/rectnode.h"
-
-#include <benchmark/benchmark.h>
-
-#include <chrono>
-#include <cmath>
-#include <optional>
-#include <random>
 #include <set>
-#include <unordered_map>
 
 namespace {
 
 using namespace Tova2;
-using Point = Vetra::GLPoint<double>;
-using Points = std::vector<Point>;
-
-enum Layout { Diagram, Comb };
-
-/// Connectors of four pieces between blocks of a grid, most of them near each other.
-std::vector<Points> makeDiagram(std::size_t segmentCount)
-{
-    std::mt19937 random(1);
-    const auto side = static_cast<int>(std::sqrt(static_cast<double>(segmentCount) / 4)) + 1;
-    const auto within = [&](int end) { return static_cast<double>(random() % end); };
-    std::vector<Points> paths;
-    for (std::size_t i = 0; i < segmentCount / 4; ++i) {
-        const double x = within(side) * 100 + within(80), y = within(side) * 60 + within(40);
-        const double reach = i % 50 ? 3 : side;
-        const double dx = std::round((within(200) - 100) * reach),
-                     dy = std::round((within(200) - 100) * reach);
-        const double turn = x + std::round(dx * within(100) / 100);
-        paths.push_back(
-            {{x, y}, {turn, y}, {turn, y + dy}, {x + dx, y + dy}, {x + dx, y + dy + 20}});
-    }
-    return paths;
-}
-
-/// Half of the pieces are rows over the whole width, so all are active at once; each of the others
-/// crosses four of them.
-std::vector<Points> makeComb(std::size_t segmentCount)
-{
-    std::vector<Points> paths;
-    const std::size_t rows = segmentCount / 2;
-    for (std::size_t i = 0; i < rows; ++i) {
-        const double y = static_cast<double>(i) * 10;
-        const double x = static_cast<double>(i * 7919 % rows) + 1;
-        paths.push_back({{0, y}, {static_cast<double>(rows) + 10, y}});
-        paths.push_back({{x, y - 15}, {x, y + 25}});
-    }
-    return paths;
-}
-
-class Paths final : public CrossingSource, public CrossingResults {
-public:
-    explicit Paths(std::vector<Points> paths) : m_paths(std::move(paths)), m_nodes(m_paths.size())
-    {
-        for (std::size_t i = 0; i < m_paths.size(); ++i) {
-            m_nodes[i].setOpacity(0.5);
-            m_refs.emplace_back(m_nodes[i]);
-            m_byImpl.emplace(m_refs[i].getImpl(), i);
-        }
-    }
-
-    bool describe(const WeakRef& node, CrossingPath& path) override
-    {
-        path.points = m_paths[m_next ? *m_next : m_byImpl.at(node.getImpl())];
-        if (m_next)
-            ++*m_next;
-        return true;
-    }
-    void crossingsFound(PathIntersectionsUpdate&& update) override { m_last = std::move(update); }
-    /// The worker asks for all, in order: keeps the look-up of the bench out of the figures.
-    void expectAll() { m_next = 0; }
-    void expectAny() { m_next.reset(); }
-    void reportAll(PathIntersectionsWorker& worker)
-    {
-        for (const WeakRef& ref : m_refs)
-            worker.nodeUpdated(ref);
-    }
-
-    std::vector<Points> m_paths;
-    std::vector<RectNode> m_nodes;
-    std::vector<WeakRef> m_refs;
-    PathIntersectionsUpdate m_last;
-
-private:
-    std::optional<std::size_t> m_next;
-    std::unordered_map<NodeImpl*, std::size_t> m_byImpl;
-};
 
 struct Row {
     double y, left, right;
@@ -150,11 +66,6 @@ void setSweep(Pieces& pieces, Visit&& visit)
              row != active.end() && row->first < column.bottom; ++row)
             visit(column, pieces.rows[row->second]);
     }
-}
-
-std::vector<Points> makePaths(const benchmark::State& state)
-{
-    return state.range(0) == Comb ? makeComb(state.range(1)) : makeDiagram(state.range(1));
 }
 
 void BM_PeerSetSweepCounts(benchmark::State& state)
@@ -240,51 +151,17 @@ void BM_OneMoved(benchmark::State& state)
     std::size_t next = 0;
     for (auto _ : state) {
         next = (next + 7919) % paths.m_paths.size();
-        for (Point& point : paths.m_paths[next])
+        for (auto& point : paths.m_paths[next])
             point.x += 5;
         worker.nodeUpdated(paths.m_refs[next]);
         manager.runAll();
     }
 }
 
-/// How long the user waits at most for one slice of 4 ms.
-void BM_LongestSlice(benchmark::State& state)
-{
-    using Clock = std::chrono::steady_clock;
-    Paths paths(makePaths(state));
-    double longest = 0;
-    for (auto _ : state) {
-        Host::CooperativeTaskManager manager(
-            [] { return std::chrono::nanoseconds(Clock::now().time_since_epoch()); });
-        PathIntersectionsWorker worker(paths, paths, manager);
-        paths.expectAll();
-        paths.reportAll(worker);
-        for (bool isLeft = true; isLeft;) {
-            const auto start = Clock::now();
-            isLeft = manager.runSlice();
-            longest = std::max(
-                longest, std::chrono::duration<double, std::milli>(Clock::now() - start).count());
-        }
-    }
-    state.counters["longest_ms"] = longest;
-}
-
-void sizes(benchmark::internal::Benchmark* bench)
-{
-    for (const int layout : {Diagram, Comb}) {
-        for (const int count : {10'000, 100'000, 1'000'000})
-            bench->Args({layout, count});
-    }
-    bench->ArgNames({"comb", "segments"})->Unit(benchmark::kMillisecond);
-}
-
-BENCHMARK(BM_PeerSetSweepCounts)->Apply(sizes);
-BENCHMARK(BM_Sweep)->Apply(sizes);
-BENCHMARK(BM_PeerSetSweepWithRecords)->Apply(sizes);
-BENCHMARK(BM_WholePass)->Apply(sizes);
-BENCHMARK(BM_OneMoved)->Apply(sizes);
-BENCHMARK(BM_LongestSlice)->Apply(sizes)->Iterations(1);
+BENCHMARK(BM_PeerSetSweepCounts)->Apply(crossingSizes);
+BENCHMARK(BM_Sweep)->Apply(crossingSizes);
+BENCHMARK(BM_PeerSetSweepWithRecords)->Apply(crossingSizes);
+BENCHMARK(BM_WholePass)->Apply(crossingSizes);
+BENCHMARK(BM_OneMoved)->Apply(crossingSizes);
 
 } // namespace
-
-BENCHMARK_MAIN();

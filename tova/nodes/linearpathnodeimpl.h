@@ -78,9 +78,11 @@ private:
     struct Crossings;
 
     void reportPoints();
+    void keep(std::vector<PathIntersection>&& crossings) const;
 
     std::vector<QPointF> m_points;
-    std::unique_ptr<Crossings> m_crossings; ///< null where there are none
+    /// Null where there are none. What the scene has found since is taken when it is needed.
+    mutable std::unique_ptr<Crossings> m_crossings;
     bool m_areCrossingsStale = false;
 };
 

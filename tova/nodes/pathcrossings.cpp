@@ -48,11 +48,19 @@ LinearPathNodeImpl::~LinearPathNodeImpl() = default;
 
 std::span<const PathIntersection> LinearPathNodeImpl::crossings() const
 {
+    std::vector<PathIntersection> found;
+    if (sceneLink() && sceneLink()->takeCrossings(*this, found))
+        keep(std::move(found));
     return m_crossings ? std::span<const PathIntersection>(m_crossings->records)
                        : std::span<const PathIntersection>();
 }
 
 void LinearPathNodeImpl::setCrossings(std::vector<PathIntersection>&& crossings)
+{
+    keep(std::move(crossings));
+}
+
+void LinearPathNodeImpl::keep(std::vector<PathIntersection>&& crossings) const
 {
     m_crossings.reset();
     if (crossings.empty())
@@ -94,14 +102,15 @@ double LinearPathNodeImpl::lineWidthOf(const WeakRef& path)
 
 bool LinearPathNodeImpl::takeLineWidthChange()
 {
-    return m_crossings && std::exchange(m_crossings->lineWidth, lineWidth()) != lineWidth();
+    return !crossings().empty() &&
+           std::exchange(m_crossings->lineWidth, lineWidth()) != lineWidth();
 }
 
 // The hop reaches farthest: its room, the lines' widths in it, and half of its own beyond.
 double LinearPathNodeImpl::markReach() const
 {
     constexpr double kHopRoom = 3.5;
-    if (!m_crossings)
+    if (crossings().empty())
         return 0;
     double& widest = m_crossings->widestCrossed;
     if (widest == kUnknown) {
@@ -119,7 +128,7 @@ LinearPathNodeImpl::DrawnSegment LinearPathNodeImpl::drawnSegment(std::size_t se
 
 bool LinearPathNodeImpl::hasCrossings() const
 {
-    return m_crossings && sceneLink() && sceneLink()->crossingDecorator();
+    return !crossings().empty() && sceneLink() && sceneLink()->crossingDecorator();
 }
 
 CrossingMarks* LinearPathNodeImpl::crossingMarks(double viewScale) const

@@ -4,11 +4,14 @@
 
 #include <QPointF>
 
+#include <vector>
+
 namespace Tova2 {
 
 class NodeChangeSink;
 class NodeImpl;
 class PathIntersectionsDecorator;
+struct PathIntersection;
 class Scene;
 
 /// What a node asks of the scene it is in. Lets nodes stay below scenes.
@@ -34,6 +37,9 @@ public:
     virtual void placeAbove(NodeImpl& node, const NodeImpl& reference) = 0;
     virtual void placeBelow(NodeImpl& node, const NodeImpl& reference) = 0;
 
+    /// Moves out the crossings that were found for the path and have not reached it. False where
+    /// there is no news.
+    virtual bool takeCrossings(const NodeImpl& node, std::vector<PathIntersection>& crossings) = 0;
     /// Null while crossings are not drawn.
     virtual const PathIntersectionsDecorator* crossingDecorator() const = 0;
 

@@ -74,6 +74,8 @@ void CrossingManager::nodeLeft(NodeImpl& node)
     if (!path)
         return;
     --m_pathCount;
+    std::vector<PathIntersection> late;
+    takeCrossings(node, late);
     path->setCrossings({});
     if (m_isEnabled)
         m_worker.nodeRemoved(WeakRef(&node));
@@ -126,6 +128,7 @@ void CrossingManager::queueAll()
 void CrossingManager::clearAll()
 {
     m_worker.clear();
+    m_update = {};
     forEachPath([](LinearPathNodeImpl& path) { path.setCrossings({}); });
 }
 
@@ -180,14 +183,40 @@ bool CrossingManager::describe(const WeakRef& ref, CrossingPath& path)
 
 void CrossingManager::crossingsFound(PathIntersectionsUpdate&& update)
 {
-    for (auto& [ref, crossings] : update.items) {
-        NodeImpl* const node = ref.getImpl();
-        LinearPathNodeImpl* const path = node ? node->asLinearPath() : nullptr;
-        if (!path || !m_scene.has(*node))
-            continue;
-        path->setCrossings(std::move(crossings));
-        m_scene.repaintNode(*node);
+    m_update = std::move(update);
+    m_itemCursor = 0;
+}
+
+bool CrossingManager::handOn(Host::TaskBudget& budget)
+{
+    while (m_itemCursor < m_update.items.size()) {
+        handOn(m_update.items[m_itemCursor++]);
+        if (budget.isSpentAfterStep())
+            return false;
     }
+    m_update = {};
+    return true;
+}
+
+void CrossingManager::handOn(PathIntersectionsUpdate::Item& item)
+{
+    NodeImpl* const node = item.node.getImpl();
+    LinearPathNodeImpl* const path = node ? node->asLinearPath() : nullptr;
+    if (!path || !m_scene.has(*node))
+        return;
+    path->crossings(); // takes what has come for it
+    m_scene.repaintNode(*node);
+}
+
+bool CrossingManager::takeCrossings(const NodeImpl& node, std::vector<PathIntersection>& crossings)
+{
+    if (m_update.items.empty() || !node.extras())
+        return false;
+    auto* const item = m_worker.find(m_update, node.extras()->self);
+    if (!item || std::exchange(item->isTaken, true))
+        return false;
+    crossings = std::move(item->crossings);
+    return true;
 }
 
 } // namespace Tova2

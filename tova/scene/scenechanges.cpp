@@ -126,6 +126,11 @@ void ScenePrivate::removeRepaintSink(RepaintSink* sink)
     std::erase(m_repaintSinks, sink);
 }
 
+bool ScenePrivate::takeCrossings(const NodeImpl& node, std::vector<PathIntersection>& crossings)
+{
+    return m_crossings->takeCrossings(node, crossings);
+}
+
 const PathIntersectionsDecorator* ScenePrivate::crossingDecorator() const
 {
     return m_crossings->decorator();

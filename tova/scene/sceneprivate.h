@@ -79,6 +79,7 @@ public:
     BackgroundPainter& backgroundPainter() { return *m_backgroundPainter; }
     QPointF pixelAligned(const QPointF& point) const override;
     CrossingManager& crossings() { return *m_crossings; }
+    bool takeCrossings(const NodeImpl& node, std::vector<PathIntersection>& crossings) override;
     const PathIntersectionsDecorator* crossingDecorator() const override;
     /// Other pixels, of which neither trackers nor caches of geometry need to know.
     void repaintNode(NodeImpl& node);

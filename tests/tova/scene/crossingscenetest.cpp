@@ -1,3 +1,4 @@
+#include "host/cooperativetaskmanager.h"
 #include "tova/tova.h"
 
 #include <gmock/gmock.h>
@@ -52,6 +53,26 @@ protected:
     OpenLinearPathNode m_across = add({{0, 50}, {100, 50}});
     OpenLinearPathNode m_down = add({{50, 0}, {50, 100}});
 };
+
+TEST_F(CrossingSceneTest, WhatIsFoundIsThereForAllAtOnce)
+{
+    std::vector<OpenLinearPathNode> columns;
+    for (int i = 0; i < 20; ++i)
+        columns.push_back(add({{i + 10.5, 0}, {i + 10.5, 100}}));
+    auto& manager = Host::CooperativeTaskManager::instance();
+    while (!m_scene->pathIntersectionsAllFound()) {
+        EXPECT_THAT(m_across.intersectionPointsRaw(), IsEmpty());
+        manager.runSlice(Host::TaskBudget::steps(1));
+    }
+    EXPECT_THAT(m_across.intersectionPointsRaw(), SizeIs(21));
+    EXPECT_THAT(columns[19].intersectionPointsRaw(), SizeIs(1));
+    m_scene->removeNode(columns[18]); // before anything has been handed to it
+    m_scene->addNode(columns[18]);
+    EXPECT_THAT(columns[18].intersectionPointsRaw(), IsEmpty());
+    manager.runAll();
+    EXPECT_THAT(columns[18].intersectionPointsRaw(), SizeIs(1));
+    EXPECT_THAT(columns[17].intersectionPointsRaw(), SizeIs(1));
+}
 
 TEST_F(CrossingSceneTest, FollowsEdits)
 {

@@ -33,9 +33,9 @@ struct CrossingIndex {
         std::uint32_t end(std::size_t i) const { return ends[i]; }
     };
 
-    ScratchArray<Vertical> verticals;           ///< by x
-    ScratchArray<Horizontal> horizontals;       ///< by y
-    ScratchArray<std::uint32_t> places;         ///< by segment: its place in one of the two
+    ScratchArray<Vertical> verticals;     ///< by x
+    ScratchArray<Horizontal> horizontals; ///< by y
+    ScratchArray<std::uint32_t> places;   ///< by segment: its place in one of the two
     ScratchArray<std::uint32_t> segmentsBySerial;
     Lists met;     ///< by vertical: places of the horizontals it crosses, increasing
     Lists meeting; ///< by horizontal: places of the verticals that cross it, increasing

@@ -1,8 +1,10 @@
 #pragma once
 
+#include "host/task.h"
 #include "tova/nodes/crossings/pathintersection.h"
 #include "vetra/glpoint.h"
 
+#include <cstdint>
 #include <vector>
 
 namespace Tova2 {
@@ -28,8 +30,10 @@ struct PathIntersectionsUpdate {
     struct Item {
         WeakRef node;
         std::vector<PathIntersection> crossings; ///< empty when it has none any more
+        bool isTaken = false;                    ///< for who hands them on
     };
-    std::vector<Item> items; ///< each node once
+    std::vector<Item> items;               ///< each node once
+    std::vector<std::uint32_t> itemOfSlot; ///< the worker's: 1 + the place among the items, or 0
 };
 
 /// Where the worker's results go.
@@ -38,6 +42,9 @@ public:
     virtual ~CrossingResults() = default;
     /// May call back into the worker, or destroy it.
     virtual void crossingsFound(PathIntersectionsUpdate&& update) = 0;
+    /// Called in slices after it until it returns true, and before the next update: what has to be
+    /// done for each node of a large one needs more time than a slice has.
+    virtual bool handOn(Host::TaskBudget& budget);
 };
 
 } // namespace Tova2

@@ -20,18 +20,12 @@ ScratchArray<SortItem> sortItems(std::size_t size)
 } // namespace
 
 const std::array<IndexBuilder::Phase, 13> IndexBuilder::kPhases{
-    &IndexBuilder::gather,
-    &IndexBuilder::sort<&IndexBuilder::m_verticals>,
-    &IndexBuilder::placeVerticals,
-    &IndexBuilder::sort<&IndexBuilder::m_rows>,
-    &IndexBuilder::placeRows,
-    &IndexBuilder::sort<&IndexBuilder::m_starts>,
-    &IndexBuilder::placeStarts,
-    &IndexBuilder::sort<&IndexBuilder::m_ends>,
-    &IndexBuilder::placeEnds,
-    &IndexBuilder::sort<&IndexBuilder::m_tops>,
-    &IndexBuilder::reachFirst,
-    &IndexBuilder::sort<&IndexBuilder::m_bottoms>,
+    &IndexBuilder::gather,         &IndexBuilder::sort<&IndexBuilder::m_verticals>,
+    &IndexBuilder::placeVerticals, &IndexBuilder::sort<&IndexBuilder::m_rows>,
+    &IndexBuilder::placeRows,      &IndexBuilder::sort<&IndexBuilder::m_starts>,
+    &IndexBuilder::placeStarts,    &IndexBuilder::sort<&IndexBuilder::m_ends>,
+    &IndexBuilder::placeEnds,      &IndexBuilder::sort<&IndexBuilder::m_tops>,
+    &IndexBuilder::reachFirst,     &IndexBuilder::sort<&IndexBuilder::m_bottoms>,
     &IndexBuilder::reachEnd,
 };
 
@@ -51,8 +45,8 @@ IndexBuilder::IndexBuilder(State& state)
     m_tables.index.verticals = ScratchArray<CrossingIndex::Vertical>(verticals);
     m_tables.index.horizontals = ScratchArray<CrossingIndex::Horizontal>(horizontals);
     m_tables.index.segmentsBySerial = ScratchArray<std::uint32_t>(horizontals);
-    m_tables.index.places = ScratchArray<std::uint32_t>(
-        m_isCompacting ? state.liveCount() : state.segments.size());
+    m_tables.index.places =
+        ScratchArray<std::uint32_t>(m_isCompacting ? state.liveCount() : state.segments.size());
     m_tables.index.met.ends = ScratchArray<std::uint32_t>(verticals);
     m_tables.index.meeting.ends = ScratchArray<std::uint32_t>(horizontals);
     m_tables.starts = ScratchArray<SweepTables::Event>(horizontals);
@@ -211,7 +205,8 @@ bool IndexBuilder::reachEnd(Host::TaskBudget& budget)
 
 bool IndexBuilder::freeSome()
 {
-    for (SlicedSort* const sort : {&m_verticals, &m_rows, &m_starts, &m_ends, &m_tops, &m_bottoms}) {
+    for (SlicedSort* const sort :
+         {&m_verticals, &m_rows, &m_starts, &m_ends, &m_tops, &m_bottoms}) {
         if (sort->items().size() > 0) {
             sort->items().reset();
             return true;

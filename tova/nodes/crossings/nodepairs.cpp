@@ -44,9 +44,8 @@ std::span<const CrossingPair> NodePairs::of(std::uint32_t slot)
 
 bool NodePairs::copy(Host::TaskBudget& budget)
 {
-    if (!slicedEach(m_cursor, m_block.count, budget, [this](std::size_t i) {
-            m_pairs.push_back(m_state.pairs[m_block.first + i]);
-        }))
+    if (!slicedEach(m_cursor, m_block.count, budget,
+                    [this](std::size_t i) { m_pairs.push_back(m_state.pairs[m_block.first + i]); }))
         return false;
     m_phase = nullptr;
     return true;
@@ -105,7 +104,7 @@ bool NodePairs::convert(Host::TaskBudget& budget)
     if (!sliced(m_cursor, m_keys.size(), kBlock, budget, [&](std::size_t from, std::size_t to) {
             for (std::size_t i = from; i < to; ++i)
                 m_pairs[m_first + i] = {index.verticals[m_keys[i] >> 32].segment,
-                              index.segmentsBySerial[m_keys[i] & 0xffffffff]};
+                                        index.segmentsBySerial[m_keys[i] & 0xffffffff]};
         }))
         return false;
     m_phase = nullptr;

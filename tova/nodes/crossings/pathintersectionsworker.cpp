@@ -20,6 +20,11 @@ Host::DiagnosticsCounter& passes()
 
 } // namespace
 
+bool CrossingResults::handOn(Host::TaskBudget&)
+{
+    return true;
+}
+
 void addPass(Host::OrderedTaskSession& session, const PathXWorkerTask::StatePtr& state,
              const std::weak_ptr<Host::OrderedTaskSession>& self, int round)
 {
@@ -90,6 +95,18 @@ void PathIntersectionsWorker::start()
 bool PathIntersectionsWorker::allFound() const
 {
     return m_state->isIdle();
+}
+
+PathIntersectionsUpdate::Item* PathIntersectionsWorker::find(PathIntersectionsUpdate& update,
+                                                             const WeakRef& node) const
+{
+    const auto slot = m_state->slots.find(node);
+    if (slot == m_state->slots.end() || slot->second >= update.itemOfSlot.size())
+        return nullptr;
+    const std::uint32_t place = update.itemOfSlot[slot->second];
+    if (place == 0 || update.items[place - 1].node != node) // the slot may be another's now
+        return nullptr;
+    return &update.items[place - 1];
 }
 
 std::size_t PathIntersectionsWorker::crossingCount() const

@@ -41,6 +41,8 @@ public:
 
     /// Whether the last pass has been published and nothing has been reported since.
     bool allFound() const;
+    /// Null unless the update has something for the node. Stays true until the next update.
+    PathIntersectionsUpdate::Item* find(PathIntersectionsUpdate& update, const WeakRef& node) const;
     /// In what was published last; one for each two records.
     std::size_t crossingCount() const;
 

@@ -11,9 +11,10 @@ PublishTask::PublishTask(StatePtr state, std::weak_ptr<Host::OrderedTaskSession>
     : PathXWorkerTask(std::move(state)), m_session(std::move(session)), m_round(round)
 {}
 
-const std::array<PublishTask::Phase, 3> PublishTask::kPhases{
+const std::array<PublishTask::Phase, 4> PublishTask::kPhases{
     &PublishTask::build,
     &PublishTask::settle,
+    &PublishTask::handOn,
     &PublishTask::finish,
 };
 
@@ -112,6 +113,11 @@ void PublishTask::deliver()
     auto& update = m_builder->update();
     if (!update.items.empty())
         state().results->crossingsFound(std::move(update));
+}
+
+bool PublishTask::handOn(Host::TaskBudget& budget)
+{
+    return state().results->handOn(budget);
 }
 
 bool PublishTask::finish(Host::TaskBudget& budget)

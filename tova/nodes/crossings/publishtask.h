@@ -23,7 +23,7 @@ protected:
 
 private:
     using Phase = bool (PublishTask::*)(Host::TaskBudget&);
-    static const std::array<Phase, 3> kPhases;
+    static const std::array<Phase, 4> kPhases;
 
     bool begin();
     bool build(Host::TaskBudget& budget) { return m_builder->run(budget); }
@@ -31,6 +31,7 @@ private:
     bool pruneSome(Host::TaskBudget& budget);
     void leaveOut(std::uint32_t slot);
     void deliver();
+    bool handOn(Host::TaskBudget& budget);
     bool finish(Host::TaskBudget& budget);
     void startAnother(int round);
 

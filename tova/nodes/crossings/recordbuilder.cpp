@@ -15,11 +15,9 @@ constexpr std::size_t kBlock = 256;  // and those that are fetched for
 } // namespace
 
 RecordBuilder::RecordBuilder(State& state, bool leavesOutPending)
-    : m_state(state)
-    , m_leavesOutPending(leavesOutPending)
-    , m_itemOf(state.nodes.size())
-    , m_pairs(state)
+    : m_state(state), m_leavesOutPending(leavesOutPending), m_pairs(state)
 {
+    m_update.itemOfSlot.resize(state.nodes.size());
     m_update.items.reserve(state.affected.size());
 }
 
@@ -125,13 +123,14 @@ void RecordBuilder::endNode(std::uint32_t slot)
     if (!node.node.isValid() || (records.empty() && !node.hasPublished))
         return;
     node.hasPublished = !records.empty();
-    m_update.items.push_back({node.node, std::move(records)});
-    m_itemOf[slot] = static_cast<std::uint32_t>(m_update.items.size());
+    m_update.items.push_back({node.node, std::move(records), false});
+    m_update.itemOfSlot[slot] = static_cast<std::uint32_t>(m_update.items.size());
 }
 
 std::vector<PathIntersection>* RecordBuilder::recordsOf(std::uint32_t slot)
 {
-    const std::uint32_t item = slot < m_itemOf.size() ? m_itemOf[slot] : 0;
+    const auto& places = m_update.itemOfSlot;
+    const std::uint32_t item = slot < places.size() ? places[slot] : 0;
     return item ? &m_update.items[item - 1].crossings : nullptr;
 }
 

@@ -47,7 +47,6 @@ private:
     State& m_state;
     bool m_leavesOutPending;
     PathIntersectionsUpdate m_update;
-    std::vector<std::uint32_t> m_itemOf; ///< by slot: 1 + the place in the update
 
     std::size_t m_nodeCursor = 0; ///< among the affected
     NodePairs m_pairs;            ///< of the nodes from there back to the first job's

@@ -29,7 +29,8 @@ public:
         virtual void cancel() = 0;
     };
 
-    static constexpr std::chrono::milliseconds kDefaultBudget{4};
+    /// A slice ends with the step that is under way by then, so it lasts longer than this.
+    static constexpr std::chrono::milliseconds kDefaultBudget{2};
 
     /// On the host's event loop; without an application object nothing runs by itself.
     CooperativeTaskManager();
