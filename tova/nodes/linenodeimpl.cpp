@@ -1,6 +1,7 @@
 #include "nodes/linenodeimpl.h"
 
 #include "nodes/effects/silhouettekey.h"
+#include "nodes/effects/silhouettestroke.h"
 #include "nodes/outlinereach.h"
 #include "nodes/paintcontext.h"
 #include "nodes/values.h"
@@ -158,6 +159,16 @@ QByteArray LineNodeImpl::silhouetteKey() const
         .add(m_line.x1(), m_line.y1(), m_line.x2(), m_line.y2(), m_ends.backoff(Which::Start),
              m_ends.backoff(Which::End), drawStyle())
         .bytes();
+}
+
+QPainterPath LineNodeImpl::silhouetteOutline(double viewScale) const
+{
+    const Stroke& stroke = drawStyle().stroke();
+    if (!isDrawn() || keepsItsWidth(stroke, viewScale))
+        return outline().asQPainterPath();
+    QPainterPath path(m_line.p1());
+    path.lineTo(m_line.p2());
+    return strokedArea(path, stroke, viewScale);
 }
 
 } // namespace Tova2

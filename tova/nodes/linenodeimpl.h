@@ -25,6 +25,7 @@ public:
     bool outlineContains(const QPointF& point) const override;
     bool outlineIntersects(const Bounds& area) const override;
     void paintNode(PaintContext& context) const override;
+    QPainterPath silhouetteOutline(double viewScale) const override;
     QByteArray silhouetteKey() const override;
 
 private:

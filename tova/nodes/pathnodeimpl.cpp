@@ -1,6 +1,7 @@
 #include "nodes/pathnodeimpl.h"
 
 #include "nodes/effects/silhouettekey.h"
+#include "nodes/effects/silhouettestroke.h"
 #include "nodes/effects/silhouettestyle.h"
 #include "nodes/pathcache.h"
 #include "nodes/pathcounters.h"
@@ -252,6 +253,24 @@ QByteArray PathNodeImpl::silhouetteKey() const
     if (m_strokes || flat().pieceCount() > SilhouetteKey::kMostElements)
         return {};
     return SilhouetteKey().add(wholePath(), drawStyle()).bytes();
+}
+
+QPainterPath PathNodeImpl::silhouetteOutline(double viewScale) const
+{
+    const Stroke& stroke = drawStyle().stroke();
+    if (isFilled())
+        return wholePath();
+    return m_strokes || keepsItsWidth(stroke, viewScale)
+               ? outline().asQPainterPath()
+               : strokedArea(wholePath(), stroke, viewScale);
+}
+
+double PathNodeImpl::strokeBeyondOutline(double viewScale) const
+{
+    double widest = 0;
+    for (const Run& run : runsOf(flat()))
+        widest = std::max(widest, run.stroke->isNoStroke() ? 0 : run.stroke->width(viewScale));
+    return isFilled() ? widest / 2 : 0;
 }
 
 } // namespace Tova2

@@ -1,6 +1,7 @@
 #include "nodes/shapenodeimpl.h"
 
 #include "nodes/effects/silhouettekey.h"
+#include "nodes/effects/silhouettestroke.h"
 #include "nodes/geometry/pathoperations.h"
 #include "nodes/outlinepolyline.h"
 #include "nodes/outlinereach.h"
@@ -174,6 +175,21 @@ QByteArray ShapeNodeImpl::silhouetteKey() const
     if (path.elementCount() > SilhouetteKey::kMostElements)
         return {};
     return SilhouetteKey().add(path, drawStyle()).bytes();
+}
+
+QPainterPath ShapeNodeImpl::silhouetteOutline(double viewScale) const
+{
+    const Stroke& stroke = drawStyle().stroke();
+    if (isFilled())
+        return Vetra::toQt(m_figure);
+    return keepsItsWidth(stroke, viewScale) ? outline().asQPainterPath()
+                                            : strokedArea(Vetra::toQt(m_figure), stroke, viewScale);
+}
+
+double ShapeNodeImpl::strokeBeyondOutline(double viewScale) const
+{
+    const Stroke& stroke = drawStyle().stroke();
+    return isFilled() && !stroke.isNoStroke() ? stroke.width(viewScale) / 2 : 0;
 }
 
 } // namespace Tova2

@@ -25,6 +25,8 @@ public:
     bool outlineContains(const QPointF& point) const override;
     bool outlineIntersects(const Bounds& area) const override;
     void paintNode(PaintContext& context) const override;
+    QPainterPath silhouetteOutline(double viewScale) const override;
+    double strokeBeyondOutline(double viewScale) const override;
     QByteArray silhouetteKey() const override;
 
 protected:

@@ -70,6 +70,8 @@ void addTrace(EffectLayers& layers, const Effect::Trace& trace)
     addLine(layers, EffectLayer::Kind::Outline, trace.stroke.color());
     layers.back().stroke = trace.stroke;
     layers.back().inset = trace.insetType;
+    // The node's own stroke stays whole.
+    layers.back().isBelow = trace.insetType == StrokeInsetType::Outer;
 }
 
 double traceReach(const Effect::Trace& trace, double viewScale)

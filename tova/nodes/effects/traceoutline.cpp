@@ -43,6 +43,23 @@ SilhouetteBox lineOf(const SilhouetteBox& box, StrokeInsetType inset, double wid
     }
 }
 
+/// To what has the line's width where one side is cut off, and the node covers `hidden` on the
+/// other.
+void widen(QPen& pen, double width, StrokeInsetType inset, double hidden)
+{
+    if (inset == StrokeInsetType::Center)
+        return;
+    const double factor = 2 * (inset == StrokeInsetType::Outer ? width + hidden : width) / width;
+    if (pen.style() != Qt::SolidLine) {
+        // Dashes count in widths.
+        auto pattern = pen.dashPattern();
+        for (qreal& length : pattern)
+            length /= factor;
+        pen.setDashPattern(pattern);
+    }
+    pen.setWidthF(width * factor);
+}
+
 /// Cuts off what lies on the wrong side, of a line that is drawn twice as wide for it.
 void clipTo(QPainter& painter, const QPainterPath& outline, StrokeInsetType inset, double width)
 {
@@ -69,6 +86,9 @@ void paintTrace(const NodeImpl& node, const EffectLayer& layer, PaintContext& co
 {
     QPainter& painter = context.localPainter();
     const double viewScale = context.options().viewScale, width = widthOf(*layer.stroke, context);
+    // A host's function may answer 0.
+    if (!(width > 0))
+        return;
     QPen pen = penOf(*layer.stroke, viewScale);
     pen.setWidthF(width);
     painter.save();
@@ -80,9 +100,9 @@ void paintTrace(const NodeImpl& node, const EffectLayer& layer, PaintContext& co
         // Mitres reach too far.
         if (pen.joinStyle() != Qt::BevelJoin)
             pen.setJoinStyle(Qt::RoundJoin);
-        if (layer.inset != StrokeInsetType::Center)
-            pen.setWidthF(2 * width);
-        clipTo(painter, outline, layer.inset, width);
+        const double hidden = node.strokeBeyondOutline(viewScale);
+        widen(pen, width, layer.inset, hidden);
+        clipTo(painter, outline, layer.inset, width + hidden);
         painter.strokePath(outline, pen);
     }
     painter.restore();

@@ -1,0 +1,24 @@
+#include "nodes/effects/silhouettestroke.h"
+
+#include "nodes/pen.h"
+
+#include "tova/nodes/style/stroke.h"
+
+#include <QPainterPathStroker>
+
+namespace Tova2 {
+
+bool keepsItsWidth(const Stroke& stroke, double viewScale)
+{
+    return stroke.isNoStroke() || stroke.width(viewScale) == stroke.width(1.0);
+}
+
+QPainterPath strokedArea(const QPainterPath& path, const Stroke& stroke, double viewScale)
+{
+    QPainterPathStroker stroker(penOf(stroke, viewScale));
+    stroker.setDashPattern(Qt::SolidLine);
+    stroker.setWidth(stroke.width(viewScale));
+    return stroker.createStroke(path);
+}
+
+} // namespace Tova2

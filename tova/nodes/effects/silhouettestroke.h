@@ -1,0 +1,14 @@
+#pragma once
+
+#include <QPainterPath>
+
+namespace Tova2 {
+
+class Stroke;
+
+/// Whether the stroke is as wide at this view scale as at a view scale of 1.
+bool keepsItsWidth(const Stroke& stroke, double viewScale);
+/// What the stroke covers along a path at a view scale, without the gaps of dashes.
+QPainterPath strokedArea(const QPainterPath& path, const Stroke& stroke, double viewScale);
+
+} // namespace Tova2
