@@ -21,6 +21,8 @@ class QRectF;
 
 namespace Tova2 {
 
+class StripFill;
+
 class EffectPainter;
 
 /// A painter on its way through the nodes of a scene. It knows what the painter is set to, so that
@@ -118,6 +120,7 @@ private:
     void fillInStrips(const Polylines& lines, bool areClosed);
     bool drawLongPolygon(std::span<const QPointF> points);
     QRectF seenOnDevice() const;
+    StripFill stripsFor(std::size_t pointCount) const;
     void useView();
     QPainter& viewPainter();
     QRectF aligned(const QRectF& rect) const;

@@ -15,11 +15,11 @@ namespace Tova2 {
 namespace {
 
 /// As many points the toolkit fills at once; its time grows with their square.
-constexpr std::size_t kAtOnce = 512;
-/// More are cut into narrower strips.
-constexpr std::size_t kVeryMany = 8192;
-constexpr double kWideStrip = 64, kNarrowStrip = 16; // pixels
-constexpr double kUnseen = 0.05;                     // pixels
+constexpr std::size_t kAtOnce = 128;
+/// Roughly of what is filled at once, strip by strip.
+constexpr double kCornersOfStrip = 32;
+constexpr double kNarrowest = 2, kWidest = 64; // pixels
+constexpr double kUnseen = 0.05;               // pixels
 
 /// Whether lengths are the same in all directions.
 bool isUniform(const QTransform& t)
@@ -27,6 +27,13 @@ bool isUniform(const QTransform& t)
     const double x = std::hypot(t.m11(), t.m12()), y = std::hypot(t.m21(), t.m22());
     const double skew = t.m11() * t.m21() + t.m12() * t.m22();
     return std::abs(x - y) <= 1e-6 * x && std::abs(skew) <= 1e-6 * x * y;
+}
+
+/// Whole pixels; the more points, the narrower.
+double stripWidth(double seenPixels, std::size_t pointCount)
+{
+    const double wanted = seenPixels * kCornersOfStrip / static_cast<double>(pointCount);
+    return std::round(std::clamp(wanted, kNarrowest, kWidest));
 }
 
 double scaleOf(const QTransform& transform)
@@ -87,6 +94,13 @@ QRectF PaintContext::seenOnDevice() const
     return {first / m_pixelRatio, last / m_pixelRatio};
 }
 
+/// In the device's coordinates.
+StripFill PaintContext::stripsFor(std::size_t pointCount) const
+{
+    const QRectF seen = seenOnDevice();
+    return {seen, stripWidth(seen.width() * m_pixelRatio, pointCount) / m_pixelRatio};
+}
+
 void PaintContext::fillInStrips(const Polylines& lines, bool areClosed)
 {
     const double scale = m_options.viewScale;
@@ -95,8 +109,7 @@ void PaintContext::fillInStrips(const Polylines& lines, bool areClosed)
     const QTransform toDevice = nodeToDevice();
     m_painter.setWorldTransform(QTransform());
     m_coordinates = Coordinates::Unknown;
-    const double strip = lines.pointCount() > kVeryMany ? kNarrowStrip : kWideStrip;
-    StripFill area(seenOnDevice(), strip / m_pixelRatio);
+    StripFill area = stripsFor(lines.pointCount());
     for (std::size_t i = 0; i < lines.lineCount(); ++i) {
         if (!m_strokePolygon.buildAny(lines.line(i), areClosed, width, m_stroke, unit))
             continue;
@@ -120,8 +133,7 @@ bool PaintContext::drawLongPolygon(std::span<const QPointF> points)
     m_coordinates = Coordinates::Unknown;
     if (brush.style() != Qt::NoBrush) {
         brush.setTransform(brush.transform() * toDevice);
-        const double strip = points.size() > kVeryMany ? kNarrowStrip : kWideStrip;
-        StripFill area(seenOnDevice(), strip / m_pixelRatio);
+        StripFill area = stripsFor(points.size());
         m_movedPoints.clear();
         for (const QPointF& p : points)
             m_movedPoints.push_back(toDevice.map(p));

@@ -11,13 +11,13 @@ namespace Tova2 {
 
 void PaintContext::drawPolyline(std::span<const QPointF> points)
 {
-    if (!isHairline())
+    if (!isHairline() && !(isLong(points.size()) && strokesAsArea()))
         return drawPoints(points, false);
     Polylines& lines = scratchLines();
     lines.moveTo(points.front());
     for (const QPointF& p : points.subspan(1))
         lines.lineTo(p);
-    drawHairlines(lines);
+    drawPolylines(lines);
 }
 
 Polylines& PaintContext::scratchLines()
