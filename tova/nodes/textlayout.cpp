@@ -193,6 +193,9 @@ void TextLayout::draw(QPainter& painter, const QColor& color, const QTransform& 
     if (toDevice.type() > QTransform::TxScale) {
         painter.fillPath(outlines(), color);
     } else {
+        // A brush that spans boxes, left over from what was painted before, has the toolkit
+        // misplace glyphs; and only a whole brush makes it look again.
+        painter.setBrush(QBrush(Qt::NoBrush));
         painter.setPen(color);
         for (const QGlyphRun& run : m_runs)
             painter.drawGlyphRun({}, run);

@@ -60,6 +60,15 @@ Cell box(const char* caption, const Fill& fill)
     return cellOf(caption, {styled(RectNode(kBox), smooth(kThin, fill))});
 }
 
+/// Its letters must be where they are without a gradient behind them.
+Cell labelled(const Fill& fill)
+{
+    TextNode text("text");
+    text.setFont(Vetra::Font("DejaVu Sans Mono", 14));
+    text.setPosition({20, 14});
+    return cellOf("text above", {styled(RectNode(kBox), smooth(kThin, fill)), text});
+}
+
 } // namespace
 
 Cells fillCells()
@@ -93,6 +102,7 @@ Cells fillCells()
         cellOf("box rounded", {styled(RoundedRectNode(kBox, 10), smooth(kThin, boxRamp))}),
         cellOf("box fancy",
                {styled(FancyRoundedRectNode(kBox, 0, 14, 8, 2), smooth(kThin, boxRamp))}),
+        labelled(boxRamp),
         cellOf("box turned", {turned(styled(RectNode(kBox), smooth(kThin, boxRamp)))}),
     };
 }

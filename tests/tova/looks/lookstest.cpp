@@ -53,6 +53,7 @@ std::vector<SheetCase> allSheets()
         sheets.push_back({"fills", fillCells, ratio});
         sheets.push_back({"strokes", strokeCells, ratio});
         sheets.push_back({"backgrounds", backgroundCells, ratio});
+        sheets.push_back({"effects", effectCells, ratio});
     }
     return sheets;
 }

@@ -41,5 +41,6 @@ T styled(T node, const DrawStyle& style)
 Cells fillCells();
 Cells strokeCells();
 Cells backgroundCells();
+Cells effectCells();
 
 } // namespace Tova2::Looks
