@@ -47,6 +47,24 @@ std::size_t segmentsOf(const Vetra::Shape& path)
     return count;
 }
 
+/// Nothing shines through it, so that a shadow tells where it ends.
+bool isSolid(const Figure& figure)
+{
+    if (!figure.fill)
+        return false;
+    if (!figure.fill->gradient)
+        return figure.fill->color.alpha() == 255;
+    const auto& stops = figure.fill->gradient->stops;
+    return std::all_of(stops.begin(), stops.end(),
+                       [](const GradientStop& stop) { return stop.color.alpha() == 255; });
+}
+
+/// Soft and small: enough to lift a block off the page.
+Tova2::Effect blockShadow()
+{
+    return Tova2::Effect::createEffect(Tova2::Effect::Shadow(0.28, 3, {1, 2}, true));
+}
+
 /// The line through a text; fonts know of none.
 Figure strikeOf(const TextPiece& text)
 {
@@ -163,7 +181,7 @@ void SceneBuilder::addBlocks(bool inClusters)
         Tova2::Node container = containerAt({origin.x - outer.x, origin.y - outer.y});
         place(container, parent);
         name(container, block.id);
-        fill(container, origin, block.drawing);
+        fill(container, origin, block.drawing, true);
     }
 }
 
@@ -252,10 +270,14 @@ std::optional<Vetra::Color> SceneBuilder::groundAt(const Point& point) const
     return ground;
 }
 
-void SceneBuilder::fill(const Tova2::Node& parent, const Point& origin, const Drawing& drawing)
+/// Of a block only its body, the first of its figures, casts a shadow.
+void SceneBuilder::fill(const Tova2::Node& parent, const Point& origin, const Drawing& drawing,
+                        bool isBlock)
 {
     for (const Figure& figure : drawing.figures) {
         Tova2::Node node = makeFigure(figure, origin);
+        if (isBlock && &figure == &drawing.figures.front() && isSolid(figure))
+            node.setEffect(blockShadow());
         place(node, parent);
     }
     for (const TextPiece& text : drawing.texts) {

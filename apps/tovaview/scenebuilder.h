@@ -30,7 +30,8 @@ private:
     void addConnectorLabels();
 
     /// Adds a node for each figure and text under `parent`, whose origin in the scene is `origin`.
-    void fill(const Tova2::Node& parent, const Point& origin, const Drawing& drawing);
+    void fill(const Tova2::Node& parent, const Point& origin, const Drawing& drawing,
+              bool isBlock = false);
     Tova2::Node makeFigure(const Figure& figure, const Point& origin);
     Tova2::Node makeText(const TextPiece& text, const Point& origin);
     void place(Tova2::Node& node, const Tova2::Node& parent);

@@ -183,6 +183,31 @@ void contents(Sheet& sheet)
     sheet.nextRow();
 }
 
+void effects(Sheet& sheet)
+{
+    const auto put = [&](Node node, const auto& record, const Fill& fill) {
+        DrawStyle style = smooth(stroke(2), fill);
+        style.setEffect(Effect::createEffect(record));
+        sheet.put(node, style);
+    };
+    const Color glass(0.3, 0.8, 0.4, 0.35);
+    put(RoundedRectNode(kBox, 8), Effect::Shadow(0.4, 6, {3, 4}, true), Fill(kPaper));
+    // Nothing of a masked shadow shines through the node.
+    put(EllipseNode(Ellipse(kBox)), Effect::Shadow(0.6, 6, {6, 6}, true), Fill(glass));
+    put(FancyRoundedRectNode(kBox, 0, 24, 24, 6), Effect::Glow(kAccent, 8, true, 2.5),
+        Fill(kPaper));
+    put(ShapeNode(drop()), Effect::Overlay(Color(1, 0, 0, 0.35)), Fill(kPaper));
+    put(LineNode({0, 45}, {80, 5}),
+        Effect::Trace(Stroke(kAccent, 3, StrokeStyle::SolidLine, StrokeCapStyle::FlatCap,
+                             StrokeJoinStyle::RoundJoin, nullptr),
+                      StrokeInsetType::Outer),
+        Fill());
+    TextNode misspelt("mispelt");
+    misspelt.setFont(Vetra::Font("", 18));
+    put(misspelt, Effect::Squiggly(Color(0.85, 0, 0)), Fill());
+    sheet.nextRow();
+}
+
 } // namespace
 
 int main(int argc, char** argv)
@@ -194,9 +219,10 @@ int main(int argc, char** argv)
     fills(sheet);
     families(sheet);
     contents(sheet);
+    effects(sheet);
 
     constexpr double kScale = 2;
-    QImage picture(1400, 1140, QImage::Format_ARGB32_Premultiplied);
+    QImage picture(1400, 1320, QImage::Format_ARGB32_Premultiplied);
     picture.fill(Qt::white);
     sheet.scene().render(picture, {},
                          {-20, -20, picture.width() / kScale, picture.height() / kScale});
