@@ -53,6 +53,8 @@ void SceneTools::fillStack()
         if (isUsable(role))
             addToolByRole(role);
     }
+    [[maybe_unused]] Tool* const tool = m_stack.getToolByRole("CursorChangeTool");
+    Q_ASSERT_X(tool, "SceneTools::fillStack", "tool");
 }
 
 Tool* SceneTools::addToolByRole(const Vetra::StringID& role)

@@ -197,6 +197,21 @@ TEST_F(SceneToolsTest, ToolsFollowTheContentToItsNextOwnerAndOutliveTheLast)
     EXPECT_EQ(seen, nullptr);
 }
 
+TEST(SceneDefaultToolsTest, StandInTheirOrder)
+{
+    const auto scene = Scene::createScene();
+    std::vector<std::string> roles;
+    for (const auto& tool : scene->listCurrentTools()) {
+        roles.push_back(scene->getRoleByTool(tool.get()).str());
+        EXPECT_EQ(tool->scene(), scene.get());
+    }
+    // Those of canvases and of text join them as they are made.
+    std::erase_if(roles, [](const std::string& role) {
+        return role == "PanZoomTool" || role == "ScrollWheelTool" || role == "TextTool";
+    });
+    EXPECT_THAT(roles, ElementsAre("ToolTipTool", "CursorChangeTool", "UnconsumedEventTool"));
+}
+
 struct Times : RolloverFactory {
     explicit Times(int in) : m_in(in) {}
     int timeIn(const Node&) override { return m_in; }
