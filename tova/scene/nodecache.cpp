@@ -45,6 +45,19 @@ Host::DiagnosticsCounter& repaints()
     return counter;
 }
 
+/// Whole pixels that are whole units as well, or 1. A picture that begins at a multiple of them
+/// rounds the rows of letters as the device does.
+int stepOf(double pixelRatio)
+{
+    constexpr int kLongest = 16;
+    for (int step = 1; step <= kLongest; ++step) {
+        const double units = step / pixelRatio;
+        if (std::abs(units - std::round(units)) < 1e-9)
+            return step;
+    }
+    return 1;
+}
+
 /// Every pixel of the device's own that the node may touch; empty when it lies too far out.
 QRect frameOf(const NodeImpl& node, const PaintContext& context)
 {
@@ -55,7 +68,12 @@ QRect frameOf(const NodeImpl& node, const PaintContext& context)
                              .adjusted(-margin, -margin, margin, margin);
     const bool isNear = std::abs(reach.left()) <= kFarthest && std::abs(reach.top()) <= kFarthest &&
                         reach.width() <= kFarthest && reach.height() <= kFarthest;
-    return isNear ? reach.toAlignedRect() : QRect();
+    if (!isNear)
+        return {};
+    const int step = stepOf(context.pixelRatio());
+    const QPoint corner(static_cast<int>(std::floor(reach.left() / step)) * step,
+                        static_cast<int>(std::floor(reach.top() / step)) * step);
+    return QRect(corner, reach.toAlignedRect().bottomRight());
 }
 
 /// Null when memory is short.
@@ -65,20 +83,24 @@ QImage draw(NodeImpl& node, const PaintContext& context, const QRect& frame)
     if (image.isNull())
         return image;
     image.fill(Qt::transparent);
+    const double ratio = context.pixelRatio();
+    // Before anything is painted: cosmetic and aligned lines go by it.
+    image.setDevicePixelRatio(ratio);
     QPainter painter(&image);
     painter.setRenderHints(QPainter::TextAntialiasing | QPainter::SmoothPixmapTransform);
-    const QTransform view = context.view() *
-                            QTransform::fromScale(context.pixelRatio(), context.pixelRatio()) *
-                            QTransform::fromTranslate(-frame.x(), -frame.y());
+    const QTransform view =
+        context.view() * QTransform::fromTranslate(-frame.x() / ratio, -frame.y() / ratio);
+    const QRectF whole(QPointF(), QSizeF(frame.size()) / ratio);
     PaintOptions options = context.options();
     // All of it, whatever part is to be seen at first.
-    options.exposed = Vetra::fromQt(view.inverted().mapRect(QRectF(image.rect())));
+    options.exposed = Vetra::fromQt(view.inverted().mapRect(whole));
     PaintContext own(painter, view, options);
     own.setFillsStrokes(true);
     own.setOpacity(context.opacity());
     own.enterLike(context);
     node.paintWithEffects(own);
     painter.end();
+    image.setDevicePixelRatio(1); // it is drawn pixel by pixel
     repaints().increment();
     return image;
 }

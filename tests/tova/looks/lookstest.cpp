@@ -31,6 +31,19 @@ TEST_P(LooksTest, AreAsTheyWereWhenTheyWereLookedAt)
                               fileOf(GetParam()));
 }
 
+// Composing translucent pixels a second time rounds once more, which nobody sees.
+TEST_P(LooksTest, AreTheSameFromCaches)
+{
+    const Cells cells = GetParam().cells();
+    for (const Cell& cell : cells) {
+        for (Node node : cell.scene->getAllNodes())
+            node.setCacheType(CacheType::ItemCoordinateCache);
+    }
+    drawSheet(cells, 6, GetParam().ratio);
+    const QImage again = drawSheet(cells, 6, GetParam().ratio);
+    EXPECT_EQ(TestSupport::differencesOf(QImage(fileOf(GetParam())), again).plain, 0);
+}
+
 // The comparison must not be so lenient that it misses a cell drawn a pixel off.
 TEST_P(LooksTest, WouldNotBeTheSameAPixelOff)
 {
