@@ -25,7 +25,8 @@ public:
         Any ///< for `isValid` alone
     };
 
-    /// A blurred copy below the node. Distances and spread are in pixels of the view at scale 1.
+    /// A blurred copy below the node. Distances and spread are in the node's units, and directions
+    /// are the scene's.
     struct TOVA_EXPORT Shadow {
         Vetra::Color color{0, 0, 0, 0.65};
         std::int32_t spread = 3;
@@ -49,7 +50,7 @@ public:
         Vetra::Color color;
         std::int32_t spread;
         bool maskOut;
-        double gain; ///< how strongly the blur is lit up
+        double gain; ///< multiplies the blur's coverage, up to full coverage
 
         Glow(const Vetra::Color& color, std::int32_t spread, bool maskOut, double gain);
         /// Brings spread back to 0..20 and gain to 0..100; NaN becomes 0.
