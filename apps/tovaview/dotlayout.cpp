@@ -34,6 +34,15 @@ std::vector<Attempt> attempts()
     };
 }
 
+/// Whether the file says which connectors it wants; an option of the command line would win over
+/// it. "true" is what generators write by habit, and says nothing.
+bool asksForConnectors(const QByteArray& text)
+{
+    static const QRegularExpression wish(
+        QStringLiteral("\\bsplines\\s*=\\s*\"?(?!\\s|\"|true\\b)"));
+    return wish.match(QString::fromUtf8(text)).hasMatch();
+}
+
 QString describe(Ending ending)
 {
     switch (ending) {
@@ -150,8 +159,7 @@ DotLayout layOut(const QString& file, const QByteArray& text, const DotLimits& l
     DotLayout layout;
     const std::vector<Attempt> ways = attempts();
     QString reason;
-    // An option of the command line would win over what the file asks for.
-    for (std::size_t i = text.contains("splines") ? 1 : 0; i < ways.size();) {
+    for (std::size_t i = asksForConnectors(text) ? 1 : 0; i < ways.size();) {
         const DotResult result = attempt(ways[i], text, limits, program);
         if (result.ending == Ending::NotStarted)
             throw FileError(file, 0,

@@ -14,13 +14,13 @@ using testing::HasSubstr;
 /// Stands in for dot: a shell script that sees dot's arguments.
 class DotLayoutTest : public testing::Test {
 protected:
-    DotLayout layOutWith(const QByteArray& script)
+    DotLayout layOutWith(const QByteArray& script, const QByteArray& text = "graph {}")
     {
         const QString program = m_folder.write("dot", "#!/bin/sh\n" + script, true);
         DotLimits limits;
         limits.milliseconds = 400;
         limits.outputBytes = 1000;
-        return layOut(QStringLiteral("f.dot"), "graph {}", limits, program);
+        return layOut(QStringLiteral("f.dot"), text, limits, program);
     }
 
     static QByteArray unless(const char* option, const char* action)
@@ -32,11 +32,20 @@ protected:
     TemporaryFolder m_folder;
 };
 
-TEST_F(DotLayoutTest, FirstTriesRightAngles)
+TEST_F(DotLayoutTest, FirstTriesRightAnglesUnlessTheFileAsksForOthers)
 {
-    const DotLayout layout = layOutWith("cat >/dev/null; echo \"$@\"\n");
-    EXPECT_THAT(layout.json.toStdString(), HasSubstr("-Gsplines=ortho"));
-    EXPECT_TRUE(layout.notes.isEmpty());
+    const std::pair<const char*, bool> files[] = {
+        {"graph {}", true},
+        {"graph { splines=true }", true},
+        {"graph { splines = \"true\" }", true},
+        {"graph { splines=spline }", false},
+        {"graph { splines = \"polyline\" }", false},
+    };
+    for (const auto& [text, straight] : files) {
+        const DotLayout layout = layOutWith("cat >/dev/null; echo \"$@\"\n", text);
+        EXPECT_EQ(layout.json.contains("-Gsplines=ortho"), straight) << text;
+        EXPECT_TRUE(layout.notes.isEmpty()) << text;
+    }
 }
 
 TEST_F(DotLayoutTest, CrashLeadsToTheNextWayAndIsTold)
