@@ -47,10 +47,9 @@ Vetra::Holder<Scene> makeLabelledDiagram(int count)
     auto scene = Scene::createScene();
     scene->setPathIntersectionsEnabled(false);
     const int columns = gridColumns(count);
-    DrawStyle style(
-        Stroke(Vetra::Color(0.1, 0.1, 0.3), 1.5, StrokeStyle::SolidLine, StrokeCapStyle::FlatCap,
-               StrokeJoinStyle::MiterJoin, nullptr),
-        Fill(Vetra::Color(0.7, 0.8, 0.9)));
+    DrawStyle style(Stroke(Vetra::Color(0.1, 0.1, 0.3), 1.5, StrokeStyle::SolidLine,
+                           StrokeCapStyle::FlatCap, StrokeJoinStyle::MiterJoin, nullptr),
+                    Fill(Vetra::Color(0.7, 0.8, 0.9)));
     style.setIsAntiAliased(true);
     Vetra::Font font;
     font.setSize(kFontSize);
@@ -92,11 +91,10 @@ std::unique_ptr<QGraphicsScene> makeBareLabelledDiagram(int count)
         scene->addPath(path, pen);
     }
     for (int i = 0; i < count; ++i) {
-        QGraphicsRectItem* const box = scene->addRect(0, 0, kBoxWidth, kBoxHeight, pen,
-                                                      QColor::fromRgbF(0.7, 0.8, 0.9));
+        QGraphicsRectItem* const box =
+            scene->addRect(0, 0, kBoxWidth, kBoxHeight, pen, QColor::fromRgbF(0.7, 0.8, 0.9));
         box->setPos(cornerOf(i, columns));
-        auto* const label =
-            new QGraphicsSimpleTextItem(QString::fromStdString(labelOf(i)), box);
+        auto* const label = new QGraphicsSimpleTextItem(QString::fromStdString(labelOf(i)), box);
         label->setFont(font);
         label->setPos(8, 10);
     }
@@ -107,6 +105,7 @@ void render(benchmark::State& state, Vetra::Holder<Scene> scene, const char* str
 {
     scene->setLODStrategyKey(strategy);
     QImage image(kWidth, kHeight, QImage::Format_ARGB32_Premultiplied);
+    scene->render(image, {0, 0, kWidth, kHeight}, {}); // lays the text out
     for (auto _ : state) {
         image.fill(Qt::white);
         scene->render(image, {0, 0, kWidth, kHeight}, {});
@@ -118,12 +117,15 @@ void renderBare(benchmark::State& state, const std::unique_ptr<QGraphicsScene>& 
     QImage image(kWidth, kHeight, QImage::Format_ARGB32_Premultiplied);
     const QRectF source = scene->itemsBoundingRect();
     QCoreApplication::processEvents();
-    for (auto _ : state) {
+    const auto paint = [&] {
         image.fill(Qt::white);
         QPainter painter(&image);
         painter.setRenderHint(QPainter::Antialiasing);
         scene->render(&painter, QRectF(0, 0, kWidth, kHeight), source, Qt::IgnoreAspectRatio);
-    }
+    };
+    paint();
+    for (auto _ : state)
+        paint();
 }
 
 void BM_LodBlocks(benchmark::State& state)

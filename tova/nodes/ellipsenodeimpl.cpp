@@ -14,6 +14,7 @@
 #include <QLineF>
 
 #include <algorithm>
+#include <numbers>
 
 namespace Tova2 {
 
@@ -126,7 +127,9 @@ void EllipseNodeImpl::paintNode(PaintContext& context) const
     const QRectF rect = centerAligned(geometryRectAt(context.options().viewScale));
     if (!isDrawable(rect))
         return;
-    context.setStyle(drawStyle());
+    if (context.drawTiny(rect, drawStyle(), std::numbers::pi / 4))
+        return;
+    context.setStyle(drawStyle(), std::max(rect.width(), rect.height()));
     if (rect.isEmpty())
         context.drawLine({rect.topLeft(), rect.bottomRight()});
     else

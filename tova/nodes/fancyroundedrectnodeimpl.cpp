@@ -7,6 +7,8 @@
 
 #include <QLineF>
 
+#include <algorithm>
+
 namespace Tova2 {
 
 void FancyRoundedRectNodeImpl::setRect(const QRectF& rect)
@@ -55,7 +57,9 @@ void FancyRoundedRectNodeImpl::paintNode(PaintContext& context) const
     const QRectF& rect = m_given.rect;
     if (!isDrawable(rect))
         return;
-    context.setStyle(drawStyle());
+    if (context.drawTiny(rect, drawStyle(), 1))
+        return;
+    context.setStyle(drawStyle(), std::max(rect.width(), rect.height()));
     if (rect.isEmpty()) {
         context.drawLine({rect.topLeft(), rect.bottomRight()});
         return;

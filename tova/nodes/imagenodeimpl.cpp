@@ -7,6 +7,8 @@
 
 #include <QPainter>
 
+#include <algorithm>
+
 namespace Tova2 {
 
 namespace {
@@ -79,7 +81,10 @@ void ImageNodeImpl::paintNode(PaintContext& context) const
     if (part.isEmpty() || target.isEmpty())
         return;
     QPainter& painter = context.localPainter();
-    painter.setRenderHint(QPainter::SmoothPixmapTransform);
+    // A few pixels show nothing of the picture but its colours, however they are picked.
+    const double pixels = std::max(target.width(), target.height()) * context.pixelsAUnit();
+    painter.setRenderHint(QPainter::SmoothPixmapTransform,
+                          !(pixels < context.simplification().figures));
     painter.setRenderHint(QPainter::Antialiasing, drawStyle().isAntiAliased());
     Vetra::paint(painter, *m_source, Vetra::fromQt(placeOf(part, shown, target)),
                  Vetra::fromQt(part));

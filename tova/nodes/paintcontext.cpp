@@ -21,10 +21,14 @@ PaintContext::PaintContext(QPainter& painter, const QTransform& view, const Pain
     , m_effectPainter(&PixelEffectPainter::instance())
     , m_view(view)
     , m_options(options)
+    , m_simplification(&Simplification::of(options.quality))
     , m_pixelRatio(painter.device()->devicePixelRatioF())
-    , m_isUniformView(view.m12() == 0 && view.m21() == 0 &&
-                      std::abs(view.m11()) == std::abs(view.m22()))
-{}
+    , m_viewToPixels(view * QTransform::fromScale(m_pixelRatio, m_pixelRatio))
+    , m_isUpright(view.m12() == 0 && view.m21() == 0)
+    , m_isUniformView(m_isUpright && std::abs(view.m11()) == std::abs(view.m22()))
+{
+    m_held.setArea(m_viewToPixels.mapRect(Vetra::toQt(options.exposed)).toAlignedRect());
+}
 
 void PaintContext::enter(const QPointF& sceneOffset)
 {
@@ -54,6 +58,7 @@ void PaintContext::setOpacity(double opacity)
 {
     if (m_isOpacitySet && opacity == m_opacity)
         return;
+    flush();
     m_opacity = opacity;
     m_isOpacitySet = true;
     m_painter.setOpacity(opacity);
@@ -63,6 +68,7 @@ void PaintContext::setSilhouette(double cosmeticWidth)
 {
     m_isSilhouette = true;
     m_cosmeticWidth = cosmeticWidth;
+    m_simplification = &Simplification::none();
 }
 
 QColor PaintContext::ink(const QColor& color) const
@@ -70,30 +76,59 @@ QColor PaintContext::ink(const QColor& color) const
     return m_isSilhouette && color.alpha() > 0 ? QColor(Qt::black) : color;
 }
 
-void PaintContext::setStyle(const DrawStyle& style)
+double PaintContext::pixelsOf(const Stroke& stroke) const
 {
-    if (m_isSilhouette)
-        applyStyle(silhouetteStyle(style, m_cosmeticWidth));
-    else
-        applyStyle(style);
+    return stroke.logicalWidth() == 0 ? 1.0 : stroke.width(m_options.viewScale) * pixelsAUnit();
 }
 
-void PaintContext::applyStyle(const DrawStyle& style)
+/// As wide as whole pixels: a line between is blurred wherever it lies.
+Stroke PaintContext::aligned(const Stroke& stroke) const
 {
-    setAntialiased(style.isAntiAliased());
-    if (!m_isStyleKnown || style.stroke() != m_stroke) {
-        m_stroke = style.stroke();
-        m_arePenAndBrushSet = m_isFrameSet = false;
-        m_penWidth = m_stroke.logicalWidth() == 0
-                         ? 1.0
-                         : m_stroke.width(m_options.viewScale) * m_options.viewScale * m_pixelRatio;
+    const double pixels = pixelsOf(stroke), whole = std::max(std::round(pixels), 1.0);
+    Stroke result = stroke;
+    if (stroke.logicalWidth() > 0 && pixels > 0 && pixels <= Limits::penWidth)
+        result.setLogicalWidth(stroke.logicalWidth() * whole / pixels);
+    return result;
+}
+
+void PaintContext::setStyle(const DrawStyle& style, double extent)
+{
+    if (m_isSilhouette)
+        applyStyle(silhouetteStyle(style, m_cosmeticWidth), extent);
+    else
+        applyStyle(style, extent);
+}
+
+void PaintContext::applyStyle(const DrawStyle& style, double extent)
+{
+    const bool isDashed = style.stroke().style() > StrokeStyle::SolidLine;
+    const bool hasGradient = style.fill().style() == FillStyle::Gradient;
+    const bool isPlain = m_simplification->isNone() || !(isDashed || hasGradient);
+    if (isPlain && style.isPixelAligned()) {
+        useStyle(aligned(style.stroke()), style.fill());
+    } else if (isPlain) {
+        useStyle(style.stroke(), style.fill());
+    } else {
+        const Stroke stroke = m_simplification->stroke(style.stroke(), pixelsOf(style.stroke()));
+        useStyle(style.isPixelAligned() ? aligned(stroke) : stroke,
+                 m_simplification->fill(style.fill(), extent * pixelsAUnit()));
     }
-    if (!m_isStyleKnown || style.fill() != m_fill) {
-        m_fill = style.fill();
+    setAntialiased(style.isAntiAliased());
+    m_isPixelAligned = style.isPixelAligned();
+}
+
+void PaintContext::useStyle(const Stroke& stroke, const Fill& fill)
+{
+    if (!m_isStyleKnown || stroke != m_stroke) {
+        m_stroke = stroke;
+        m_arePenAndBrushSet = m_isFrameSet = false;
+    }
+    m_penWidth = pixelsOf(stroke);
+    if (!m_isStyleKnown || fill != m_fill) {
+        m_fill = fill;
         m_arePenAndBrushSet = false;
     }
     m_isStyleKnown = true;
-    m_isPixelAligned = style.isPixelAligned();
 }
 
 void PaintContext::setPenAndBrush()
@@ -132,12 +167,25 @@ QTransform PaintContext::nodeToPixels() const
     return nodeToDevice() * QTransform::fromScale(m_pixelRatio, m_pixelRatio);
 }
 
-QPainter& PaintContext::localPainter()
+double PaintContext::pixelsAUnit() const
 {
+    const double inView =
+        m_isMovedOnly ? m_options.viewScale : std::sqrt(std::abs(m_nodeToDevice.determinant()));
+    return inView * m_pixelRatio;
+}
+
+void PaintContext::useNode()
+{
+    flush();
     if (m_coordinates != Coordinates::Node) {
         m_painter.setWorldTransform(nodeToDevice());
         m_coordinates = Coordinates::Node;
     }
+}
+
+QPainter& PaintContext::localPainter()
+{
+    useNode();
     if (m_isStyleKnown)
         setPenAndBrush();
     return m_painter;
@@ -146,6 +194,7 @@ QPainter& PaintContext::localPainter()
 // Transforms undo the ratio instead of pictures having it: then pixels are copied on any screen.
 QPainter& PaintContext::pixelPainter()
 {
+    flush();
     if (m_coordinates != Coordinates::Pixels) {
         m_painter.setWorldTransform(QTransform::fromScale(1 / m_pixelRatio, 1 / m_pixelRatio));
         m_coordinates = Coordinates::Pixels;
@@ -167,6 +216,7 @@ QRectF PaintContext::exposedPixels() const
 
 void PaintContext::useView()
 {
+    flush();
     if (m_coordinates == Coordinates::View)
         return;
     m_painter.setWorldTransform(m_view);
@@ -218,6 +268,8 @@ void PaintContext::drawDeviceImage(const QPoint& corner, const QImage& image)
 void PaintContext::drawRect(const QRectF& rect)
 {
     const QRectF drawn = aligned(rect);
+    if (holdRect(drawn))
+        return;
     if (!drawsShifted())
         localPainter().drawRect(drawn);
     else if (canFillFrame())
@@ -255,12 +307,12 @@ double PaintContext::frameWidth() const
 void PaintContext::fillFrame(const QRectF& rect)
 {
     useView();
-    if (m_fill.style() == FillStyle::Solid)
-        m_painter.fillRect(rect, Vetra::toQt(m_fill.color()));
-    useStrokeBrush();
     const double half = frameWidth() / 2;
     const QRectF out = rect.adjusted(-half, -half, half, half);
     const QRectF in = rect.adjusted(half, half, -half, -half);
+    if (m_fill.style() == FillStyle::Solid)
+        m_painter.fillRect(rect, Vetra::toQt(m_fill.color()));
+    useStrokeBrush();
     if (!(in.width() > 0 && in.height() > 0)) {
         m_painter.drawRect(out);
         return;
@@ -275,6 +327,8 @@ void PaintContext::fillFrame(const QRectF& rect)
 
 void PaintContext::drawRoundedRect(const QRectF& rect, double radius)
 {
+    if (radius * pixelsAUnit() < m_simplification->corners)
+        return drawRect(rect);
     const QRectF drawn = aligned(rect);
     if (drawsShifted()) {
         QPainter& painter = viewPainter();
@@ -298,6 +352,9 @@ void PaintContext::drawEllipse(const QRectF& rect)
 void PaintContext::drawLine(const QLineF& line)
 {
     const QLineF drawn = m_isPixelAligned ? QLineF(aligned(line.p1()), aligned(line.p2())) : line;
+    const QPointF ends[] = {line.p1(), line.p2()};
+    if (holdLines(ends))
+        return;
     if (drawsShifted()) {
         QPainter& painter = viewPainter();
         painter.drawLine(drawn.translated(m_offset));

@@ -1,6 +1,8 @@
 #pragma once
 
+#include "nodes/heldfigures.h"
 #include "nodes/polylines.h"
+#include "nodes/simplification.h"
 #include "nodes/strokepolygon.h"
 
 #include "tova/nodes/paintoptions.h"
@@ -9,6 +11,7 @@
 #include <QPointF>
 #include <QTransform>
 
+#include <limits>
 #include <span>
 #include <vector>
 
@@ -62,7 +65,19 @@ public:
     void enterLike(const PaintContext& other);
     void setOpacity(double opacity);
     double opacity() const { return m_opacity; }
-    void setStyle(const DrawStyle& style);
+    /// `extent` is that of the figure in local units, where there is one to be filled.
+    void setStyle(const DrawStyle& style, double extent = std::numeric_limits<double>::infinity());
+
+    /// What the quality of this paint leaves out.
+    const Simplification& simplification() const { return *m_simplification; }
+    /// Draws a figure that is too small to be told from a box as one, of which it covers a share.
+    /// False, and nothing drawn, where it is not too small.
+    bool drawTiny(const QRectF& geometry, const DrawStyle& style, double share);
+    /// By its exact coverage of pixels.
+    void fillArea(const QRectF& area, const Vetra::Color& color);
+    /// Draws what was held back in order to be drawn together. To be called before anything is done
+    /// with the painter itself.
+    void flush();
 
     void drawRect(const QRectF& rect);
     void drawRoundedRect(const QRectF& rect, double radius);
@@ -97,9 +112,12 @@ public:
     double pixelRatio() const { return m_pixelRatio; }
     /// What is to be painted, in the device's own pixels.
     QRectF exposedPixels() const;
+    double pixelsAUnit() const;
 
 private:
-    void applyStyle(const DrawStyle& style);
+    void applyStyle(const DrawStyle& style, double extent);
+    void useStyle(const Stroke& stroke, const Fill& fill);
+    double pixelsOf(const Stroke& stroke) const;
     void setAntialiased(bool on);
     void setPenAndBrush();
     bool drawsShifted() const;
@@ -122,7 +140,18 @@ private:
     QRectF seenOnDevice() const;
     StripFill stripsFor(std::size_t pointCount) const;
     void useView();
+    void useNode();
+    double widthOf(const Stroke& stroke) const;
+    bool canHold() const;
+    QRgb heldColor(const Vetra::Color& color) const;
+    QRectF heldBox(const QRectF& area) const;
+    void hold(const QRectF& area, const Vetra::Color& color);
+    bool holdRect(const QRectF& rect);
+    double widthAcross(const QLineF& pixels) const;
+    bool holdLines(std::span<const QPointF> points);
+    bool holdAll(const Polylines& lines);
     QPainter& viewPainter();
+    Stroke aligned(const Stroke& stroke) const;
     QRectF aligned(const QRectF& rect) const;
     QPointF aligned(const QPointF& point) const;
 
@@ -130,6 +159,7 @@ private:
     EffectPainter* m_effectPainter;
     QTransform m_view;
     PaintOptions m_options;
+    const Simplification* m_simplification;
 
     QPointF m_offset;          ///< of a node that is only moved
     QTransform m_nodeToDevice; ///< of any other
@@ -140,7 +170,9 @@ private:
     Fill m_fill;
     double m_pixelRatio;
     double m_cosmeticWidth = 0; ///< of silhouettes
-    bool m_isUniformView;       ///< as long in all directions, and level
+    QTransform m_viewToPixels;
+    bool m_isUpright;     ///< the view neither turns nor shears
+    bool m_isUniformView; ///< as long in all directions, and level
     double m_opacity = 1;
     double m_penWidth = 0; ///< in device pixels
     bool m_isOpacitySet = false;
@@ -153,6 +185,7 @@ private:
     bool m_fillsStrokes = false;
     bool m_isSilhouette = false;
 
+    HeldFigures m_held; ///< nothing has been drawn since
     StrokePolygon m_strokePolygon;
     std::vector<QPointF> m_movedPoints;
     Polylines m_movedLines, m_scratchLines;

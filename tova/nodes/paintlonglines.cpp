@@ -66,6 +66,7 @@ bool PaintContext::strokesAsArea() const
 void PaintContext::drawHairlines(const Polylines& lines)
 {
     const QTransform toDevice = nodeToDevice();
+    flush();
     m_painter.setWorldTransform(QTransform());
     m_coordinates = Coordinates::Unknown;
     m_painter.setPen(QPen(Vetra::toQt(m_stroke.color()), 0));
@@ -107,6 +108,7 @@ void PaintContext::fillInStrips(const Polylines& lines, bool areClosed)
     const double width = std::min(m_stroke.width(scale), Limits::penWidth / scale);
     const double unit = kUnseen / scaleOf(nodeToPixels());
     const QTransform toDevice = nodeToDevice();
+    flush();
     m_painter.setWorldTransform(QTransform());
     m_coordinates = Coordinates::Unknown;
     StripFill area = stripsFor(lines.pointCount());
@@ -129,6 +131,7 @@ bool PaintContext::drawLongPolygon(std::span<const QPointF> points)
     if (brush.gradient() && brush.gradient()->coordinateMode() != QGradient::LogicalMode)
         return false;
     const QTransform toDevice = nodeToDevice();
+    flush();
     m_painter.setWorldTransform(QTransform());
     m_coordinates = Coordinates::Unknown;
     if (brush.style() != Qt::NoBrush) {

@@ -11,6 +11,8 @@ namespace Tova2 {
 
 void PaintContext::drawPolyline(std::span<const QPointF> points)
 {
+    if (holdLines(points))
+        return;
     if (!isHairline() && !(isLong(points.size()) && strokesAsArea()))
         return drawPoints(points, false);
     Polylines& lines = scratchLines();
@@ -56,6 +58,8 @@ void PaintContext::drawPoints(std::span<const QPointF> points, bool isClosed)
 void PaintContext::drawPolylines(const Polylines& lines)
 {
     if (lines.lineCount() == 0)
+        return;
+    if (holdAll(lines))
         return;
     if (isHairline())
         return drawHairlines(lines);

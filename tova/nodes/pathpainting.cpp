@@ -46,7 +46,8 @@ PathNodeImpl::Painting::Painting(const PathNodeImpl& node, PaintContext& context
     : m_node(node)
     , m_context(context)
     , m_flat(node.flat())
-    , m_marks(node.crossingMarks(context.options().viewScale))
+    , m_marks(context.simplification().hasMarks ? node.crossingMarks(context.options().viewScale)
+                                                : nullptr)
 {}
 
 void PathNodeImpl::paintNode(PaintContext& context) const

@@ -6,6 +6,8 @@
 
 #include <QLineF>
 
+#include <algorithm>
+
 namespace Tova2 {
 
 void RectNodeImpl::setRect(const QRectF& rect)
@@ -21,7 +23,9 @@ void RectNodeImpl::paintNode(PaintContext& context) const
 {
     if (!isDrawable(m_rect))
         return;
-    context.setStyle(drawStyle());
+    if (context.drawTiny(m_rect, drawStyle(), 1))
+        return;
+    context.setStyle(drawStyle(), std::max(m_rect.width(), m_rect.height()));
     // A path there and back would have mitres at its ends.
     if (m_rect.isEmpty())
         context.drawLine({m_rect.topLeft(), m_rect.bottomRight()});

@@ -71,7 +71,9 @@ void RoundedRectNodeImpl::paintNode(PaintContext& context) const
 {
     if (!isDrawable(m_rect))
         return;
-    context.setStyle(drawStyle());
+    if (context.drawTiny(m_rect, drawStyle(), 1))
+        return;
+    context.setStyle(drawStyle(), std::max(m_rect.width(), m_rect.height()));
     if (m_rect.isEmpty())
         context.drawLine({m_rect.topLeft(), m_rect.bottomRight()});
     else

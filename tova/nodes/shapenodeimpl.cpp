@@ -165,7 +165,11 @@ void ShapeNodeImpl::paintNode(PaintContext& context) const
 {
     if (m_figure.isEmpty())
         return;
-    context.setStyle(drawStyle());
+    const QRectF rect = geometryRect();
+    // Of a triangle, which most tiny shapes are.
+    if (isFilled() && context.drawTiny(rect, drawStyle(), 0.5))
+        return;
+    context.setStyle(drawStyle(), std::max(rect.width(), rect.height()));
     context.drawPath(Vetra::toQt(m_figure));
 }
 

@@ -2,6 +2,7 @@
 
 #include "nodes/textcontent.h"
 
+#include "host/diagnosticscounter.h"
 #include "vetra/qt.h"
 
 #include <QColor>
@@ -61,6 +62,7 @@ QTextOption lineOption(int referenceSize)
 struct Line {
     QList<QGlyphRun> runs;
     QSizeF size;
+    double baseline = 0; ///< below the line's top
 };
 
 Line layOut(const QString& text, const QFont& font, const QTextOption& option)
@@ -74,7 +76,7 @@ Line layOut(const QString& text, const QFont& font, const QTextOption& option)
     line.setLeadingIncluded(true);
     line.setLineWidth(widestLine);
     layout.endLayout();
-    return {layout.glyphRuns(), {line.naturalTextWidth(), line.height()}};
+    return {layout.glyphRuns(), {line.naturalTextWidth(), line.height()}, line.ascent()};
 }
 
 std::vector<Line> layOutAll(const std::string& text, const QFont& font)
@@ -133,11 +135,15 @@ void addOutlines(QPainterPath& path, const QGlyphRun& run)
 TextLayout::TextLayout(const std::string& text, const Vetra::Font& font,
                        HorizontalAlignment alignment)
 {
+    static auto& made = Host::DiagnosticsCounter::counter("Node:Text layouts made");
+    made.increment();
     const int reference = referenceSizeOf(font);
     m_scale = font.size() / reference;
     if (!qobject_cast<QGuiApplication*>(QCoreApplication::instance()) || text.empty())
         return;
-    const auto lines = layOutAll(text, referenceFont(font, reference));
+    const QFont used = referenceFont(font, reference);
+    const double xHeight = QFontMetricsF(used).xHeight();
+    const auto lines = layOutAll(text, used);
     QSizeF all;
     for (const Line& line : lines)
         all.setWidth(std::max(all.width(), line.size.width()));
@@ -146,6 +152,9 @@ TextLayout::TextLayout(const std::string& text, const Vetra::Font& font,
         const QPointF start(startOf(line, all.width(), alignment), all.height());
         for (const QGlyphRun& run : line.runs)
             addRun(run, start);
+        if (!line.runs.isEmpty())
+            m_bands.emplace_back((start + QPointF(0, line.baseline - xHeight)) * m_scale,
+                                 QSizeF(line.size.width(), xHeight) * m_scale);
         all.setHeight(start.y() + line.size.height());
     }
     measure(all);

@@ -28,6 +28,8 @@ public:
     const QSizeF& size() const { return m_size; }
     /// The lines, and what of the glyphs overhangs them.
     const QRectF& inkRect() const { return m_inkRect; }
+    /// Where the small letters of each line stand, for text that is only hinted at.
+    const std::vector<QRectF>& bands() const { return m_bands; }
     /// `toDevice` maps this layout's coordinates. Leaves the painter with another transform, pen
     /// and antialiasing.
     void draw(QPainter& painter, const QColor& color, const QTransform& toDevice) const;
@@ -48,6 +50,7 @@ private:
 
     QSizeF m_size{0, 0};
     QRectF m_inkRect;
+    std::vector<QRectF> m_bands;
 };
 
 } // namespace Tova2

@@ -88,11 +88,26 @@ Bounds TextNodeImpl::outline() const
     return m_text.empty() ? Bounds() : Bounds(QRectF(origin(), layout().size()));
 }
 
+/// About as much ink as the letters would take; nothing where that would be a haze.
+void TextNodeImpl::paintBands(PaintContext& context, const QPointF& start, double pixels) const
+{
+    constexpr double kInk = 0.28, kHazePixels = 2;
+    if (pixels < kHazePixels)
+        return;
+    for (const QRectF& band : layout().bands())
+        context.fillArea(band.translated(start), faded(m_color, kInk));
+}
+
 void TextNodeImpl::paintNode(PaintContext& context) const
 {
     if (m_text.empty() || m_color.alpha() == 0)
         return;
     const QPointF start = origin();
+    const double pixels = m_font.size() * context.pixelsAUnit();
+    if (pixels < context.options().smallestText && !context.isSilhouette()) {
+        paintBands(context, start, pixels);
+        return;
+    }
     layout().draw(context.localPainter(), context.ink(Vetra::toQt(m_color)),
                   QTransform::fromTranslate(start.x(), start.y()) * context.nodeToDevice());
     context.forgetPainterState();

@@ -43,6 +43,7 @@ public:
 private:
     const TextLayout& layout() const;
     QPointF origin() const;
+    void paintBands(PaintContext& context, const QPointF& start, double pixels) const;
     template <class T>
     void change(T& member, const T& value);
 

@@ -23,13 +23,15 @@ struct NodeCache::Picture {
     double pixelRatio;
     double opacity; ///< of each stroke and fill, which differs from that of the whole picture
     std::uint8_t quality;
+    double smallestText;
     QImage image;
     std::unique_ptr<CacheBudget::Share> share;
 
     bool isFor(const Picture& other) const
     {
         return placement == other.placement && pixelRatio == other.pixelRatio &&
-               opacity == other.opacity && quality == other.quality;
+               opacity == other.opacity && quality == other.quality &&
+               smallestText == other.smallestText;
     }
 };
 
@@ -99,6 +101,7 @@ QImage draw(NodeImpl& node, const PaintContext& context, const QRect& frame)
     own.setOpacity(context.opacity());
     own.enterLike(context);
     node.paintWithEffects(own);
+    own.flush();
     painter.end();
     image.setDevicePixelRatio(1); // it is drawn pixel by pixel
     repaints().increment();
@@ -126,6 +129,7 @@ bool NodeCache::paint(NodeImpl& node, PaintContext& context, const ScenePrivate&
                    context.pixelRatio(),
                    context.opacity(),
                    context.options().quality,
+                   context.options().smallestText,
                    QImage(),
                    nullptr};
     auto picture = find(node, wanted);

@@ -65,7 +65,7 @@ Vetra::Pixmap Node::renderToPixmap(CacheType type, double scale,
     request.view = QTransform::fromScale(scale, scale) *
                    QTransform::fromTranslate(-whole.left(), -whole.top());
     request.exposed = exposed;
-    request.quality = 2; // by itself it crowds nothing
+    request.keepsAll = true; // by itself it crowds nothing
     request.isOffScreen = true;
     request.isPixelDevice = type != CacheType::NoCache;
     renderSubtree(*root, painter, request);

@@ -16,16 +16,6 @@ namespace Tova2 {
 
 namespace {
 
-PaintOptions optionsOf(const QTransform& view, const RenderRequest& request)
-{
-    PaintOptions options;
-    options.viewScale = std::sqrt(std::abs(view.determinant()));
-    options.quality = request.quality;
-    options.offScreen = request.isOffScreen;
-    options.exposed = Vetra::fromQt(request.exposed);
-    return options;
-}
-
 bool isSingular(const QTransform& transform)
 {
     return !(std::abs(transform.determinant()) > 0) || !std::isfinite(transform.determinant());
@@ -34,9 +24,9 @@ bool isSingular(const QTransform& transform)
 } // namespace
 
 NodeWalk::NodeWalk(QPainter& painter, const QTransform& view, const RenderRequest& request,
-                   const NodeImpl* root)
+                   const PaintOptions& options, const NodeImpl* root)
     : m_painter(painter)
-    , m_context(painter, view, optionsOf(view, request))
+    , m_context(painter, view, options)
     , m_root(root)
     , m_deviceExposed(view.mapRect(request.exposed))
     , m_baseOpacity(painter.opacity())
@@ -53,6 +43,7 @@ NodeWalk::NodeWalk(QPainter& painter, const QTransform& view, const RenderReques
 
 NodeWalk::~NodeWalk()
 {
+    m_context.flush();
     leaveClips();
     m_painter.restore();
 }
@@ -121,6 +112,7 @@ void NodeWalk::useClipsOf(const NodeImpl& node)
     leaveClips();
     if (!nearest)
         return;
+    m_context.flush();
     m_painter.save();
     m_clipper = nearest;
     for (auto clipper = clippers.rbegin(); clipper != clippers.rend(); ++clipper)
@@ -142,6 +134,7 @@ void NodeWalk::leaveClips()
 {
     if (!m_clipper)
         return;
+    m_context.flush();
     m_clipper = nullptr;
     m_painter.restore();
     m_context.forgetPainterState();

@@ -18,7 +18,7 @@ class NodeWalk {
 public:
     /// `root` null stands for the scene. `view` goes down to the painter's device.
     NodeWalk(QPainter& painter, const QTransform& view, const RenderRequest& request,
-             const NodeImpl* root);
+             const PaintOptions& options, const NodeImpl* root);
     ~NodeWalk();
     NodeWalk(const NodeWalk&) = delete;
     NodeWalk& operator=(const NodeWalk&) = delete;

@@ -7,6 +7,7 @@
 #include "scene/stackingorder.h"
 
 #include "tova/nodes/geometry/limits.h"
+#include "vetra/qt.h"
 
 #include <QPainter>
 #include <QtDebug>
@@ -42,6 +43,16 @@ std::vector<Candidate> candidatesIn(ScenePrivate& scene, const QRectF& exposed, 
 double scaleOf(const QTransform& view)
 {
     return std::sqrt(std::abs(view.determinant()));
+}
+
+/// At full quality.
+PaintOptions optionsOf(const QTransform& view, const RenderRequest& request)
+{
+    PaintOptions options;
+    options.viewScale = scaleOf(view);
+    options.offScreen = request.isOffScreen;
+    options.exposed = Vetra::fromQt(request.exposed);
+    return options;
 }
 
 /// What the scene says of the paint under way, also to nodes that ask during it.
@@ -82,10 +93,13 @@ void renderScene(ScenePrivate& scene, QPainter& painter, const RenderRequest& re
     const PaintStateScope state(scene,
                                 {view * QTransform::fromScale(ratio, ratio), request.isOffScreen});
     const DetailScope detail(scene);
-    RenderRequest decided = request;
-    decided.quality = std::max(request.quality, detail.qualityAt(scaleOf(view) * ratio));
+    PaintOptions options = optionsOf(view, request);
+    if (!request.keepsAll) {
+        options.quality = detail.qualityAt(scaleOf(view) * ratio);
+        options.smallestText = scene.settings.minRenderFontSize;
+    }
     const auto candidates = candidatesIn(scene, request.exposed, scaleOf(view));
-    NodeWalk walk(painter, view, decided, nullptr);
+    NodeWalk walk(painter, view, request, options, nullptr);
     auto edits = scene.editCounter();
     bool isEdited = false;
     for (const auto& [node, flags] : candidates) {
@@ -118,7 +132,7 @@ void renderSubtree(NodeImpl& root, QPainter& painter, const RenderRequest& reque
     });
     RenderRequest inScene = request;
     inScene.exposed = root.sceneTransform().mapRect(request.exposed);
-    NodeWalk walk(painter, view, inScene, &root);
+    NodeWalk walk(painter, view, inScene, optionsOf(view, inScene), &root);
     for (NodeImpl* const node : nodes) {
         if (node == &root || root.isAncestorOfNode(*node))
             walk.paintSpecial(*node);

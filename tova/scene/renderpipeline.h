@@ -14,9 +14,9 @@ class ScenePrivate;
 
 /// One paint: where from, where to, and how well.
 struct RenderRequest {
-    QTransform view;          ///< scene to painter, whose own transform it is applied before
-    QRectF exposed;           ///< what to paint, in scene coordinates
-    std::uint8_t quality = 0; ///< at least; the scene's strategy may ask for more
+    QTransform view;       ///< scene to painter, whose own transform it is applied before
+    QRectF exposed;        ///< what to paint, in scene coordinates
+    bool keepsAll = false; ///< leaves nothing out, whatever the scene's strategy says
     bool isOffScreen = false;
     bool isPixelDevice =
         true; ///< false where node caches would coarsen what the device can keep as vectors

@@ -61,7 +61,7 @@ void paint(ScenePrivate& scene, QPainter& painter, const Rect& target, const Rec
     request.isOffScreen = true;
     request.isPixelDevice = isPixelDevice;
     // What comes from a device without pixels of its own can be looked at from nearby.
-    request.quality = hasPixels(painter) ? 0 : 2;
+    request.keepsAll = !hasPixels(painter);
     scene.backgroundPainter().paint(scene.settings.background, painter, to, request.view);
     renderScene(scene, painter, request);
 }

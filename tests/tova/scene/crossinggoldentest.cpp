@@ -29,6 +29,7 @@ void addLine(Scene& scene, const Points& points, double width, const Vetra::Colo
 Vetra::Holder<Scene> makeScene(const char* decorator)
 {
     auto scene = Scene::createScene();
+    scene->setLODStrategyKey("tova2::fullquality");
     scene->usePathIntersectionsDecorator(decorator);
     const Vetra::Color blue(0.1, 0.2, 0.6), red(0.6, 0.2, 0.1), green(0.1, 0.5, 0.1), black;
     addLine(*scene, {{0, 30}, {200, 30}}, 1.5, blue);

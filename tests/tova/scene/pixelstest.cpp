@@ -167,7 +167,12 @@ INSTANTIATE_TEST_SUITE_P(Scene, PixelAlignTest,
                                          AlignCase{"EvenWidth", 2, 5.4, 1, 1},
                                          AlignCase{"Cosmetic", 0, 5.4, 2.7, 1},
                                          AlignCase{"OddOnEnlargedView", 1, 5.5, 3, 1},
-                                         AlignCase{"EvenOnDenseScreen", 1, 5.3, 1, 2}));
+                                         AlignCase{"EvenOnDenseScreen", 1, 5.3, 1, 2},
+                                         AlignCase{"OneAtFiveQuarters", 1, 5.4, 1, 1.25},
+                                         AlignCase{"TwoBecomesOddAtFiveQuarters", 2, 5.4, 1, 1.25},
+                                         AlignCase{"OneBecomesEvenAtThreeHalves", 1, 5.3, 1, 1.5},
+                                         AlignCase{"TwoBecomesOddAtThreeHalves", 2, 5.3, 1, 1.5},
+                                         AlignCase{"ThinWhenZoomedOut", 1, 5.4, 0.6, 1}));
 
 class GrowingPainter : public CustomNodePainter {
 public:

@@ -1,0 +1,177 @@
+#include "nodes/paintcontext.h"
+
+#include "vetra/qt.h"
+
+#include <QPainter>
+
+#include <algorithm>
+#include <cmath>
+
+namespace Tova2 {
+
+namespace {
+
+double areaOf(const QRectF& rect)
+{
+    return std::max(rect.width(), 0.0) * std::max(rect.height(), 0.0);
+}
+
+} // namespace
+
+/// Boxes stay boxes, and thin lines may be measured as they lie in the scene.
+bool PaintContext::canHold() const
+{
+    return !m_simplification->isNone() && m_isMovedOnly && m_isUpright;
+}
+
+QRgb PaintContext::heldColor(const Vetra::Color& color) const
+{
+    QRgb packed = color.packed();
+    if (m_opacity < 1)
+        packed = qRgba(color.red(), color.green(), color.blue(), qRound(color.alpha() * m_opacity));
+    return qPremultiply(packed);
+}
+
+QRectF PaintContext::heldBox(const QRectF& area) const
+{
+    const double left = area.left() + m_offset.x(), top = area.top() + m_offset.y();
+    const double x = left * m_viewToPixels.m11() + m_viewToPixels.dx();
+    const double y = top * m_viewToPixels.m22() + m_viewToPixels.dy();
+    return QRectF(x, y, area.width() * m_viewToPixels.m11(), area.height() * m_viewToPixels.m22())
+        .normalized();
+}
+
+void PaintContext::hold(const QRectF& area, const Vetra::Color& color)
+{
+    if (m_held.isFull())
+        flush();
+    if (color.alpha() > 0)
+        m_held.add(heldBox(area), heldColor(color));
+}
+
+void PaintContext::fillArea(const QRectF& area, const Vetra::Color& color)
+{
+    if (canHold())
+        return hold(area, color);
+    if (m_isMovedOnly)
+        useView();
+    else
+        useNode();
+    setAntialiased(true);
+    m_painter.fillRect(m_isMovedOnly ? area.translated(m_offset) : area, Vetra::toQt(color));
+}
+
+/// In local units; 0 without a stroke.
+double PaintContext::widthOf(const Stroke& stroke) const
+{
+    if (stroke.isNoStroke())
+        return 0;
+    return stroke.logicalWidth() == 0 ? 1 / pixelsAUnit() : stroke.width(m_options.viewScale);
+}
+
+bool PaintContext::drawTiny(const QRectF& geometry, const DrawStyle& style, double share)
+{
+    if (m_simplification->isNone())
+        return false;
+    const double most = m_simplification->figures / pixelsAUnit();
+    if (!(std::max(geometry.width(), geometry.height()) < most))
+        return false;
+    const double width = widthOf(style.stroke()), half = width / 2;
+    const QRectF out = geometry.adjusted(-half, -half, half, half);
+    if (!(std::max(out.width(), out.height()) < most))
+        return false;
+    const double all = areaOf(out), inside = areaOf(geometry.adjusted(half, half, -half, -half));
+    const Fill fill = m_simplification->fill(style.fill(), 0);
+    const auto ground =
+        fill.style() == FillStyle::Solid ? fill.color() : Vetra::Color::fromPacked(0);
+    const auto line = width > 0 ? m_simplification->stroke(style.stroke(), 0).color()
+                                : Vetra::Color::fromPacked(0);
+    fillArea(out, faded(mixed(line, ground, all > 0 ? inside / all : 0), share));
+    return true;
+}
+
+/// As `fillFrame`, with the inside put over the outside: what it covers of a pixel is what the
+/// stroke does not.
+bool PaintContext::holdRect(const QRectF& rect)
+{
+    const bool isFilled = m_fill.style() == FillStyle::Solid;
+    const double width = m_stroke.style() <= StrokeStyle::SolidLine ? widthOf(m_stroke) : -1;
+    if (!canHold() || width < 0 || !(isFilled || m_fill.style() == FillStyle::NoFill))
+        return false;
+    const double half = width / 2;
+    const QRectF out = rect.adjusted(-half, -half, half, half);
+    const QRectF in = rect.adjusted(half, half, -half, -half);
+    const bool hasInside = in.width() > 0 && in.height() > 0;
+    const bool isCovering = isFilled && m_fill.color().alpha() == 255 && m_opacity == 1;
+    if (width == 0 || !hasInside || isCovering) {
+        if (width > 0)
+            hold(out, m_stroke.color());
+    } else {
+        hold(QRectF(out.topLeft(), QSizeF(out.width(), width)), m_stroke.color());
+        hold(QRectF(out.x(), in.bottom(), out.width(), width), m_stroke.color());
+        hold(QRectF(out.x(), in.y(), width, in.height()), m_stroke.color());
+        hold(QRectF(in.right(), in.y(), width, in.height()), m_stroke.color());
+    }
+    if (isFilled && hasInside)
+        hold(in, m_fill.color());
+    return true;
+}
+
+/// In pixels. A view that is not as long in all directions makes upright lines another width than
+/// level ones.
+double PaintContext::widthAcross(const QLineF& pixels) const
+{
+    if (m_isUniformView || m_stroke.logicalWidth() == 0)
+        return m_penWidth;
+    const double width = m_stroke.width(m_options.viewScale);
+    if (pixels.dx() == 0)
+        return width * std::abs(m_viewToPixels.m11());
+    return pixels.dy() == 0 ? width * std::abs(m_viewToPixels.m22()) : m_penWidth;
+}
+
+/// Without joins, which are less than a pixel.
+bool PaintContext::holdLines(std::span<const QPointF> points)
+{
+    const bool isThin = m_stroke.style() == StrokeStyle::SolidLine && m_penWidth <= 1;
+    if (!isThin || !canHold())
+        return false;
+    if (m_held.isFull())
+        flush();
+    const QRgb color = heldColor(m_stroke.color());
+    const auto place = [this](const QPointF& point) {
+        return m_viewToPixels.map((m_isPixelAligned ? aligned(point) : point) + m_offset);
+    };
+    QPointF before = place(points.front());
+    for (const QPointF& point : points.subspan(1)) {
+        const QLineF line(before, place(point));
+        m_held.add(line, widthAcross(line), color);
+        before = line.p2();
+    }
+    return true;
+}
+
+bool PaintContext::holdAll(const Polylines& lines)
+{
+    // The first one tells for all.
+    for (std::size_t i = 0; i < lines.lineCount(); ++i) {
+        if (!holdLines(lines.line(i)))
+            return false;
+    }
+    return true;
+}
+
+void PaintContext::flush()
+{
+    if (m_held.isEmpty())
+        return;
+    m_held.draw(m_painter, m_pixelRatio);
+    // The style under way has told the painter already.
+    if (m_isAntialiasedSet)
+        m_painter.setRenderHint(QPainter::Antialiasing, m_isAntialiased);
+    if (m_isOpacitySet)
+        m_painter.setOpacity(m_opacity);
+    m_coordinates = Coordinates::Unknown;
+    m_arePenAndBrushSet = m_isFrameSet = false;
+}
+
+} // namespace Tova2
