@@ -84,6 +84,10 @@ double PaintContext::pixelsOf(const Stroke& stroke) const
 /// As wide as whole pixels: a line between is blurred wherever it lies.
 Stroke PaintContext::aligned(const Stroke& stroke) const
 {
+    const QTransform toPixels = nodeToPixels();
+    if (toPixels.type() > QTransform::TxScale ||
+        std::abs(toPixels.m11()) != std::abs(toPixels.m22()))
+        return stroke;
     const double pixels = pixelsOf(stroke), whole = std::max(std::round(pixels), 1.0);
     Stroke result = stroke;
     if (stroke.logicalWidth() > 0 && pixels > 0 && pixels <= Limits::penWidth)

@@ -96,7 +96,8 @@ bool PaintContext::holdRect(const QRectF& rect)
 {
     const bool isFilled = m_fill.style() == FillStyle::Solid;
     const double width = m_stroke.style() <= StrokeStyle::SolidLine ? widthOf(m_stroke) : -1;
-    if (!canHold() || width < 0 || !(isFilled || m_fill.style() == FillStyle::NoFill))
+    if (!canHold() || !m_isAntialiased || width < 0 ||
+        !(isFilled || m_fill.style() == FillStyle::NoFill))
         return false;
     const double half = width / 2;
     const QRectF out = rect.adjusted(-half, -half, half, half);
@@ -133,7 +134,7 @@ double PaintContext::widthAcross(const QLineF& pixels) const
 bool PaintContext::holdLines(std::span<const QPointF> points)
 {
     const bool isThin = m_stroke.style() == StrokeStyle::SolidLine && m_penWidth <= 1;
-    if (!isThin || !canHold())
+    if (!isThin || !canHold() || !m_isAntialiased)
         return false;
     if (m_held.isFull())
         flush();

@@ -125,7 +125,7 @@ void PathNodeImpl::Painting::drawLoop(const Stroke& stroke)
         return;
     setStyle(stroke, true);
     const bool isMany = m_flat.points.size() > kManyPoints;
-    if (m_node.isCurved() && !(isMany && chordsAreSmooth()))
+    if (m_node.isCurved() && !((isMany || isCoarsest()) && chordsAreSmooth()))
         return m_context.drawPath(m_node.wholePath());
     if (!isMany)
         return m_context.drawPolygon(m_flat.points);
@@ -148,12 +148,17 @@ void PathNodeImpl::Painting::drawRun(const Run& whole)
     if (stretches.empty())
         return;
     const bool isMany = seenCount() * FlatChunk::kPieces > kManyPoints;
-    if (m_node.isCurved() && !(isMany && chordsAreSmooth()))
+    if (m_node.isCurved() && !((isMany || isCoarsest()) && chordsAreSmooth()))
         drawCurves(run, stretches);
     else
         drawLines(run, stretches);
     if (m_marks)
         drawFades(run, stretches);
+}
+
+bool PathNodeImpl::Painting::isCoarsest() const
+{
+    return m_context.options().quality == 0;
 }
 
 bool PathNodeImpl::Painting::chordsAreSmooth() const

@@ -36,6 +36,8 @@ private:
     void drawLoop(const Stroke& stroke);
     void drawRun(const Run& run);
     bool chordsAreSmooth() const;
+    /// No curve need be made for it: it is drawn by chords.
+    bool isCoarsest() const;
     void drawFarLines();
 
     Run fromUnseen(const Run& run) const;

@@ -36,7 +36,7 @@ Vetra::Color meanOf(const Vetra::Gradient& gradient)
 
 const Simplification& Simplification::of(std::uint8_t quality)
 {
-    static constexpr Simplification coarsest{6, 12, 1, 3, false}, middle{3, 4, 0.5, 1, true}, none;
+    static constexpr Simplification coarsest{6, 8, 1, 3, false}, middle{3, 4, 0.5, 1, true}, none;
     return quality == 0 ? coarsest : quality == 1 ? middle : none;
 }
 
