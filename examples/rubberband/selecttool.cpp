@@ -40,6 +40,9 @@ void SelectTool::handleMousePressEvent(MouseEvent& event)
 
 void SelectTool::handleMouseMoveEvent(MouseEvent& event)
 {
+    // The release may have been lost, to a dialog for one.
+    if (!isIdle() && !event.asGLMouseEvent2().buttons.has(Vetra::MouseButton::LeftButton))
+        return endGesture();
     if (isAlert() && movedPastInteractionThreshold(m_pressPixel, event.asGLMouseEvent2().position))
         becomeActive();
     if (!isActive())
@@ -57,6 +60,16 @@ void SelectTool::handleMouseReleaseEvent(MouseEvent& event)
         return;
     endGesture();
     event.consume();
+}
+
+void SelectTool::handleFocusOutEvent(Tova2::FocusEvent&)
+{
+    cancel(ECancelReason::AllToolsCancelled, nullptr);
+}
+
+void SelectTool::handleLeaveCanvasEvent(Tova2::WidgetEvent&)
+{
+    cancel(ECancelReason::AllToolsCancelled, nullptr);
 }
 
 void SelectTool::cancel(ECancelReason, const Tool*)

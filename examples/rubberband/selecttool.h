@@ -22,6 +22,8 @@ public:
     void handleMousePressEvent(Tova2::MouseEvent& event) override;
     void handleMouseMoveEvent(Tova2::MouseEvent& event) override;
     void handleMouseReleaseEvent(Tova2::MouseEvent& event) override;
+    void handleFocusOutEvent(Tova2::FocusEvent& event) override;
+    void handleLeaveCanvasEvent(Tova2::WidgetEvent& event) override;
 
 private:
     using Point = Vetra::GLPoint<double>;
