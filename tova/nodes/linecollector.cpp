@@ -2,6 +2,7 @@
 
 #include "nodes/cubic.h"
 
+#include <algorithm>
 #include <cmath>
 
 namespace Tova2 {
@@ -9,13 +10,16 @@ namespace Tova2 {
 namespace {
 
 constexpr double kUnseenPixels = 0.125;
+/// Of a fade, which is a dozen pixels long at any zoom unless its line is very wide.
+constexpr double kMostLines = 64;
 
 } // namespace
 
 LineCollector::LineCollector(Polylines& lines, const QTransform& toPixels, bool thinsOut,
                              bool measures)
     : m_lines(lines)
-    , m_flatness(kUnseenPixels / std::sqrt(std::abs(toPixels.determinant())))
+    , m_pixel(1 / std::sqrt(std::abs(toPixels.determinant())))
+    , m_flatness(kUnseenPixels * m_pixel)
     , m_measures(measures)
 {
     if (thinsOut)
@@ -80,6 +84,48 @@ void LineCollector::add(std::span<const QPainterPath::Element> elements)
         } else {
             lineTo(to);
         }
+    }
+}
+
+// A fading line has nothing but lines, with a gap for two fades or, where marks meet, for more.
+void LineCollector::addWithFades(const CrossingMarks::Marks& marks)
+{
+    if (marks.fades.empty())
+        return add(marks.line);
+    std::size_t next = 0;
+    for (const QPainterPath::Element& element : marks.line) {
+        if (!element.isMoveTo()) {
+            lineTo(element);
+            continue;
+        }
+        do {
+            addFade(marks.fades[next], false);
+            addFade(marks.fades[next + 1], true);
+            next += 2;
+        } while (next < marks.fades.size() && marks.fades[next - 1].full != element);
+        begin(element);
+    }
+}
+
+// Whatever way pixels lie, each has its share of a line in it, or of two.
+void LineCollector::addFade(const CrossingMarks::Fade& fade, bool isFadingIn)
+{
+    const auto lengthTo = [&](const QPointF& p) {
+        return std::hypot(p.x() - fade.clear.x(), p.y() - fade.clear.y());
+    };
+    const double length = lengthTo(fade.full);
+    if (!(length > 0))
+        return;
+    const int count = static_cast<int>(std::clamp(std::round(length / m_pixel), 1.0, kMostLines));
+    const double last = lengthTo(fade.end) / length;
+    const auto at = [&](double part) {
+        return fade.clear + std::min(part, last) * (fade.full - fade.clear);
+    };
+    for (int i = 0; i < count; ++i) {
+        const double middle = ((isFadingIn ? i : count - 1 - i) + 0.5) / count;
+        const double half = middle / 2 / count;
+        begin(at(isFadingIn ? middle - half : middle + half));
+        lineTo(at(isFadingIn ? middle + half : middle - half));
     }
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "nodes/crossings/crossingmarks.h"
 #include "nodes/pointthinner.h"
 #include "nodes/polylines.h"
 
@@ -21,19 +22,23 @@ public:
     void lineTo(const QPointF& point);
     /// From where the line is.
     void add(std::span<const QPainterPath::Element> elements);
+    /// The same, but a line that fades is not left out: it becomes a line a pixel, of which less
+    /// and less is there. Only an antialiased fill of flat ends shows that as a fade.
+    void addWithFades(const CrossingMarks::Marks& marks);
     /// As lines of their own.
     void addApart(std::span<const QPainterPath::Element> elements);
     void finish();
 
 private:
     void begin(const QPointF& point);
+    void addFade(const CrossingMarks::Fade& fade, bool isFadingIn);
     void addChords(std::span<const QPainterPath::Element> curve);
     void keep(const QPointF& point);
     void measure(const QPointF& next);
 
     Polylines& m_lines;
     std::optional<PointThinner> m_thinner;
-    double m_flatness;
+    double m_pixel, m_flatness; ///< in the path's units
     bool m_measures;
     QPointF m_current;
     double m_length = 0;      ///< as far as the current point

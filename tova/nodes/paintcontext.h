@@ -3,6 +3,7 @@
 #include "nodes/heldfigures.h"
 #include "nodes/polylines.h"
 #include "nodes/simplification.h"
+#include "nodes/strokearea.h"
 #include "nodes/strokepolygon.h"
 
 #include "tova/nodes/paintoptions.h"
@@ -89,6 +90,11 @@ public:
     void drawPolygon(std::span<const QPointF> points);
     /// As one: where solid lines overlap, a translucent colour shows once. Any number of points.
     void drawPolylines(const Polylines& lines);
+    /// Of the node and stroke under way. Only where the width is not 0 may its areas be used.
+    StrokeArea::Key strokeAreaKey() const;
+    /// For the area's key, which has to be that of now.
+    void layOut(StrokeArea& area, const Polylines& lines);
+    void drawArea(const StrokeArea& area);
     /// As wide as the stroke and of its colour from `full` on; clear at the other end. Nothing is
     /// drawn beyond `end`, which lies between the two.
     void drawFade(const QPointF& clear, const QPointF& full, const QPointF& end);
@@ -127,7 +133,7 @@ private:
     void useStrokeBrush();
     bool fillStroke(std::span<const QPointF> points, bool isClosed);
     bool fillStrokes(const Polylines& lines);
-    void fillStrokePolygon();
+    void fillArea(std::span<const QPointF> area);
     double strokePolygonWidth() const;
     void drawPoints(std::span<const QPointF> points, bool isClosed);
     void strokePath(const Polylines& lines, QPainter& painter);

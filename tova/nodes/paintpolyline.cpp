@@ -123,7 +123,7 @@ bool PaintContext::fillStroke(std::span<const QPointF> points, bool isClosed)
         m_painter.drawPolygon(points.data(), static_cast<int>(points.size()));
         m_isFrameSet = m_arePenAndBrushSet = false;
     }
-    fillStrokePolygon();
+    fillArea(m_strokePolygon.points());
     return true;
 }
 
@@ -132,15 +132,40 @@ bool PaintContext::fillStrokes(const Polylines& lines)
     const double width = strokePolygonWidth();
     if (!(width > 0) || !m_strokePolygon.buildAll(lines, width, m_stroke))
         return false;
-    fillStrokePolygon();
+    fillArea(m_strokePolygon.points());
     return true;
 }
 
-void PaintContext::fillStrokePolygon()
+StrokeArea::Key PaintContext::strokeAreaKey() const
+{
+    if (!m_isMovedOnly || m_isPixelAligned)
+        return {};
+    return {strokePolygonWidth(), m_options.viewScale * m_pixelRatio, m_stroke.capStyle(),
+            m_stroke.joinStyle()};
+}
+
+void PaintContext::layOut(StrokeArea& area, const Polylines& lines)
+{
+    area.points.clear();
+    if (m_strokePolygon.buildAll(lines, area.key.width, m_stroke))
+        area.points.assign(m_strokePolygon.points().begin(), m_strokePolygon.points().end());
+}
+
+void PaintContext::drawArea(const StrokeArea& area)
+{
+    if (m_offset.isNull())
+        return fillArea(area.points);
+    m_movedPoints.clear();
+    m_movedPoints.reserve(area.points.size());
+    for (const QPointF& p : area.points)
+        m_movedPoints.push_back(p + m_offset);
+    fillArea(m_movedPoints);
+}
+
+void PaintContext::fillArea(std::span<const QPointF> area)
 {
     useView();
     useStrokeBrush();
-    const auto& area = m_strokePolygon.points();
     m_painter.drawPolygon(area.data(), static_cast<int>(area.size()), Qt::WindingFill);
 }
 

@@ -60,7 +60,7 @@ void PathNodeImpl::Painting::run()
     if (m_flat.pieceCount() == 0)
         return;
     const bool isExact = m_node.isExact();
-    if (!m_flat.chunks.empty() || !isExact || m_marks)
+    if (!m_flat.chunks.empty() || !isExact)
         findExposed();
     if (!isExact)
         return drawFarLines();
@@ -76,7 +76,6 @@ void PathNodeImpl::Painting::run()
 void PathNodeImpl::Painting::findExposed()
 {
     const QTransform toDevice = m_context.nodeToDevice();
-    m_scale = std::sqrt(std::abs(toDevice.determinant()));
     const QRectF exposed = Vetra::toQt(m_context.options().exposed);
     bool isInvertible = false;
     const QTransform toLocal = toDevice.inverted(&isInvertible);
@@ -88,10 +87,16 @@ void PathNodeImpl::Painting::findExposed()
     for (const Stroke& stroke : m_node.strokes())
         widest = std::max(widest, stroke.width(m_context.options().viewScale));
     // The longest mitre is a little more than two widths.
-    const double marks = m_marks ? m_node.markReach() * std::max(1.0, 1 / m_scale) : 0;
-    const double around = 2.5 * widest + m_node.slack() + marks + 2 / m_scale;
+    const double unit = 1 / scale();
+    const double marks = m_marks ? m_node.markReach() * std::max(1.0, unit) : 0;
+    const double around = 2.5 * widest + m_node.slack() + marks + 2 * unit;
     m_exposed = toLocal.mapRect(m_context.view().mapRect(exposed))
                     .adjusted(-around, -around, around, around);
+}
+
+double PathNodeImpl::Painting::scale() const
+{
+    return std::sqrt(std::abs(m_context.nodeToDevice().determinant()));
 }
 
 bool PathNodeImpl::Painting::isAllSeen() const
@@ -150,9 +155,11 @@ void PathNodeImpl::Painting::drawRun(const Run& whole)
     const bool isMany = seenCount() * FlatChunk::kPieces > kManyPoints;
     if (m_node.isCurved() && !((isMany || isCoarsest()) && chordsAreSmooth()))
         drawCurves(run, stretches);
+    else if (m_marks)
+        drawMarkedLines(run, stretches);
     else
         drawLines(run, stretches);
-    if (m_marks)
+    if (m_marks && !m_fadesAreLines)
         drawFades(run, stretches);
 }
 
@@ -165,7 +172,7 @@ bool PathNodeImpl::Painting::chordsAreSmooth() const
 {
     // They are off by a twentieth of a unit at most.
     constexpr double kMostScale = 2;
-    return m_scale <= kMostScale;
+    return scale() <= kMostScale;
 }
 
 // Where the toolkit's own arithmetic fails, it is given only what is seen, line by line.

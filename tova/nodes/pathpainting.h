@@ -25,6 +25,7 @@ private:
     using Stretches = boost::container::small_vector<Stretch, 2>;
 
     void findExposed();
+    double scale() const; ///< device units a unit of the node
     bool isSeen(std::size_t piece) const
     {
         return m_flat.chunks.empty() ||
@@ -44,7 +45,9 @@ private:
     Stretches seenParts(const Run& run) const;
     template <class Visit>
     void forEachMark(const Run& run, const Stretches& stretches, Visit visit) const;
+    void drawMarkedLines(const Run& run, const Stretches& stretches);
     void drawLines(const Run& run, const Stretches& stretches);
+    Polylines& collectLines(const Run& run, const Stretches& stretches);
     void addStretch(const Run& run, const Stretch& stretch, LineCollector& collector);
     void drawDashes(const Polylines& lines, const Stroke& stroke);
     void drawCurves(const Run& run, const Stretches& stretches);
@@ -55,9 +58,9 @@ private:
     const PathNodeImpl& m_node;
     PaintContext& m_context;
     FlatPath m_flat;
-    CrossingMarks* m_marks; ///< null where there are none
-    QRectF m_exposed;       ///< in the node's coordinates, with room for strokes
-    double m_scale = 1;
+    CrossingMarks* m_marks;       ///< null where there are none
+    QRectF m_exposed;             ///< in the node's coordinates, with room for strokes
+    bool m_fadesAreLines = false; ///< rather than drawn on their own
 };
 
 } // namespace Tova2

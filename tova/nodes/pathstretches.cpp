@@ -88,6 +88,16 @@ void PathNodeImpl::Painting::drawLines(const Run& run, const Stretches& stretche
         first.count < kManyPoints)
         return m_context.drawPolyline(
             m_flat.points.subspan(run.first + first.first, first.count + 1));
+    Polylines& lines = collectLines(run, stretches);
+    if (isSolid)
+        m_context.drawPolylines(lines);
+    else
+        drawDashes(lines, *run.stroke);
+}
+
+Polylines& PathNodeImpl::Painting::collectLines(const Run& run, const Stretches& stretches)
+{
+    const bool isSolid = run.stroke->style() == StrokeStyle::SolidLine;
     Polylines& lines = m_context.scratchLines();
     std::size_t count = 0;
     for (const Stretch& stretch : stretches)
@@ -100,10 +110,22 @@ void PathNodeImpl::Painting::drawLines(const Run& run, const Stretches& stretche
         forEachMark(run, stretches,
                     [&](const CrossingMarks::Marks& marks) { collector.addApart(marks.thinHops); });
     collector.finish();
-    if (isSolid)
-        m_context.drawPolylines(lines);
-    else
-        drawDashes(lines, *run.stroke);
+    return lines;
+}
+
+void PathNodeImpl::Painting::drawMarkedLines(const Run& run, const Stretches& stretches)
+{
+    const StrokeArea::Key key = m_context.strokeAreaKey();
+    const bool isArea = key.width > 0;
+    m_fadesAreLines = isArea && key.cap == StrokeCapStyle::FlatCap;
+    if (!isArea || !m_flat.chunks.empty() || run.count < m_flat.pieceCount())
+        return drawLines(run, stretches);
+    StrokeArea& area = m_marks->area();
+    if (area.key != key) {
+        area.key = key;
+        m_context.layOut(area, collectLines(run, stretches));
+    }
+    m_context.drawArea(area);
 }
 
 void PathNodeImpl::Painting::addStretch(const Run& run, const Stretch& stretch,
@@ -121,7 +143,9 @@ void PathNodeImpl::Painting::addStretch(const Run& run, const Stretch& stretch,
             // Further pieces of a segment are its corner.
             const bool isFirst = piece == 0 || m_flat.segmentOf(piece - 1) != segment;
             if (next < m_marks->count() && m_marks->segment(next) == segment) {
-                if (isFirst)
+                if (isFirst && m_fadesAreLines)
+                    collector.addWithFades(m_marks->at(next));
+                else if (isFirst)
                     collector.add(m_marks->at(next).line);
                 ++next;
             }
@@ -157,7 +181,7 @@ void PathNodeImpl::Painting::setDashOffset(double length)
 {
     QPainter& painter = m_context.localPainter();
     QPen pen = painter.pen();
-    const double width = pen.isCosmetic() ? 1 / m_scale : pen.widthF();
+    const double width = pen.isCosmetic() ? 1 / scale() : pen.widthF();
     pen.setDashOffset(std::fmod(length / width, 1e6));
     painter.setPen(pen);
 }

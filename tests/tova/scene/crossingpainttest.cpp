@@ -123,6 +123,45 @@ TEST_P(CrossingPaintTest, WhatLiesBelowShowsThrough)
 }
 
 // Of the long one most is not seen.
+// What a line covers is kept for its marks' scale; nothing drawn before may show in the picture.
+TEST_P(CrossingPaintTest, WhatWasDrawnBeforeLeavesNoTrace)
+{
+    const auto line = addLine(*m_scene, {{20, 90}, {20, 10}, {80, 10}});
+    const auto look = [&](double width, StrokeCapStyle cap, double zoom) {
+        DrawStyle style = line.getDrawStyle();
+        Stroke stroke = style.stroke();
+        stroke.setLogicalWidth(width);
+        stroke.setCapStyle(cap);
+        style.setStroke(stroke);
+        OpenLinearPathNode(line).setDrawStyle(style);
+        return paint(*m_scene, {0, 0, 100 / zoom, 100 / zoom});
+    };
+    const QImage first = look(1.5, StrokeCapStyle::FlatCap, 1);
+    EXPECT_NE(look(4, StrokeCapStyle::FlatCap, 1), first);
+    EXPECT_NE(look(1.5, StrokeCapStyle::SquareCap, 1), first);
+    EXPECT_NE(look(1.5, StrokeCapStyle::FlatCap, 0.5), first);
+    EXPECT_EQ(look(1.5, StrokeCapStyle::FlatCap, 1), first);
+}
+
+class FadeTest : public testing::TestWithParam<double> {};
+
+// From the line to where the other passes, row by row, wherever the pixels lie.
+TEST_P(FadeTest, NeverGrowsDarkerOnItsWay)
+{
+    const auto scene = Scene::createScene();
+    scene->usePathIntersectionsDecorator("grad_pin");
+    addLine(*scene, {{10, 0}, {10, 40}}, 4);
+    addLine(*scene, {{0, 20}, {20, 20}});
+    scene->findPathIntersections();
+    const QImage image = paint(*scene, {0, GetParam(), 20, 40}, {20, 40});
+    EXPECT_EQ(qGray(image.pixel(10, 11)), 0);
+    for (int y = 12; y <= 17; ++y)
+        EXPECT_GE(qGray(image.pixel(10, y)), qGray(image.pixel(10, y - 1))) << y;
+    EXPECT_GT(qGray(image.pixel(10, 17)), 150);
+}
+
+INSTANTIATE_TEST_SUITE_P(Scene, FadeTest, testing::Values(0, 0.25, 0.5, 0.8));
+
 TEST_P(CrossingPaintTest, ALongLineIsMarkedAsAShortOne)
 {
     Points meander;

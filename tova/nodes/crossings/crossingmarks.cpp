@@ -41,6 +41,7 @@ void CrossingMarks::setScale(double viewScale)
     m_scale = viewScale;
     m_elements.clear();
     m_fades.clear();
+    m_area = {};
     for (Segment& segment : m_segments)
         segment.isLaidOut = false;
 }

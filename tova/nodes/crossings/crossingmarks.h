@@ -1,6 +1,7 @@
 #pragma once
 
 #include "nodes/crossings/segmentcrossings.h"
+#include "nodes/strokearea.h"
 
 #include <QPainterPath>
 #include <QTransform>
@@ -45,6 +46,8 @@ public:
     /// The first that does not come before the segment.
     std::size_t indexFrom(std::size_t segment) const;
     Marks at(std::size_t index);
+    /// Of the whole path with its marks, once it has been drawn at the scale.
+    StrokeArea& area() { return m_area; }
 
 private:
     /// Where something ends; it begins where the same of the last one laid out ended.
@@ -69,6 +72,7 @@ private:
     double m_scale = 0; ///< that the rest is laid out for
     std::vector<Element> m_elements;
     std::vector<Fade> m_fades;
+    StrokeArea m_area;
 };
 
 } // namespace Tova2
