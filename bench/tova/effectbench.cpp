@@ -110,7 +110,7 @@ void BM_BareBlocksWithShadowEffect(benchmark::State& state)
 Vetra::Holder<Scene> makeSizes()
 {
     auto scene = Scene::createScene();
-    for (int step = 0; step <= 48; ++step) {
+    for (int step = 0; step <= 48; step += 3) {
         const double size = std::pow(10, step / 8.0);
         const Vetra::GLRect<double> rect{0, 0, size, size * 0.7};
         Node node =
@@ -134,7 +134,7 @@ void BM_CachesWhileZooming(benchmark::State& state)
     QImage image(kWidth, kHeight, QImage::Format_ARGB32_Premultiplied);
     std::size_t most = 0;
     for (auto _ : state) {
-        for (double scale = 0.009; scale < 12.5; scale *= 1.5) {
+        for (double scale = 0.009; scale < 12.5; scale *= 3) {
             renderAt(*scene, image, scale);
             most = std::max(most, CacheBudget::bytes());
         }
@@ -150,7 +150,7 @@ BENCHMARK(BM_ShadowedBlocksWhileZooming)
     ->Arg(1)
     ->Unit(benchmark::kMicrosecond);
 BENCHMARK(BM_BareBlocksWithShadowEffect)->Unit(benchmark::kMicrosecond);
-BENCHMARK(BM_CachesWhileZooming)->Unit(benchmark::kMillisecond);
+BENCHMARK(BM_CachesWhileZooming)->Iterations(1)->Unit(benchmark::kMillisecond);
 
 } // namespace
 

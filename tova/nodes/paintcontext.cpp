@@ -24,6 +24,9 @@ PaintContext::PaintContext(QPainter& painter, const QTransform& view, const Pain
     , m_simplification(&Simplification::of(options.quality))
     , m_pixelRatio(painter.device()->devicePixelRatioF())
     , m_viewToPixels(view * QTransform::fromScale(m_pixelRatio, m_pixelRatio))
+    , m_isViewOnPixels(m_pixelRatio == 1 && view.type() <= QTransform::TxTranslate &&
+                       view.dx() == std::round(view.dx()) && view.dy() == std::round(view.dy()) &&
+                       std::max(std::abs(view.dx()), std::abs(view.dy())) < 1e6)
     , m_isUpright(view.m12() == 0 && view.m21() == 0)
     , m_isUniformView(m_isUpright && std::abs(view.m11()) == std::abs(view.m22()))
 {
@@ -267,6 +270,16 @@ void PaintContext::drawDeviceImage(const QPoint& corner, const QImage& image)
     painter.setOpacity(1);
     painter.drawImage(corner, image);
     painter.setOpacity(m_opacity);
+}
+
+void PaintContext::drawPixels(const QPoint& corner, const QImage& image)
+{
+    if (!m_isViewOnPixels) {
+        pixelPainter().drawImage(corner, image);
+        return;
+    }
+    useView();
+    m_painter.drawImage(corner - QPoint(qRound(m_view.dx()), qRound(m_view.dy())), image);
 }
 
 void PaintContext::drawRect(const QRectF& rect)

@@ -103,6 +103,9 @@ public:
 
     /// Pixel by pixel; `corner` is in the device's own pixels.
     void drawDeviceImage(const QPoint& corner, const QImage& image);
+    /// The same as opaque as the node. Changes no state that nodes nearby would have to set again,
+    /// where the view only moves by whole pixels.
+    void drawPixels(const QPoint& corner, const QImage& image);
 
     /// In the node's coordinates, with the look of the last `setStyle` if it was called for this
     /// node.
@@ -177,8 +180,9 @@ private:
     double m_pixelRatio;
     double m_cosmeticWidth = 0; ///< of silhouettes
     QTransform m_viewToPixels;
-    bool m_isUpright;     ///< the view neither turns nor shears
-    bool m_isUniformView; ///< as long in all directions, and level
+    bool m_isViewOnPixels; ///< moved by whole pixels, and no more
+    bool m_isUpright;      ///< the view neither turns nor shears
+    bool m_isUniformView;  ///< as long in all directions, and level
     double m_opacity = 1;
     double m_penWidth = 0; ///< in device pixels
     bool m_isOpacitySet = false;

@@ -1,6 +1,7 @@
 #include "nodes/effects/boxblur.h"
 
 #include "nodes/effects/boxpatches.h"
+#include "nodes/effects/boxstrips.h"
 #include "nodes/effects/effectlayer.h"
 #include "nodes/effects/effectplacement.h"
 #include "nodes/nodeimpl.h"
@@ -11,6 +12,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <numbers>
 
 namespace Tova2 {
 
@@ -18,6 +20,7 @@ namespace {
 
 constexpr double kSoftest = 8; // pixels; beyond it smaller pictures do
 constexpr double kFarthest = 1e6;
+constexpr int kKeptPixels = 1 << 16; // larger boxes are laid out of shared pieces at each paint
 
 /// A box's extent along one axis, and the pieces that it is laid out of.
 struct Span {
@@ -50,9 +53,14 @@ public:
     {}
 
     bool hasRoom() const { return m_x.startEnd <= m_x.endStart && m_y.startEnd <= m_y.endStart; }
-    void paint(QPainter& painter, BoxPatch& patch) const;
+    void paint(PaintContext& context) const;
 
 private:
+    void paintPieces(QPainter& painter) const;
+    BoxStripsKey stripsKey() const;
+    BoxStrips madeStrips(const BoxStripsKey& key) const;
+    QPoint place() const { return {m_x.start, m_y.start}; }
+    QRect all() const { return {place(), QSize(m_x.end - m_x.start, m_y.end - m_y.start)}; }
     void drawCorners(QPainter& painter, BoxPatch& patch) const;
     void drawLevelSides(QPainter& painter, BoxPatch& patch) const;
     void drawUprightSides(QPainter& painter, BoxPatch& patch) const;
@@ -126,11 +134,14 @@ void SoftBox::drawUprightSides(QPainter& painter, BoxPatch& patch) const
                 m_x.end);
 }
 
-void SoftBox::paint(QPainter& painter, BoxPatch& patch) const
+void SoftBox::paintPieces(QPainter& painter) const
 {
+    BoxPatches& patches = BoxPatches::instance();
+    BoxPatch& patch = patches.patch(m_edge);
     drawCorners(painter, patch);
     drawLevelSides(painter, patch);
     drawUprightSides(painter, patch);
+    patches.account();
     const QRect middle(m_x.startEnd, m_y.startEnd, m_x.endStart - m_x.startEnd,
                        m_y.endStart - m_y.startEnd);
     if (m_hidden.contains(middle))
@@ -138,6 +149,52 @@ void SoftBox::paint(QPainter& painter, BoxPatch& patch) const
     QColor color = QColor::fromRgba(m_edge.color);
     color.setAlphaF(color.alphaF() * std::min(m_edge.gain, 1.0));
     painter.fillRect(middle, color);
+}
+
+BoxStripsKey SoftBox::stripsKey() const
+{
+    const QPoint least(static_cast<int>(std::ceil(m_hidden.left())),
+                       static_cast<int>(std::ceil(m_hidden.top())));
+    const QPoint end(static_cast<int>(std::floor(m_hidden.right())),
+                     static_cast<int>(std::floor(m_hidden.bottom())));
+    const QRect covered = m_hidden.isValid() ? QRect(least, end - QPoint(1, 1)) : QRect();
+    const int phases =
+        ((m_x.startPhase * BoxPatch::kPhases + m_x.endPhase) * BoxPatch::kPhases + m_y.startPhase) *
+            BoxPatch::kPhases +
+        m_y.endPhase;
+    return {m_edge, all().size(), phases,
+            covered.isEmpty() ? QRect() : covered.translated(-place())};
+}
+
+BoxStrips SoftBox::madeStrips(const BoxStripsKey& key) const
+{
+    QImage picture(key.size, QImage::Format_ARGB32_Premultiplied);
+    if (picture.isNull())
+        return {};
+    picture.fill(Qt::transparent);
+    SoftBox whole = *this;
+    whole.m_exposed = all();
+    QPainter painter(&picture);
+    painter.translate(-place());
+    whole.paintPieces(painter);
+    painter.end();
+    return BoxStrips(picture, key.covered);
+}
+
+void SoftBox::paint(PaintContext& context) const
+{
+    if (!all().intersects(m_exposed))
+        return;
+    if (all().width() > kKeptPixels / all().height())
+        return paintPieces(context.pixelPainter());
+    const BoxStripsKey key = stripsKey();
+    BoxStripsCache& cache = BoxStripsCache::instance();
+    const BoxStrips* found = cache.find(key);
+    const BoxStrips strips = found ? BoxStrips() : madeStrips(key);
+    for (const BoxStrips::Strip& strip : (found ? *found : strips).strips)
+        context.drawPixels(place() + strip.corner, strip.image);
+    if (!found)
+        cache.keep(key, strips);
 }
 
 } // namespace
@@ -161,15 +218,14 @@ bool paintSoftBox(const NodeImpl& node, const EffectLayer& layer, PaintContext& 
         return false;
     const BoxEdge edge{box->radius * stretch, place.deviationX, place.deviationY, layer.gain,
                        layer.color.rgba()};
-    // The straight parts of the silhouette's edges hide all within, but for their own pixels.
-    const double corner = box->radius * stretch + 1;
+    // The square between the middles of the corners' arcs hides all within, but for the edges' own
+    // pixels.
+    const double corner = box->radius * stretch * (1 - std::numbers::sqrt2 / 2) + 1;
     const SoftBox soft(edge, pixels, context.exposedPixels().toAlignedRect(),
                        isHidden ? silhouette.adjusted(corner, corner, -corner, -corner) : QRectF());
     if (!soft.hasRoom())
         return false;
-    BoxPatches& patches = BoxPatches::instance();
-    soft.paint(context.pixelPainter(), patches.patch(edge));
-    patches.account();
+    soft.paint(context);
     return true;
 }
 
