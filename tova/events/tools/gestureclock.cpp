@@ -35,24 +35,55 @@ std::unique_ptr<GestureClock> GestureClock::onEventLoop()
     return std::make_unique<LoopClock>();
 }
 
+struct ManualClock::State {
+    std::chrono::nanoseconds now{};
+    std::chrono::nanoseconds due{};
+    std::chrono::nanoseconds interval{};
+    std::shared_ptr<const std::function<void()>> callback; // shared: it may replace itself
+};
+
+ManualClock::ManualClock() : m_state(std::make_shared<State>()) {}
+
+ManualClock::~ManualClock()
+{
+    ManualClock::stop();
+}
+
+std::chrono::nanoseconds ManualClock::now() const
+{
+    return m_state->now;
+}
+
 void ManualClock::startRepeating(std::chrono::milliseconds interval, std::function<void()> callback)
 {
-    m_callback =
+    State& state = *m_state;
+    state.callback =
         callback ? std::make_shared<const std::function<void()>>(std::move(callback)) : nullptr;
-    m_interval = std::max(interval, std::chrono::milliseconds(1));
-    m_due = m_now + m_interval;
+    state.interval = std::max(interval, std::chrono::milliseconds(1));
+    state.due = state.now + state.interval;
+}
+
+void ManualClock::stop() noexcept
+{
+    m_state->callback.reset();
+}
+
+bool ManualClock::isRunning() const noexcept
+{
+    return m_state->callback != nullptr;
 }
 
 void ManualClock::advance(std::chrono::nanoseconds duration)
 {
-    const auto end = m_now + std::max(duration, std::chrono::nanoseconds(0));
-    while (m_callback && m_due <= end) {
-        m_now = m_due;
-        m_due += m_interval;
-        const auto callback = m_callback;
+    const auto state = m_state;
+    const auto end = state->now + std::max(duration, std::chrono::nanoseconds(0));
+    while (state->callback && state->due <= end) {
+        state->now = state->due;
+        state->due += state->interval;
+        const auto callback = state->callback;
         (*callback)();
     }
-    m_now = end;
+    state->now = end;
 }
 
 } // namespace Tova2

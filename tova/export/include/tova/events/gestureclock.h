@@ -34,21 +34,22 @@ public:
 /// Time that moves when a test says so.
 class TOVA_EXPORT ManualClock final : public GestureClock {
 public:
-    std::chrono::nanoseconds now() const override { return m_now; }
+    ManualClock();
+    ~ManualClock() override;
+
+    std::chrono::nanoseconds now() const override;
     void startRepeating(std::chrono::milliseconds interval,
                         std::function<void()> callback) override;
-    void stop() noexcept override { m_callback.reset(); }
-    bool isRunning() const noexcept override { return m_callback != nullptr; }
+    void stop() noexcept override;
+    bool isRunning() const noexcept override;
 
-    /// Makes each call that falls due on the way, at its own time. The clock must outlive the call.
-    /// Time does not go back: a negative duration does nothing.
+    /// Makes each call that falls due on the way, at its own time. Time does not go back: a
+    /// negative duration does nothing.
     void advance(std::chrono::nanoseconds duration);
 
 private:
-    std::chrono::nanoseconds m_now{};
-    std::chrono::nanoseconds m_due{};
-    std::chrono::nanoseconds m_interval{};
-    std::shared_ptr<const std::function<void()>> m_callback; // shared: it may replace itself
+    struct State;
+    std::shared_ptr<State> m_state; // a callback may destroy the clock that calls it
 };
 
 } // namespace Tova2
