@@ -92,7 +92,7 @@ Bounds CustomNodeImpl::outline() const
     return isFinite(Vetra::toQt(stroked.boundingRect())) ? stroked : Bounds();
 }
 
-void CustomNodeImpl::paintSilhouette(PaintContext& context) const
+void CustomNodeImpl::paintThrough(PaintContext& context, PaintCall call) const
 {
     const auto painter = m_painter;
     if (!painter)
@@ -101,7 +101,12 @@ void CustomNodeImpl::paintSilhouette(PaintContext& context) const
     const auto target = Vetra::fromQt(geometryRectAt(options.viewScale));
     context.setStyle(drawStyle());
     PainterLoan loan(context);
-    painter->paintMask(loan.painter(), options.viewScale, target, options);
+    ((*painter).*call)(loan.painter(), options.viewScale, target, options);
+}
+
+void CustomNodeImpl::paintSilhouette(PaintContext& context) const
+{
+    paintThrough(context, &CustomNodePainter::paintMask);
 }
 
 QPainterPath CustomNodeImpl::silhouetteOutline(double viewScale) const
@@ -114,14 +119,7 @@ QPainterPath CustomNodeImpl::silhouetteOutline(double viewScale) const
 
 void CustomNodeImpl::paintNode(PaintContext& context) const
 {
-    const auto painter = m_painter;
-    if (!painter)
-        return;
-    const PaintOptions options = context.options();
-    const auto target = Vetra::fromQt(geometryRectAt(options.viewScale));
-    context.setStyle(drawStyle());
-    PainterLoan loan(context);
-    painter->paint(loan.painter(), options.viewScale, target, options);
+    paintThrough(context, &CustomNodePainter::paint);
 }
 
 } // namespace Tova2

@@ -33,7 +33,10 @@ protected:
     ~CustomNodeImpl() override;
 
 private:
+    using PaintCall = decltype(&CustomNodePainter::paint);
+
     void letGo(CustomNodePainter* painter) const;
+    void paintThrough(PaintContext& context, PaintCall call) const;
 
     // Whoever calls it holds it for the time of the call, in which it may be replaced.
     Vetra::Holder<CustomNodePainter> m_painter;
