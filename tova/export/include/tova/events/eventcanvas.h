@@ -12,7 +12,7 @@ class Scene;
 
 /// What events and tools need of the canvas that an event arrived on. View coordinates are pixels
 /// of the canvas, scene coordinates are points.
-class TOVA_EXPORT EventCanvas : public Vetra::EventSource {
+class TOVA_EXPORT EventCanvas : public virtual Vetra::EventSource {
 public:
     ~EventCanvas() override;
 
