@@ -94,3 +94,5 @@
 #include "tova/scene/scene.h"
 #include "tova/scene/scenechangetracker.h"
 #include "tova/scene/sceneerrors.h"
+
+#include "tova/widget/layerstack.h"
