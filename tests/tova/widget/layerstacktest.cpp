@@ -1,5 +1,5 @@
-#include "tova/scene/scene.h"
 #include "tova/widget/layerstack.h"
+#include "tova/scene/scene.h"
 
 #include <gmock/gmock.h>
 
@@ -47,7 +47,8 @@ TEST_F(LayerStackTest, NumbersLayersAndTellsOfThem)
     stack.insertLayer(99, c);
     stack.insertLayer(0, a); // is in already
     stack.insertLayer(0, nullptr);
-    EXPECT_THAT((std::vector{b->getZValue(), a->getZValue(), c->getZValue()}), ElementsAre(0, 1, 2));
+    EXPECT_THAT((std::vector{b->getZValue(), a->getZValue(), c->getZValue()}),
+                ElementsAre(0, 1, 2));
     EXPECT_EQ(stack.getLayer("overlay"), b.get());
     EXPECT_EQ(stack.getLayer("none"), nullptr);
     stack.removeLayer(-1);

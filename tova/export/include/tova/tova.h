@@ -96,3 +96,4 @@
 #include "tova/scene/sceneerrors.h"
 
 #include "tova/widget/layerstack.h"
+#include "tova/widget/momentumcontroller.h"

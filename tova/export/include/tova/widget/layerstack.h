@@ -37,8 +37,8 @@ private:
     int m_zValue = -1;
 };
 
-/// The layers of one canvas, from the bottom up. Listeners may change the stack, or destroy it; what
-/// they throw reaches the caller once the change is made. GUI thread only.
+/// The layers of one canvas, from the bottom up. Listeners may change the stack, or destroy it;
+/// what they throw reaches the caller once the change is made. GUI thread only.
 class TOVA_EXPORT LayerStack {
 public:
     LayerStack();
