@@ -120,9 +120,7 @@ Path decorated(Path path, const LineEndDecoration& start, const LineEndDecoratio
     return path;
 }
 
-} // namespace
-
-LineEndDecoration decorationOf(const Ending& ending, const Vetra::Color& ground)
+LineEndDecoration readyDecoration(const Ending& ending, const ColorOrNone& ground)
 {
     const Figure& first = ending.figures.front();
     const MakeReady make = readyEnding(ending.kind);
@@ -130,12 +128,22 @@ LineEndDecoration decorationOf(const Ending& ending, const Vetra::Color& ground)
         return drawnDecoration(ending);
     const double length = std::max(sizeOf(first, ending) + (ending.isBeyond ? overlap : 0),
                                    first.line->width * fewestWidths);
-    LineEndDecoration decoration = make(styleOf(first, {}).stroke(), length, fillOf(first, ground));
+    LineEndDecoration decoration = make(styleOf(first, {}).stroke(), length,
+                                        fillOf(first, ground.value_or(Vetra::Color(0, 0, 0, 0))));
     if (ending.isBeyond) {
         decoration.setRelativePosition(ending.length);
         decoration.setLineBackoff(0);
     }
     return decoration;
+}
+
+} // namespace
+
+LineEndDecoration decorationOf(const std::optional<Ending>& ending, const ColorOrNone& ground)
+{
+    if (!ending || !ending->isOnLine())
+        return {};
+    return readyDecoration(*ending, ground);
 }
 
 Tova2::Node makeConnectorNode(const Figure& line, const LineEndDecoration& start,

@@ -108,6 +108,8 @@ DiagramScene SceneBuilder::build()
 {
     m_result.scene = Tova2::Scene::createScene();
     m_result.area = m_diagram.bounds;
+    m_result.blockNodes.resize(m_diagram.blocks.size());
+    m_result.connectorNodes.resize(m_diagram.connectors.size());
     addPage();
     addClusters();
     addBlocks(true);
@@ -167,7 +169,8 @@ void SceneBuilder::addClusters()
 
 void SceneBuilder::addBlocks(bool inClusters)
 {
-    for (const Block& block : m_diagram.blocks) {
+    for (std::size_t i = 0; i < m_diagram.blocks.size(); ++i) {
+        const Block& block = m_diagram.blocks[i];
         if (inClusters != (block.cluster >= 0) || block.drawing.empty())
             continue;
         Tova2::Node parent;
@@ -181,25 +184,29 @@ void SceneBuilder::addBlocks(bool inClusters)
         Tova2::Node container = containerAt({origin.x - outer.x, origin.y - outer.y});
         place(container, parent);
         name(container, block.id);
+        m_result.blockNodes[i] = container;
         fill(container, origin, block.drawing, true);
     }
 }
 
 void SceneBuilder::addConnectors()
 {
-    for (const Connector& connector : m_diagram.connectors) {
+    for (std::size_t i = 0; i < m_diagram.connectors.size(); ++i) {
+        const Connector& connector = m_diagram.connectors[i];
         if (connector.hidden)
             hide(connector);
         else if (!connector.lines.empty())
-            addConnector(connector);
+            addConnector(connector, m_result.connectorNodes[i]);
     }
 }
 
 /// All coordinates are the scene's, so that they stay what the layout says to the last bit.
-void SceneBuilder::addConnector(const Connector& connector)
+void SceneBuilder::addConnector(const Connector& connector, ConnectorNodes& nodes)
 {
     ++m_result.connectors;
-    Tova2::Node root;
+    nodes.tailGround = connector.tailEnding ? groundAt(connector.tailEnding->tip) : std::nullopt;
+    nodes.headGround = connector.headEnding ? groundAt(connector.headEnding->tip) : std::nullopt;
+    Tova2::Node& root = nodes.line;
     const auto add = [&](Tova2::Node node, const Figure& figure) {
         node.setDrawStyle(styleOf(figure, {}));
         place(node, root);
@@ -208,10 +215,12 @@ void SceneBuilder::addConnector(const Connector& connector)
             root = node;
     };
     const auto& lines = connector.lines;
+    const Tova2::LineEndDecoration none;
     for (std::size_t i = 0; i < lines.size(); ++i) {
         const bool isFirst = i == 0, isLast = i + 1 == lines.size();
-        add(makeConnectorNode(lines[i], decoration(isFirst ? connector.tailEnding : std::nullopt),
-                              decoration(isLast ? connector.headEnding : std::nullopt)),
+        add(makeConnectorNode(lines[i],
+                              isFirst ? decorationOf(connector.tailEnding, nodes.tailGround) : none,
+                              isLast ? decorationOf(connector.headEnding, nodes.headGround) : none),
             lines[i]);
         m_result.segments += segmentsOf(shapeOf(lines[i], {}));
     }
@@ -222,21 +231,17 @@ void SceneBuilder::addConnector(const Connector& connector)
     name(root, connector.id);
 }
 
-/// Where several colours meet nothing is covered.
-Tova2::LineEndDecoration SceneBuilder::decoration(const std::optional<Ending>& ending) const
-{
-    if (!ending || !ending->isOnLine())
-        return {};
-    return decorationOf(*ending, groundAt(ending->tip).value_or(Vetra::Color(0, 0, 0, 0)));
-}
-
 void SceneBuilder::addConnectorLabels()
 {
-    for (const Connector& connector : m_diagram.connectors) {
+    for (std::size_t i = 0; i < m_diagram.connectors.size(); ++i) {
+        const Connector& connector = m_diagram.connectors[i];
+        m_placed = &m_result.connectorNodes[i].labels;
         for (const TextPiece& text : connector.labels.texts)
             addLabelGround(text);
         fill({}, {}, connector.labels);
+        m_placed = &m_result.connectorNodes[i].endLabels;
         fill({}, {}, connector.endLabels);
+        m_placed = nullptr;
     }
 }
 
@@ -331,6 +336,8 @@ void SceneBuilder::place(Tova2::Node& node, const Tova2::Node& parent)
         node.setParent(parent);
     else
         m_result.scene->addNode(node);
+    if (m_placed)
+        m_placed->push_back(node);
 }
 
 void SceneBuilder::name(const Tova2::Node& node, const QString& name)

@@ -2,8 +2,6 @@
 
 #include "diagramscene.h"
 
-#include <tova/nodes/lineenddecoration.h>
-
 #include <optional>
 
 namespace TovaView {
@@ -23,8 +21,7 @@ private:
     void setGround(const Vetra::Color& color);
     void addClusters();
     void addConnectors();
-    void addConnector(const Connector& connector);
-    Tova2::LineEndDecoration decoration(const std::optional<Ending>& ending) const;
+    void addConnector(const Connector& connector, ConnectorNodes& nodes);
     void hide(const Connector& connector);
     void addBlocks(bool inClusters);
     void addConnectorLabels();
@@ -42,7 +39,8 @@ private:
 
     const Diagram& m_diagram;
     DiagramScene m_result;
-    std::vector<Tova2::Node> m_clusters; ///< by index in the diagram
+    std::vector<Tova2::Node>* m_placed = nullptr; ///< what is placed is listed there as well
+    std::vector<Tova2::Node> m_clusters;          ///< by index in the diagram
     std::optional<Vetra::Color> m_wantedGround;
     Vetra::Color m_ground = Vetra::Color::fromPacked(0xffffffff); ///< as it shows, on white paper
 };

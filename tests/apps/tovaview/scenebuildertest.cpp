@@ -180,7 +180,8 @@ Tova2::Node connectorTowards(const Point& way, const EndingCase& row)
         Outline::Polyline, {tip - way * 90, row.isBeyond ? back : tip}, {}, LineStyle{}};
     return makeConnectorNode(
         line, {},
-        decorationOf({QString::fromUtf8(row.name), {drawn}, tip, way, 10, row.isBeyond}, {}));
+        decorationOf(Ending{QString::fromUtf8(row.name), {drawn}, tip, way, 10, row.isBeyond},
+                     Vetra::Color()));
 }
 
 TEST_P(ConnectorEndingTest, TouchesTheTipAndTurnsWithTheLine)

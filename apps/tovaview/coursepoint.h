@@ -1,0 +1,20 @@
+#pragma once
+
+#include "diagram.h"
+
+namespace TovaView {
+
+/// A place on a line of straight pieces.
+struct CoursePoint {
+    Point point;
+    double distance = 0; ///< from what was asked about
+    double share = 0;    ///< of the line's length that lies before it
+};
+
+/// `course` has a point or more.
+CoursePoint nearestOn(const Points& course, const Point& point);
+Point pointAlong(const Points& course, double share);
+
+double distanceBetween(const Point& a, const Point& b);
+
+} // namespace TovaView

@@ -1,0 +1,70 @@
+#pragma once
+
+#include "diagramscene.h"
+#include "ledconnector.h"
+
+#include <QString>
+#include <QStringList>
+
+#include <memory>
+#include <unordered_map>
+
+namespace TovaView {
+
+/// An open diagram whose blocks can be moved; its connectors follow them.
+class DiagramDocument {
+public:
+    /// Where some blocks lie, and how the connectors run that follow them.
+    struct Placement {
+        struct BlockPlace {
+            int block = -1;
+            Point offset; ///< from where the layout put it
+            bool operator==(const BlockPlace&) const = default;
+        };
+        std::vector<BlockPlace> blocks;
+        std::vector<std::pair<std::size_t, LedConnector::Way>> ways; ///< by index of the connector
+
+        bool operator==(const Placement&) const = default;
+    };
+
+    explicit DiagramDocument(std::unique_ptr<const Diagram> diagram);
+    DiagramDocument(const DiagramDocument&) = delete;
+    DiagramDocument& operator=(const DiagramDocument&) = delete;
+    /// Throws FileError.
+    static std::unique_ptr<DiagramDocument> open(const QString& file, QStringList& notes);
+
+    Tova2::Scene& scene() const { return *m_scene.scene; }
+    /// The scene as it is now, for pictures and prints: its area follows the blocks.
+    const DiagramScene& shown();
+
+    /// That the node is a part of; -1 for none.
+    int blockOf(const Tova2::Node& node) const;
+    const std::vector<int>& blocks() const { return m_movable; }
+    Rect frameOf(int block) const;
+    QString nameOf(int block) const;
+
+    Placement placementOf(const std::vector<int>& blocks) const;
+    void restore(const Placement& placement);
+    /// Moves the blocks to where they are in `from`, and by that distance on.
+    void moveFrom(const Placement& from, const Point& distance);
+
+private:
+    const Block& block(int index) const;
+    std::vector<std::size_t> connectorsOf(const std::vector<int>& blocks) const;
+    void put(int block, const Point& offset);
+    Point offsetOf(int block) const;
+    void follow(LedConnector& connector);
+    std::vector<Rect> obstaclesTo(const ConnectorEnd& tail, const ConnectorEnd& head) const;
+
+    std::unique_ptr<const Diagram> m_diagram;
+    DiagramScene m_scene;
+    Rect m_layoutArea;
+    std::vector<Point> m_offsets;   ///< of the blocks from where the layout put them
+    std::vector<Point> m_positions; ///< of their nodes in the layout
+    std::vector<int> m_movable;     ///< those that show
+    std::vector<LedConnector> m_connectors;
+    std::unordered_map<Tova2::Node, int> m_blockOf;
+    std::vector<std::vector<std::size_t>> m_connectorsOf; ///< by block
+};
+
+} // namespace TovaView
