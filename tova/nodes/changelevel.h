@@ -13,6 +13,7 @@ enum class ChangeLevel : std::uint8_t {
     Stacking = 4,   ///< another place in the stacking order
     Announced = 5,  ///< other bounds of this node, soon: they are to be asked for when they matter
     Reach = 6,      ///< paints farther or less far around the same geometry
+    Children = 7,   ///< has one child more or fewer; only followers are told
 };
 
 } // namespace Tova2

@@ -1,8 +1,11 @@
 #pragma once
 
+#include "nodes/changelevel.h"
+
 #include "tova/nodes/customhittestfunctor.h"
 #include "tova/nodes/nodeemitters.h"
 #include "tova/nodes/weakref.h"
+#include "vemit/emitter.h"
 #include "vetra/any.h"
 #include "vetra/cursor.h"
 #include "vetra/referenced.h"
@@ -16,6 +19,9 @@
 namespace Tova2 {
 
 class NodeChangeSink;
+class NodeImpl;
+
+using ChangeEmitter = Vemit::Emitter<NodeImpl&, ChangeLevel>;
 
 /// What most nodes do not have; made on first use.
 struct NodeExtras {
@@ -29,6 +35,7 @@ struct NodeExtras {
     Vetra::Holder<CustomHitTestFunctor> hitTester;
     std::unique_ptr<NodeEmitters> emitters;
     NodeChangeSink* sink = nullptr;
+    ChangeEmitter changes;
     WeakRef self; ///< to the node that owns these
 };
 

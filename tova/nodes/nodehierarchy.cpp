@@ -50,10 +50,15 @@ void NodeImpl::setParent(NodeImpl* parent)
     }
     // A tracker that was told of the move may have rearranged things; what it did then stands.
     if (canHangUnder(parent) && (!parent || parent->m_scene == m_scene)) {
+        const Vetra::Holder<NodeImpl> left(parentNode());
         hangUnder(parent);
         parentChanged();
         if (!isStacked && m_scene)
             error.run([&] { m_scene->stackOnTop(*this); });
+        if (left)
+            error.run([&] { left->tellFollowers(ChangeLevel::Children); });
+        if (parent)
+            error.run([&] { parent->tellFollowers(ChangeLevel::Children); });
     }
     error.rethrow();
 }

@@ -1,5 +1,6 @@
 #include "nodes/nodeimpl.h"
 
+#include "nodes/deferrederror.h"
 #include "nodes/destruction.h"
 #include "nodes/nodechangesink.h"
 #include "nodes/nodeextras.h"
@@ -127,13 +128,39 @@ void NodeImpl::reportChange(ChangeLevel level)
         m_scene->noteChange(*this, level);
     // The sink may drop the last reference.
     const Vetra::Holder<NodeImpl> keep(referenceCount() > 0 ? this : nullptr);
+    if (!hasFollowers())
+        return tellSink(told);
+    DeferredError error;
+    error.run([&] { tellSink(told); });
+    error.run([&] { tellFollowers(told); });
+    error.rethrow();
+}
+
+void NodeImpl::tellSink(ChangeLevel level)
+{
     NodeChangeSink* const own = m_extras ? m_extras->sink : nullptr;
     if (own)
-        own->nodeChanged(*this, told);
+        own->nodeChanged(*this, level);
     else if (m_scene)
-        m_scene->changeSink().nodeChanged(*this, told);
+        m_scene->changeSink().nodeChanged(*this, level);
     else
-        NodeChangeSink::fallback().nodeChanged(*this, told);
+        NodeChangeSink::fallback().nodeChanged(*this, level);
+}
+
+ChangeEmitter& NodeImpl::changeEmitter()
+{
+    return madeExtras().changes;
+}
+
+bool NodeImpl::hasFollowers() const
+{
+    return m_extras && m_extras->changes.hasListeners();
+}
+
+void NodeImpl::tellFollowers(ChangeLevel level)
+{
+    if (hasFollowers())
+        m_extras->changes.send(*this, level);
 }
 
 QPainterPath NodeImpl::shape() const

@@ -6,6 +6,7 @@
 #include "tova/nodes/geometry/bounds.h"
 #include "tova/nodes/node.h"
 #include "tova/nodes/style/drawstyle.h"
+#include "vemit/emitter.h"
 #include "vetra/referenced.h"
 
 #include <QGraphicsItem>
@@ -166,6 +167,10 @@ public:
     /// what a host throws.
     void reportChange(ChangeLevel level);
     void setChangeSink(NodeChangeSink* sink);
+    /// Whoever follows this very node hears of its changes after the sink has. Sends when its
+    /// children come or go, too.
+    Vemit::Emitter<NodeImpl&, ChangeLevel>& changeEmitter();
+    void tellFollowers(ChangeLevel level);
 
     NodeExtras* extras() const { return m_extras.get(); }
     NodeExtras& madeExtras();
@@ -187,6 +192,8 @@ private:
     /// pipeline.
     void paint(QPainter* painter, const QStyleOptionGraphicsItem* option, QWidget* widget) final;
 
+    void tellSink(ChangeLevel level);
+    bool hasFollowers() const;
     void checkParent(const NodeImpl* parent) const;
     bool canHangUnder(const NodeImpl* parent) const;
     void hangUnder(NodeImpl* parent);

@@ -22,13 +22,18 @@ NodeImpl* checkedKind(NodeImpl* impl)
     return dynamic_cast<Impl*>(impl);
 }
 
+/// The element of a handle, made first if need be; throws tova:nodes/InvalidNode for an empty one.
+inline NodeImpl* implBehind(const Node& node)
+{
+    return static_cast<NodeImpl*>(const_cast<Vetra::Referenced*>(node.getReferenced()));
+}
+
 /// The node as a handle of its own kind; throws tova:nodes/InvalidNode when it is of another. For
 /// property descriptors, which know a node's class only by its values.
 template <class Handle>
 Handle nodeAs(const Node& node)
 {
-    auto* const shared = const_cast<Vetra::Referenced*>(node.getReferenced());
-    Handle handle(static_cast<NodeImpl*>(shared));
+    Handle handle(implBehind(node));
     handle.guaranteeValid();
     return handle;
 }

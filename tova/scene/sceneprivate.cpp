@@ -2,6 +2,7 @@
 
 #include "nodes/deferrederror.h"
 #include "nodes/destruction.h"
+#include "nodes/flagscope.h"
 #include "nodes/values.h"
 #include "scene/backgroundpainter.h"
 #include "scene/crossingmanager.h"
@@ -19,18 +20,6 @@
 namespace Tova2 {
 
 namespace {
-
-/// Up while it lives.
-class FlagScope {
-public:
-    explicit FlagScope(bool& flag) : m_flag(flag) { m_flag = true; }
-    ~FlagScope() { m_flag = false; }
-    FlagScope(const FlagScope&) = delete;
-    FlagScope& operator=(const FlagScope&) = delete;
-
-private:
-    bool& m_flag;
-};
 
 using Snapshot = std::vector<Vetra::Holder<NodeImpl>>;
 
@@ -191,8 +180,11 @@ void ScenePrivate::removeNode(NodeImpl& node)
     DeferredError error;
     reportRemoved(node, error);
     if (has(node)) {
+        const Vetra::Holder<NodeImpl> parent(node.parentNode());
         leave(node);
         m_tools->delivery().tellDeparted(error);
+        if (parent)
+            error.run([&] { parent->tellFollowers(ChangeLevel::Children); });
     }
     error.rethrow();
 }

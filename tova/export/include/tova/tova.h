@@ -97,3 +97,5 @@
 
 #include "tova/widget/layerstack.h"
 #include "tova/widget/momentumcontroller.h"
+
+#include "tova/layout/autolayoutpanel.h"

@@ -1,0 +1,105 @@
+#pragma once
+
+#include "layout/flow.h"
+#include "layout/panelmembers.h"
+
+#include "tova/layout/autolayoutpanel.h"
+#include "vemit/connection.h"
+#include "vemit/listener.h"
+#include "vetra/referenced.h"
+
+#include <optional>
+
+namespace Tova2 {
+
+class DeferredError;
+struct MemberBox;
+
+/// State and work of a panel, which listens here to all that makes it lay out again.
+class AutoLayoutPanelPrivate final : public Vemit::Listener {
+public:
+    explicit AutoLayoutPanelPrivate(AutoLayoutPanel& panel);
+    ~AutoLayoutPanelPrivate();
+
+    // Settings
+    template <class T>
+    void change(T& setting, const T& value)
+    {
+        if (setting == value)
+            return;
+        setting = value;
+        requestLayout();
+    }
+    FlowRules rules;
+    const LodScale* scaleFunction = LodScale::instance();
+    Vetra::GLRect<double> anchorClip;
+    RoundedRectNode root;
+    const PanelMembers& members() const { return m_members; }
+    AutoLayoutPanel::PanelStyle style() const { return m_style; }
+    void setStyle(AutoLayoutPanel::PanelStyle style);
+    void setDrawStyle(const DrawStyle& style);
+    void setOpacity(double opacity);
+    Vetra::GLPoint<double> position() const { return m_position; }
+    void setPosition(const Vetra::GLPoint<double>& position);
+
+    // Members
+    void insert(int index, const Vetra::StringID& name, const Node& node);
+    Node remove(const Node& member);
+
+    // Layout
+    void requestLayout();
+    void layout(bool isForced);
+    void suspend() { ++m_suspendCount; }
+    void resume();
+    Vetra::GLRect<double> frame() const { return m_frame; }
+
+    // Installation
+    void installOnNode(const Node& parent, bool anchored, const Vetra::GLRect<double>& anchorClip);
+    void installOnScene(Scene* scene);
+    bool isInstalled() const;
+    void uninstall();
+
+private:
+    /// A member with what the layout decides about it.
+    struct Placed {
+        Node node;
+        Vetra::GLPoint<double> position;
+        QRectF bounds; ///< in the root's coordinates
+        bool isShown = true;
+    };
+    using Plan = std::vector<Placed>;
+
+    Vetra::Holder<AutoLayoutPanel> keptAlive() const;
+    void memberChanged(ChangeLevel level);
+    /// Out of the scene and off the root.
+    void take(Node member, DeferredError& error);
+    void applyStyle();
+    void layoutOnce(DeferredError& error);
+    double panelScale() const;
+    Plan makePlan(double scale) const;
+    void carryOut(const Plan& plan, DeferredError& error);
+    void showMember(const Placed& placed, int index);
+    void showFrame(const Plan& plan, DeferredError& error);
+    std::optional<QRectF> anchorRect() const;
+    void place();
+    void followAnchor(const Node& parent);
+    void settle(DeferredError& error);
+    void leave(DeferredError& error);
+
+    AutoLayoutPanel& m_panel;
+    PanelMembers m_members;
+    AutoLayoutPanel::PanelStyle m_style = AutoLayoutPanel::PanelStyle::BlackTranslucent;
+    std::optional<DrawStyle> m_ownStyle; ///< in place of the panel style's stroke and fill
+    Vetra::GLPoint<double> m_position;
+    Vetra::GLRect<double> m_frame;
+    Vemit::Connection m_anchorChanges;
+    int m_suspendCount = 0;
+    bool m_isPending = true;
+    bool m_isLayingOut = false;
+    bool m_mustGoOn = false; ///< asked for a layout during one
+    bool m_isQuiet = false;  ///< moves members itself
+    bool m_isOnNode = false;
+    bool m_isAnchored = false;
+};
+
+} // namespace Tova2
