@@ -1,0 +1,224 @@
+#include "support.h"
+
+#include "support/rows.h"
+
+#include "vetra/errorreporter.h"
+#include "widgets/glwindow2.h"
+#include "widgets/objectwatch.h"
+
+#include <QPointer>
+#include <QTimer>
+
+#include <stdexcept>
+
+namespace Widgets {
+namespace {
+
+using Rect = Vetra::GLRect<int>;
+
+TEST(GLWidget2Test, DoesNothingOnceTheToolkitHasDeletedItsWidget)
+{
+    auto* const plain = new Plain("plain");
+    plain->setToolTip(u"tip");
+    delete toQt(*plain);
+
+    plain->setGeometry({1, 2, 30, 40});
+    plain->setEnabled(true);
+    plain->show();
+    plain->setFocus();
+    plain->setToolTip(u"late");
+    plain->setCursor(Vetra::CursorShape::Cross);
+    plain->update();
+    EXPECT_EQ(plain->getGeometry(), Rect());
+    EXPECT_EQ(plain->getGlobalPosition(), Rect());
+    EXPECT_FALSE(plain->isVisible() || plain->isEnabled() || plain->hasFocus());
+    EXPECT_EQ(plain->getToolTip(), u"");
+    EXPECT_EQ(plain->getCursor(), Vetra::Cursor());
+    plain->destroy();
+}
+
+struct GeometryCase : NamedRow {
+    Rect wanted, got;
+};
+class GeometryTest : public testing::TestWithParam<GeometryCase> {};
+
+TEST_P(GeometryTest, IsKeptWithinReach)
+{
+    auto* const plain = new Plain("plain");
+    plain->setGeometry(GetParam().wanted);
+    EXPECT_EQ(plain->getGeometry(), GetParam().got);
+    plain->destroy();
+}
+
+constexpr int huge = std::numeric_limits<int>::max();
+INSTANTIATE_TEST_SUITE_P(
+    GLWidget2, GeometryTest,
+    testing::Values(GeometryCase{{"PlainNumbers"}, {-5, 6, 70, 80}, {-5, 6, 70, 80}},
+                    GeometryCase{{"NegativeSize"}, {0, 0, -7, -8}, {0, 0, 0, 0}},
+                    GeometryCase{{"AsFarAsCanBe"},
+                                 {huge, -huge, huge, huge},
+                                 {1 << 24, -(1 << 24), 32767, 32767}}),
+    rowName);
+
+TEST(GLWidget2Test, MarkupInAToolTipIsText)
+{
+    auto* const plain = new Plain("plain");
+    const std::u16string tip = u"<img src='/etc/passwd'>";
+    plain->setToolTip(tip);
+    EXPECT_EQ(plain->getToolTip(), tip);
+    EXPECT_FALSE(toQt(*plain)->toolTip().contains(QStringLiteral("<img")));
+    plain->destroy();
+}
+
+/// How to make a window send the emission under test.
+struct EmissionCase : NamedRow {
+    void (*listen)(GLWidgetEmitters&, std::function<void()>);
+    void (*cause)(GLWindow2&);
+};
+class EmissionTest : public testing::TestWithParam<EmissionCase> {
+protected:
+    EmissionTest()
+    {
+        m_window->setContent(m_content);
+        m_window->setGeometry({10, 10, 100, 100});
+        m_window->show();
+        QCoreApplication::processEvents();
+    }
+    ~EmissionTest() override
+    {
+        if (m_watch)
+            m_window->destroy();
+        m_content->destroy();
+        finishDeletions();
+    }
+
+    GLWindow2* const m_window = new GLWindow2("window", nullptr);
+    Plain* const m_content = new Plain("content");
+    const ObjectWatch<GLWindow2> m_watch{m_window};
+    const QPointer<QWidget> m_toolkitWindow{toQt(*m_window)};
+};
+
+TEST_P(EmissionTest, TheWindowMayEndInside)
+{
+    int heard = 0;
+    GetParam().listen(m_window->getGLWidgetEmitters(), [&] {
+        ++heard;
+        m_window->destroy();
+        EXPECT_TRUE(m_toolkitWindow) << "its event is still being delivered";
+    });
+    GetParam().cause(*m_window);
+    EXPECT_EQ(heard, 1);
+    EXPECT_FALSE(m_watch);
+    finishDeletions();
+    EXPECT_FALSE(m_toolkitWindow);
+    EXPECT_TRUE(toQt(*m_content)) << "the content has another owner";
+}
+
+TEST_P(EmissionTest, WhatAListenerThrowsIsReported)
+{
+    int reports = 0;
+    Vetra::setErrorReporter([&](std::exception_ptr) { ++reports; });
+    GetParam().listen(m_window->getGLWidgetEmitters(), [] { throw std::runtime_error("no"); });
+    EXPECT_NO_THROW(GetParam().cause(*m_window));
+    Vetra::setErrorReporter({});
+    EXPECT_EQ(reports, 1);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    GLWidget2, EmissionTest,
+    testing::Values(
+        EmissionCase{{"Close"},
+                     [](GLWidgetEmitters& e, std::function<void()> f) {
+                         e.close.connect([f](Vetra::GLWidgetEvent2) { f(); });
+                     },
+                     [](GLWindow2& w) { w.close(); }},
+        EmissionCase{{"Hide"},
+                     [](GLWidgetEmitters& e, std::function<void()> f) {
+                         e.hide.connect([f](Vetra::GLWidgetEvent2) { f(); });
+                     },
+                     [](GLWindow2& w) { w.hide(); }},
+        EmissionCase{{"Resize"},
+                     [](GLWidgetEmitters& e, std::function<void()> f) {
+                         e.resize.connect([f](Vetra::Size<int> size) {
+                             EXPECT_EQ(size, (Vetra::Size<int>{200, 150}));
+                             f();
+                         });
+                     },
+                     [](GLWindow2& w) { w.setSize({200, 150}); }},
+        EmissionCase{{"Move"},
+                     [](GLWidgetEmitters& e, std::function<void()> f) {
+                         e.move.connect([f](Vetra::GLPoint<int> place) {
+                             EXPECT_EQ(place, (Vetra::GLPoint<int>{50, 60}));
+                             f();
+                         });
+                     },
+                     [](GLWindow2& w) { w.setPosition({50, 60}); }}),
+    rowName);
+
+TEST(GLWindow2Test, ItsContentFillsItAndCanMoveOn)
+{
+    auto* const first = new GLWindow2("first", nullptr);
+    auto* const second = new GLWindow2("second", nullptr);
+    auto* const content = new Plain("content", first);
+    first->setContent(content);
+    first->setSize({120, 90});
+    first->show();
+    EXPECT_TRUE(content->isVisible());
+    EXPECT_EQ(content->getGeometry(), Rect(0, 0, 120, 90));
+
+    second->setContent(content);
+    EXPECT_EQ(first->getContent(), nullptr);
+    EXPECT_EQ(second->getContent(), content);
+    second->setContent(second);
+    EXPECT_EQ(second->getContent(), nullptr) << "a window cannot fill itself";
+    second->destroy();
+    EXPECT_TRUE(toQt(*content));
+    first->destroy();
+}
+
+TEST(GLWindow2Test, TheHostMayDeleteTheToolkitsWindowWhileItCloses)
+{
+    auto* const window = new GLWindow2("window", nullptr);
+    auto* const content = new Plain("content");
+    window->setContent(content);
+    window->getGLWidgetEmitters().close.connect([&](auto) { delete toQt(*window); });
+    window->close();
+    EXPECT_FALSE(toQt(*content)) << "the host's own deletion takes along what is inside";
+    window->show();
+    window->destroy();
+    content->destroy();
+}
+
+// The event loop deletes the widget later: until then it must not reach its dead owner.
+TEST(GLWidget2Test, NoEventComesThroughAfterTheEnd)
+{
+    struct Counting : QWidget {
+        explicit Counting(int& count) : m_count(count) {}
+        bool event(QEvent* event) override
+        {
+            m_count += event->type() == QEvent::User;
+            return QWidget::event(event);
+        }
+        int& m_count;
+    };
+    struct Owner : GLWidget2 {
+        explicit Owner(QWidget* widget) : GLWidget2("owner", nullptr, widget) {}
+    };
+    int count = 0;
+    const QPointer<QWidget> widget = new Counting(count);
+    auto* const owner = new Owner(widget);
+    QEvent event(QEvent::User);
+    QCoreApplication::sendEvent(widget, &event);
+    {
+        const GLObject::Use use(*owner);
+        owner->destroy();
+        ASSERT_TRUE(widget);
+        QCoreApplication::sendEvent(widget, &event);
+    }
+    EXPECT_EQ(count, 1);
+    finishDeletions();
+    EXPECT_FALSE(widget);
+}
+
+} // namespace
+} // namespace Widgets
