@@ -28,9 +28,9 @@ DrawStyle lookOf(PanelStyle style)
     switch (style) {
     case PanelStyle::BlackTranslucent:
         return drawn(
-            {Color(0.20, 0.21, 0.25, 0.74), Color(0.05, 0.05, 0.08, 0.82), Color(1, 1, 1, 0.28)});
+            {Color(0.22, 0.23, 0.27, 0.80), Color(0.06, 0.06, 0.09, 0.86), Color(1, 1, 1, 0.28)});
     case PanelStyle::RedTranslucent:
-        return drawn({Color(0.86, 0.25, 0.22, 0.70), Color(0.60, 0.08, 0.08, 0.80),
+        return drawn({Color(0.86, 0.25, 0.22, 0.76), Color(0.60, 0.08, 0.08, 0.84),
                       Color(1, 0.82, 0.80, 0.45)});
     case PanelStyle::YellowTranslucent:
         return drawn({Color(1, 0.96, 0.72, 0.80), Color(0.98, 0.84, 0.38, 0.84),

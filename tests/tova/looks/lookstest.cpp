@@ -67,6 +67,7 @@ std::vector<SheetCase> allSheets()
         sheets.push_back({"strokes", strokeCells, ratio});
         sheets.push_back({"backgrounds", backgroundCells, ratio});
         sheets.push_back({"effects", effectCells, ratio});
+        sheets.push_back({"panels", panelCells, ratio});
     }
     return sheets;
 }

@@ -42,5 +42,6 @@ Cells fillCells();
 Cells strokeCells();
 Cells backgroundCells();
 Cells effectCells();
+Cells panelCells();
 
 } // namespace Tova2::Looks
