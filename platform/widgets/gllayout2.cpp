@@ -84,6 +84,10 @@ GLLayout2::~GLLayout2()
 
 void GLLayout2::doEnd()
 {
+    if (!canMakeWidgets()) {
+        m_d->home.release(); // a toolkit without its application cannot delete it
+        return;
+    }
     if (m_d->home)
         releaseStrangers(*m_d->home);
     delete m_d->layout;
@@ -92,7 +96,7 @@ void GLLayout2::doEnd()
 
 QLayout* GLLayout2::layout() const noexcept
 {
-    return m_d->layout;
+    return canMakeWidgets() ? m_d->layout.data() : nullptr;
 }
 
 int GLLayout2::getSpacing() const

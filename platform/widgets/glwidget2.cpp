@@ -8,6 +8,7 @@
 #include "widgets/objectwatch.h"
 #include "widgets/qt.h"
 
+#include <QCoreApplication>
 #include <QLayout>
 #include <QPointer>
 #include <QTextDocument>
@@ -56,6 +57,8 @@ struct GLWidget2::Private {
     std::u16string toolTip;
     GLWidgetEmitters emitters;
 
+    /// Null as well when the application object has gone: the toolkit's widgets are dead then.
+    QWidget* usable() const { return QCoreApplication::instance() ? widget.data() : nullptr; }
     void end(bool isInEvent);
 };
 
@@ -63,11 +66,12 @@ void GLWidget2::Private::end(bool isInEvent)
 {
     if (layout)
         layout->destroy();
-    const QPointer<QWidget> gone = widget;
+    const QPointer<QWidget> gone = usable();
+    if (link)
+        link->cutOff();
+    widget.clear();
     if (!gone)
         return;
-    widget.clear();
-    link->cutOff();
     releaseStrangers(*gone);
     if (gone)
         release(*gone);
@@ -102,12 +106,12 @@ void GLWidget2::doEnd()
 
 Vetra::GLRect<int> GLWidget2::getGeometry() const
 {
-    return m_d->widget ? fromQt(m_d->widget->geometry()) : Vetra::GLRect<int>();
+    return m_d->usable() ? fromQt(m_d->widget->geometry()) : Vetra::GLRect<int>();
 }
 
 void GLWidget2::setGeometry(const Vetra::GLRect<int>& geometry)
 {
-    if (m_d->widget)
+    if (m_d->usable())
         m_d->widget->setGeometry({withinReach(Vetra::GLPoint<int>{geometry.x, geometry.y}),
                                   withinReach(Vetra::Size<int>{geometry.width, geometry.height})});
 }
@@ -126,7 +130,7 @@ void GLWidget2::setPosition(const Vetra::GLPoint<int>& position)
 
 Vetra::Size<int> GLWidget2::getSize() const
 {
-    return m_d->widget ? fromQt(m_d->widget->size()) : Vetra::Size<int>();
+    return m_d->usable() ? fromQt(m_d->widget->size()) : Vetra::Size<int>();
 }
 
 void GLWidget2::setSize(const Vetra::Size<int>& size)
@@ -137,58 +141,58 @@ void GLWidget2::setSize(const Vetra::Size<int>& size)
 
 Vetra::GLRect<int> GLWidget2::getGlobalPosition() const
 {
-    if (!m_d->widget)
+    if (!m_d->usable())
         return {};
     return fromQt(QRect(m_d->widget->mapToGlobal({0, 0}), m_d->widget->size()));
 }
 
 bool GLWidget2::isVisible() const
 {
-    return m_d->widget && m_d->widget->isVisible();
+    return m_d->usable() && m_d->widget->isVisible();
 }
 
 void GLWidget2::setVisible(bool visible)
 {
-    if (m_d->widget)
+    if (m_d->usable())
         m_d->widget->setVisible(visible);
 }
 
 bool GLWidget2::isEnabled() const
 {
-    return m_d->widget && m_d->widget->isEnabled();
+    return m_d->usable() && m_d->widget->isEnabled();
 }
 
 void GLWidget2::setEnabled(bool enabled)
 {
-    if (m_d->widget)
+    if (m_d->usable())
         m_d->widget->setEnabled(enabled);
 }
 
 bool GLWidget2::hasFocus() const
 {
-    return m_d->widget && m_d->widget->hasFocus();
+    return m_d->usable() && m_d->widget->hasFocus();
 }
 
 void GLWidget2::setFocus()
 {
-    if (m_d->widget)
+    if (m_d->usable())
         m_d->widget->setFocus();
 }
 
 void GLWidget2::clearFocus()
 {
-    if (m_d->widget)
+    if (m_d->usable())
         m_d->widget->clearFocus();
 }
 
 std::u16string GLWidget2::getToolTip() const
 {
-    return m_d->widget ? m_d->toolTip : std::u16string();
+    return m_d->usable() ? m_d->toolTip : std::u16string();
 }
 
 void GLWidget2::setToolTip(const std::u16string& text)
 {
-    if (!m_d->widget)
+    if (!m_d->usable())
         return;
     m_d->toolTip = text;
     m_d->widget->setToolTip(asPlainText(QString::fromStdU16String(text)));
@@ -196,31 +200,31 @@ void GLWidget2::setToolTip(const std::u16string& text)
 
 Vetra::Cursor GLWidget2::getCursor() const
 {
-    return m_d->widget ? fromQt(m_d->widget->cursor()) : Vetra::Cursor();
+    return m_d->usable() ? fromQt(m_d->widget->cursor()) : Vetra::Cursor();
 }
 
 void GLWidget2::setCursor(const Vetra::Cursor& cursor)
 {
-    if (m_d->widget)
+    if (m_d->usable())
         m_d->widget->setCursor(toQt(cursor));
 }
 
 void GLWidget2::unsetCursor()
 {
-    if (m_d->widget)
+    if (m_d->usable())
         m_d->widget->unsetCursor();
 }
 
 void GLWidget2::update()
 {
-    if (m_d->widget)
+    if (m_d->usable())
         m_d->widget->update();
 }
 
 GLLayout2* GLWidget2::getLayout() const
 {
     GLLayout2* const layout = m_d->layout.get();
-    const bool isHere = layout && layout->layout() && m_d->widget &&
+    const bool isHere = layout && layout->layout() && m_d->usable() &&
                         layout->layout()->parentWidget() == m_d->widget;
     return isHere ? layout : nullptr;
 }
@@ -252,7 +256,7 @@ bool GLWidget2::isa(const char* typeName) const
 
 QWidget* toQt(const GLWidget2& widget)
 {
-    return widget.m_d->widget;
+    return widget.m_d->usable();
 }
 
 } // namespace Widgets

@@ -128,9 +128,8 @@ INSTANTIATE_TEST_SUITE_P(
         HostileCase{{"EndsTheSibling"}, [](const Family& f, GLObject*) { end(f.younger); }},
         HostileCase{{"EndsItselfAgain"}, [](const Family&, GLObject* self) { self->doDelete(); }},
         HostileCase{{"AddsAChild"}, [](const Family& f, GLObject* o) { addChild(o, f.log); }},
-        HostileCase{{"Throws"},
-                    [](const Family&, GLObject*) { throw std::runtime_error("no"); },
-                    3}),
+        HostileCase{
+            {"Throws"}, [](const Family&, GLObject*) { throw std::runtime_error("no"); }, 3}),
     rowName);
 
 } // namespace

@@ -126,33 +126,36 @@ TEST_P(EmissionTest, WhatAListenerThrowsIsReported)
 
 INSTANTIATE_TEST_SUITE_P(
     GLWidget2, EmissionTest,
-    testing::Values(
-        EmissionCase{{"Close"},
-                     [](GLWidgetEmitters& e, std::function<void()> f) {
-                         e.close.connect([f](Vetra::GLWidgetEvent2) { f(); });
-                     },
-                     [](GLWindow2& w) { w.close(); }},
-        EmissionCase{{"Hide"},
-                     [](GLWidgetEmitters& e, std::function<void()> f) {
-                         e.hide.connect([f](Vetra::GLWidgetEvent2) { f(); });
-                     },
-                     [](GLWindow2& w) { w.hide(); }},
-        EmissionCase{{"Resize"},
-                     [](GLWidgetEmitters& e, std::function<void()> f) {
-                         e.resize.connect([f](Vetra::Size<int> size) {
-                             EXPECT_EQ(size, (Vetra::Size<int>{200, 150}));
-                             f();
-                         });
-                     },
-                     [](GLWindow2& w) { w.setSize({200, 150}); }},
-        EmissionCase{{"Move"},
-                     [](GLWidgetEmitters& e, std::function<void()> f) {
-                         e.move.connect([f](Vetra::GLPoint<int> place) {
-                             EXPECT_EQ(place, (Vetra::GLPoint<int>{50, 60}));
-                             f();
-                         });
-                     },
-                     [](GLWindow2& w) { w.setPosition({50, 60}); }}),
+    testing::Values(EmissionCase{{"Close"},
+                                 [](GLWidgetEmitters& e, std::function<void()> f) {
+                                     e.close.connect([f](Vetra::GLWidgetEvent2) { f(); });
+                                 },
+                                 [](GLWindow2& w) { w.close(); }},
+                    EmissionCase{{"Hide"},
+                                 [](GLWidgetEmitters& e, std::function<void()> f) {
+                                     e.hide.connect([f](Vetra::GLWidgetEvent2) { f(); });
+                                 },
+                                 [](GLWindow2& w) { w.hide(); }},
+                    EmissionCase{{"Resize"},
+                                 [](GLWidgetEmitters& e, std::function<void()> f) {
+                                     e.resize.connect([f](Vetra::Size<int> size) {
+                                         EXPECT_EQ(size, (Vetra::Size<int>{200, 150}));
+                                         f();
+                                     });
+                                 },
+                                 [](GLWindow2& w) {
+                                     w.setSize({200, 150});
+                                 }},
+                    EmissionCase{{"Move"},
+                                 [](GLWidgetEmitters& e, std::function<void()> f) {
+                                     e.move.connect([f](Vetra::GLPoint<int> place) {
+                                         EXPECT_EQ(place, (Vetra::GLPoint<int>{50, 60}));
+                                         f();
+                                     });
+                                 },
+                                 [](GLWindow2& w) {
+                                     w.setPosition({50, 60});
+                                 }}),
     rowName);
 
 TEST(GLWindow2Test, ItsContentFillsItAndCanMoveOn)

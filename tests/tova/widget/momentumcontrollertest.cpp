@@ -109,8 +109,7 @@ TEST(MomentumControllerTest, MayBeDestroyedByWhomItCalls)
 {
     using Emitter = std::function<void(MomentumController&, std::function<void()>)>;
     const std::pair<const char*, Emitter> calls[] = {
-        {"beginning",
-         [](auto& glide, auto end) { glide.momentumBeginningEmitter().connect(end); }},
+        {"beginning", [](auto& glide, auto end) { glide.momentumBeginningEmitter().connect(end); }},
         {"step",
          [](auto& glide, auto end) {
              glide.momentumNotificationEmitter().connect([end](Point) { end(); });

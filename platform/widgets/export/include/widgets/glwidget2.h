@@ -25,14 +25,15 @@ struct GLWidgetEmitters {
     Vemit::Emitter<Vetra::GLWidgetEvent2> close; ///< of a window, which is hidden next
     Vemit::Emitter<Vetra::GLWidgetEvent2> show;
     Vemit::Emitter<Vetra::GLWidgetEvent2> hide;
-    Vemit::Emitter<Vetra::Size<int>> resize;   ///< the new size
-    Vemit::Emitter<Vetra::GLPoint<int>> move;  ///< the new place in the parent
+    Vemit::Emitter<Vetra::Size<int>> resize;  ///< the new size
+    Vemit::Emitter<Vetra::GLPoint<int>> move; ///< the new place in the parent
 };
 
 /// An object of the screen: wraps exactly one widget of the toolkit (`toQt` in `widgets/qt.h`).
 ///
 /// The object owns that widget, but lives on when the toolkit deletes it, with the host's window
-/// for instance: then setters do nothing and getters give default values. In its turn it never
+/// for instance, and when the application object goes: then setters do nothing and getters give
+/// default values. In its turn it never
 /// takes the widget of another object along that has been put inside its own. Lengths are pixels
 /// independent of the device; places are those in the parent, of a window those on the screen.
 class WIDGETS_EXPORT GLWidget2 : public GLObject, public virtual Vetra::EventSource {
@@ -52,8 +53,8 @@ public:
     void setVisible(bool visible);
     void show() { setVisible(true); }
     void hide() { setVisible(false); }
-    bool isEnabled() const;
-    void setEnabled(bool enabled);
+    virtual bool isEnabled() const;
+    virtual void setEnabled(bool enabled);
     bool hasFocus() const;
     void setFocus();
     void clearFocus();

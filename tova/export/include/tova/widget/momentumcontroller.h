@@ -19,7 +19,7 @@ public:
     using NotificationEmitter = Vemit::Emitter<Vetra::GLPoint<double>>;
     using StateEmitter = Vemit::Emitter<>;
 
-    static constexpr double E = 2.718281828; ///< the base of the decay
+    static constexpr double E = 2.718281828;                ///< the base of the decay
     static constexpr double DEFAULT_DRAG_COEFFICIENT = 8.0; ///< per second
     static constexpr double DEFAULT_STOP_VELOCITY = 2.0;    ///< slower than that is standing still
     static constexpr int DEFAULT_NOTIFICATION_INTERVAL_MILLISEC = 30;
@@ -49,8 +49,8 @@ public:
     /// Of the glide under way. A product that is not finite is ignored.
     void applyMultiplierOnReleaseMagnitude(double multiplier);
 
-    /// In seconds. A positive one takes the place of the clock, for tests: each sample and each step
-    /// is that much later than the last, and no timer runs.
+    /// In seconds. A positive one takes the place of the clock, for tests: each sample and each
+    /// step is that much later than the last, and no timer runs.
     double fixedTimeInterval() const noexcept { return m_fixedTimeInterval; }
     void setFixedTimeInterval(double seconds) noexcept;
     /// How far back the average of the speed reaches.
