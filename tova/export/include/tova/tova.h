@@ -95,7 +95,12 @@
 #include "tova/scene/scenechangetracker.h"
 #include "tova/scene/sceneerrors.h"
 
+#include "tova/widget/glcanvas.h"
+#include "tova/widget/glcanvasemitters.h"
 #include "tova/widget/layerstack.h"
 #include "tova/widget/momentumcontroller.h"
+#include "tova/widget/orientation.h"
+#include "tova/widget/zoomdirection.h"
+#include "tova/widget/zoomreason.h"
 
 #include "tova/layout/autolayoutpanel.h"

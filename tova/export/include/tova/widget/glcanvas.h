@@ -22,6 +22,7 @@ class Event;
 class GLCanvasPrivate;
 class LayerStack;
 class Scene;
+class ToolkitCanvas;
 
 /// The view: a widget that shows the layers of a `LayerStack`, one scene each, at a scale and a
 /// position, and hands input to the base layer's scene.
@@ -31,7 +32,8 @@ class Scene;
 /// back stays where it was, and many small moves add up to the large one.
 ///
 /// Values that are not finite are refused. A canvas ends by `destroy()`, with its parent, or with
-/// the host's widget that it was put into; its scenes live on. GUI thread only.
+/// the host's widget that it was put into; its scenes live on. While disabled it is shown, and
+/// takes no input. GUI thread only.
 class TOVA_EXPORT GLCanvas : public Widgets::GLWidget2, public EventCanvas {
 public:
     explicit GLCanvas(Vetra::StringID name, Widgets::GLObject* parent = nullptr);
@@ -145,9 +147,6 @@ public:
     bool getRenderingEnabled() const;
     /// While off, the view keeps its last picture.
     void setRenderingEnabled(bool on);
-    /// A disabled canvas is shown, and takes no input.
-    bool isEnabled() const override;
-    void setEnabled(bool on) override;
     /// No part of the scene, its bounds, queries or pictures.
     bool gridVisible() const;
     void setGridVisible(bool on);
@@ -159,13 +158,10 @@ public:
     bool isShowingInCanvasBusyAnimation() const;
     /// Device pixels a view pixel.
     double getBackingScaleFactor() const;
-    /// The view on the desktop.
-    Vetra::GLRect<int> getGlobalPosition() const;
     /// Tells canvases apart for as long as they live.
     const void* getKey() const;
-    /// Of child widgets that lie over the scene. The canvas owns it.
-    Widgets::GLLayout2* getLayout() const;
-    void setLayout(Widgets::GLLayout2* layout);
+    /// Of child widgets that lie over the scene.
+    void setLayout(Widgets::GLLayout2* layout) override;
     void setToolInteraction(bool on) override;
     bool getToolInteraction() const;
 
@@ -197,9 +193,12 @@ public:
 
 protected:
     ~GLCanvas() override;
+    void doEnd() override;
     GLCanvasEmitters& getGLCanvasEmitters();
 
 private:
+    GLCanvas(const Vetra::StringID& name, Widgets::GLObject* parent, ToolkitCanvas* widget);
+
     const std::unique_ptr<GLCanvasPrivate> d;
 };
 

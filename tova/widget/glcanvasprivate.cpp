@@ -1,0 +1,215 @@
+#include "widget/glcanvasprivate.h"
+
+#include "nodes/values.h"
+#include "widget/canvasdecor.h"
+#include "widget/toolkitcanvas.h"
+
+#include "tova/widget/glcanvas.h"
+#include "vetra/errorreporter.h"
+#include "vetra/qt.h"
+
+#include <QMetaObject>
+#include <QPainter>
+#include <QScopedValueRollback>
+
+#include <cmath>
+#include <utility>
+
+namespace Tova2 {
+
+GLCanvasPrivate::GLCanvasPrivate(GLCanvas& canvas, ToolkitCanvas* widget)
+    : m_canvas(canvas)
+    , m_widget(widget)
+    , m_layers([this](const DirtyArea& area) { sceneDirty(area); })
+    , m_busy([this] { repaintBusy(); })
+{
+    m_bars.emplace(*widget, [this](double dx, double dy) { scrollByBar(dx, dy); });
+    widget->setCanvas(this);
+}
+
+GLCanvasPrivate::~GLCanvasPrivate() = default;
+
+void GLCanvasPrivate::end()
+{
+    if (m_widget)
+        m_widget->setCanvas(nullptr);
+    m_widget = nullptr;
+    m_busy.stop();
+    m_layers.stack().removeAllLayers();
+}
+
+const ViewState& GLCanvasPrivate::view() const
+{
+    // A hidden widget hears of its size with a delay.
+    if (m_widget)
+        m_view.setSize(m_widget->size());
+    return m_view;
+}
+
+double GLCanvasPrivate::ratio() const
+{
+    return m_widget ? m_widget->devicePixelRatioF() : 1;
+}
+
+QRectF GLCanvasPrivate::panLimits() const
+{
+    const QRectF scene = m_layers.sceneRect();
+    return scene.isEmpty() ? QRectF() : view().withMargins(scene);
+}
+
+void GLCanvasPrivate::viewChanged(double scaleBefore, ZoomReason reason)
+{
+    const Widgets::GLObject::Use use(m_canvas);
+    placePicture();
+    if (m_widget)
+        m_widget->update();
+    placeScrollbars();
+    if (!use.hasEnded() && m_view.scale() != scaleBefore)
+        m_emitters.scaleChange.send(m_view.scale(), reason);
+    if (!use.hasEnded())
+        m_emitters.viewChange.send(Vetra::fromQt(m_view.origin()));
+}
+
+void GLCanvasPrivate::viewResized()
+{
+    const Widgets::GLObject::Use use(m_canvas);
+    viewChanged(view().scale(), ZoomReason());
+    const auto keys = resizeKeys;
+    for (const unsigned key : keys) {
+        if (use.hasEnded())
+            return;
+        m_emitters.resized.send(key);
+    }
+}
+
+void GLCanvasPrivate::setScrollbarsWanted(bool wanted)
+{
+    m_bars->setWanted(wanted);
+    placeScrollbars();
+}
+
+void GLCanvasPrivate::placeScrollbars()
+{
+    if (!m_widget)
+        return;
+    const Widgets::GLObject::Use use(m_canvas);
+    const QRectF scene = m_layers.sceneRect();
+    const QRectF content = scene.isEmpty() ? QRectF() : view().withMargins(scene);
+    const unsigned changed = m_bars->place(view().toView(content), view().size());
+    for (const auto orientation : {Orientation::Horizontal, Orientation::Vertical}) {
+        if ((changed & static_cast<unsigned>(orientation)) && !use.hasEnded())
+            m_emitters.scrollbarGeometryChange.send(
+                Vetra::fromQt(m_bars->geometry(orientation)), orientation);
+    }
+}
+
+void GLCanvasPrivate::scrollByBar(double dx, double dy)
+{
+    changeView([&](ViewState& view) {
+        return view.setOrigin(view.toScene(QPointF(dx, dy)));
+    });
+}
+
+void GLCanvasPrivate::sceneDirty(const DirtyArea& area)
+{
+    if (area.rect.isNull())
+        m_picture.markAll();
+    else
+        m_picture.mark(area.at(m_view.scale()));
+    settleLater();
+}
+
+void GLCanvasPrivate::repaintAll()
+{
+    m_picture.markAll();
+    settleLater();
+}
+
+// Once a turn of the event loop, before the toolkit paints.
+void GLCanvasPrivate::settleLater()
+{
+    if (!std::exchange(m_isSettling, true))
+        QMetaObject::invokeMethod(
+            &m_turn, [this] { settleGuarded(); }, Qt::QueuedConnection);
+}
+
+void GLCanvasPrivate::settleGuarded() noexcept
+{
+    try {
+        settle();
+    } catch (...) {
+        Vetra::reportError(std::current_exception(), "Canvas listener");
+    }
+}
+
+void GLCanvasPrivate::settle()
+{
+    m_isSettling = false;
+    m_layers.followContents();
+    if (m_grid)
+        markGrid(m_grid->follow(m_layers.sceneRect()));
+    if (m_widget && m_isRenderingEnabled)
+        m_widget->update(m_picture.due());
+    placeScrollbars();
+}
+
+void GLCanvasPrivate::renderNow()
+{
+    const Widgets::GLObject::Use use(m_canvas);
+    settle();
+    if (m_widget)
+        m_widget->repaint();
+}
+
+void GLCanvasPrivate::setRenderingEnabled(bool on)
+{
+    m_isRenderingEnabled = on;
+    if (on && m_widget)
+        m_widget->update();
+}
+
+void GLCanvasPrivate::setGridVisible(bool on)
+{
+    if (on == m_grid.has_value())
+        return;
+    if (on)
+        m_grid.emplace();
+    else
+        markGrid(std::exchange(m_grid, std::nullopt)->area());
+    settleLater();
+}
+
+void GLCanvasPrivate::markGrid(const QRectF& sceneRect)
+{
+    if (!sceneRect.isEmpty())
+        m_picture.mark(sceneRect);
+}
+
+void GLCanvasPrivate::setMovingWithMomentum(bool on)
+{
+    if (!std::exchange(m_isMovingWithMomentum, on) || on)
+        return;
+    // The exact place, which the moving picture was less than a pixel off.
+    placePicture();
+    if (m_widget)
+        m_widget->update(m_picture.due());
+}
+
+void GLCanvasPrivate::setMarquee(const QRectF& sceneRect)
+{
+    const QRectF before = std::exchange(m_marquee, isFinite(sceneRect) && !sceneRect.isEmpty() ? sceneRect : QRectF());
+    if (!m_widget)
+        return;
+    for (const QRectF& rect : {before, m_marquee}) {
+        if (!rect.isEmpty())
+            m_widget->update(marqueeExtent(view().toView(rect)));
+    }
+}
+
+void GLCanvasPrivate::repaintBusy()
+{
+    if (m_widget)
+        m_widget->update(BusyAnimation::extent(view().toView(m_busy.scenePoint())));
+}
+
+} // namespace Tova2
