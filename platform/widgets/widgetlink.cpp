@@ -10,6 +10,7 @@
 #include <QWidget>
 
 #include <exception>
+#include <utility>
 
 namespace Widgets {
 
@@ -71,10 +72,18 @@ void WidgetLink::tell(const QEvent& event)
         emitters.move.send(m_owner->getPosition());
     else if (event.type() == QEvent::Close && event.isAccepted())
         emitters.close.send({m_owner});
-    else if (event.type() == QEvent::Show && !event.spontaneous())
-        emitters.show.send({m_owner});
-    else if (event.type() == QEvent::Hide && !event.spontaneous())
-        emitters.hide.send({m_owner});
+    else if (!event.spontaneous())
+        tellVisibility();
+}
+
+// The toolkit also sends the event to what was not visible anyway.
+void WidgetLink::tellVisibility()
+{
+    const bool isVisible = m_owner->isVisible();
+    if (std::exchange(m_wasVisible, isVisible) == isVisible)
+        return;
+    GLWidgetEmitters& emitters = m_owner->getGLWidgetEmitters();
+    (isVisible ? emitters.show : emitters.hide).send({m_owner});
 }
 
 } // namespace Widgets

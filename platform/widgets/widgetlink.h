@@ -23,8 +23,10 @@ protected:
 private:
     void deliver(QObject& widget, QEvent& event);
     void tell(const QEvent& event);
+    void tellVisibility();
 
     GLWidget2* m_owner;
+    bool m_wasVisible = false;
 };
 
 } // namespace Widgets

@@ -73,8 +73,8 @@ void CanvasLayers::setBaseScene(Scene* scene)
     if (const Layer* const base = m_stack.getLayer(LayerStack::baseLayerId()))
         m_stack.removeLayer(base->getZValue());
     if (kept)
-        m_stack.insertLayer(LayerStack::baseLayerIdx(), Vetra::Holder<Layer>(new Layer(
-                                                            scene, LayerStack::baseLayerId())));
+        m_stack.insertLayer(LayerStack::baseLayerIdx(),
+                            Vetra::Holder<Layer>(new Layer(scene, LayerStack::baseLayerId())));
 }
 
 Scene* CanvasLayers::overlayScene()
@@ -84,8 +84,8 @@ Scene* CanvasLayers::overlayScene()
     const auto scene = Scene::createScene();
     // What a tool draws is no diagram: no crossings to be looked for.
     scene->setPathIntersectionsEnabled(false);
-    m_stack.insertLayer(m_stack.getNumLayers(), Vetra::Holder<Layer>(new Layer(
-                                                    scene.get(), LayerStack::overlayLayerId())));
+    m_stack.insertLayer(m_stack.getNumLayers(),
+                        Vetra::Holder<Layer>(new Layer(scene.get(), LayerStack::overlayLayerId())));
     return scene.get();
 }
 

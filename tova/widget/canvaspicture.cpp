@@ -37,7 +37,7 @@ QImage makePixels(const QSize& size)
         throw std::bad_alloc();
     std::memset(memory, 0xff, bytes);
     return {static_cast<uchar*>(memory), size.width(), size.height(), static_cast<int>(stride),
-            QImage::Format_RGB32, std::free, memory};
+            QImage::Format_RGB32,        std::free,    memory};
 }
 
 void copyRows(const QImage& from, QImage& to)
@@ -118,10 +118,10 @@ bool CanvasPicture::place(double scale, const QPointF& offset, bool keepsPhase)
     m_shift += shift;
     m_due.moveBy(shift);
     const QRect all(QPoint(), m_size);
-    m_due.mark(QRect(shift.x() > 0 ? 0 : all.width() + shift.x(), 0, std::abs(shift.x()),
-                     all.height()));
-    m_due.mark(QRect(0, shift.y() > 0 ? 0 : all.height() + shift.y(), all.width(),
-                     std::abs(shift.y())));
+    m_due.mark(
+        QRect(shift.x() > 0 ? 0 : all.width() + shift.x(), 0, std::abs(shift.x()), all.height()));
+    m_due.mark(
+        QRect(0, shift.y() > 0 ? 0 : all.height() + shift.y(), all.width(), std::abs(shift.y())));
     return true;
 }
 

@@ -69,7 +69,8 @@ unsigned CanvasScrollbars::place(const QRectF& content, const QSizeF& size)
     };
     put(Orientation::Horizontal, isWide,
         {0, height - across, isHigh ? width - along : width, across});
-    put(Orientation::Vertical, isHigh, {width - along, 0, along, isWide ? height - across : height});
+    put(Orientation::Vertical, isHigh,
+        {width - along, 0, along, isWide ? height - across : height});
     if (isWide)
         setRange(Orientation::Horizontal, {content.left(), content.right(), size.width()});
     if (isHigh)

@@ -42,8 +42,8 @@ private:
 
     Scrolled m_scrolled;
     QScrollBar* m_bars[2];
-    int m_shown[2] = {0, 0};    ///< values of what is shown
-    double m_unit[2] = {1, 1};  ///< view pixels a step of the value
+    int m_shown[2] = {0, 0};   ///< values of what is shown
+    double m_unit[2] = {1, 1}; ///< view pixels a step of the value
     bool m_isWanted = true;
     bool m_isPlacing = false;
 };

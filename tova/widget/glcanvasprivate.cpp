@@ -98,16 +98,14 @@ void GLCanvasPrivate::placeScrollbars()
     const unsigned changed = m_bars->place(view().toView(content), view().size());
     for (const auto orientation : {Orientation::Horizontal, Orientation::Vertical}) {
         if ((changed & static_cast<unsigned>(orientation)) && !use.hasEnded())
-            m_emitters.scrollbarGeometryChange.send(
-                Vetra::fromQt(m_bars->geometry(orientation)), orientation);
+            m_emitters.scrollbarGeometryChange.send(Vetra::fromQt(m_bars->geometry(orientation)),
+                                                    orientation);
     }
 }
 
 void GLCanvasPrivate::scrollByBar(double dx, double dy)
 {
-    changeView([&](ViewState& view) {
-        return view.setOrigin(view.toScene(QPointF(dx, dy)));
-    });
+    changeView([&](ViewState& view) { return view.setOrigin(view.toScene(QPointF(dx, dy))); });
 }
 
 void GLCanvasPrivate::sceneDirty(const DirtyArea& area)
@@ -197,7 +195,8 @@ void GLCanvasPrivate::setMovingWithMomentum(bool on)
 
 void GLCanvasPrivate::setMarquee(const QRectF& sceneRect)
 {
-    const QRectF before = std::exchange(m_marquee, isFinite(sceneRect) && !sceneRect.isEmpty() ? sceneRect : QRectF());
+    const QRectF before = std::exchange(
+        m_marquee, isFinite(sceneRect) && !sceneRect.isEmpty() ? sceneRect : QRectF());
     if (!m_widget)
         return;
     for (const QRectF& rect : {before, m_marquee}) {

@@ -24,7 +24,6 @@ namespace Tova2 {
 
 class GLCanvas;
 
-
 /// What a canvas consists of: layers, the state of the view, the picture of both, and the toolkit's
 /// widget that shows it.
 class GLCanvasPrivate {

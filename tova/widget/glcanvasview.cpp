@@ -61,7 +61,8 @@ void GLCanvas::setScaleAroundScenePointWithReason(double scale, const Point& sce
     if (reason.isByUser())
         scale = limited(scale, before, getMinScaleLimit(), getMaxScaleLimit());
     const Use use(*this);
-    d->changeView(reason, [&](ViewState& view) { return view.scaleAbout(scale, toQt(scenePoint)); });
+    d->changeView(reason,
+                  [&](ViewState& view) { return view.scaleAbout(scale, toQt(scenePoint)); });
     if (reason.isByUser() && !use.hasEnded() && getScale() != before) {
         d->emitters().userZoom.send(Vetra::saturatedInts(scenePointToViewPoint(scenePoint)),
                                     getScale() / before);
@@ -215,8 +216,7 @@ Point GLCanvas::getPixelAlignedScenePoint(const Point& point) const
         return point;
     const double ratio = d->ratio();
     const QPointF pixel = d->view().toView(toQt(point)) * ratio;
-    return fromQt(
-        d->view().toScene(QPointF(std::round(pixel.x()), std::round(pixel.y())) / ratio));
+    return fromQt(d->view().toScene(QPointF(std::round(pixel.x()), std::round(pixel.y())) / ratio));
 }
 
 Point GLCanvas::scenePointToViewPoint(const Point& point) const

@@ -11,11 +11,11 @@ namespace Tova2 {
 
 namespace {
 
-constexpr double kBorder = 5;        // scene units around the scene's bounds
-constexpr double kSpacing = 10;      // scene units, halved or doubled with the zoom
-constexpr double kClosest = 10;      // view pixels between two lines
+constexpr double kBorder = 5;   // scene units around the scene's bounds
+constexpr double kSpacing = 10; // scene units, halved or doubled with the zoom
+constexpr double kClosest = 10; // view pixels between two lines
 constexpr int kLinesAMajor = 5;
-constexpr QRgb kMinor = 0x1a3c5a78;  // faint: the grid must not compete with the diagram
+constexpr QRgb kMinor = 0x1a3c5a78; // faint: the grid must not compete with the diagram
 constexpr QRgb kMajor = 0x333c5a78;
 
 double spacingAt(double scale)

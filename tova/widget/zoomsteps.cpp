@@ -8,7 +8,7 @@ namespace Tova2 {
 
 namespace {
 
-constexpr std::array kSteps{0.009, 0.01, 0.02, 0.03, 0.04, 0.05, 0.06, 0.08, 0.1, 0.15,
+constexpr std::array kSteps{0.009, 0.01, 0.02, 0.03, 0.04, 0.05, 0.06, 0.08, 0.1,  0.15,
                             0.2,   0.25, 0.3,  0.4,  0.5,  0.6,  0.8,  1.0,  1.25, 1.5,
                             1.75,  2.0,  2.5,  3.0,  4.0,  5.0,  6.0,  8.0,  10.0, 12.5};
 constexpr int kCount = static_cast<int>(kSteps.size());
@@ -33,8 +33,8 @@ bool isBetween(double value, double a, double b)
 /// The fixed step after `scale`; negative where the table has none.
 double tableStep(double scale, bool isIn)
 {
-    auto next = static_cast<int>(std::upper_bound(kSteps.begin(), kSteps.end(), scale) -
-                                 kSteps.begin());
+    auto next =
+        static_cast<int>(std::upper_bound(kSteps.begin(), kSteps.end(), scale) - kSteps.begin());
     if (next < kCount && isEqual(step(next), scale))
         ++next;
     if (next <= 0 || next >= kCount)

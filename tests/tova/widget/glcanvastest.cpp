@@ -138,8 +138,8 @@ TEST_F(GLCanvasTest, KeepsTheScenePointUnderThePointer)
     canvas.showScenePointAtViewPointAtScale({123456.789, -98765.4321}, {311.5, 17.25}, 3);
     const Point pointed = canvas.viewPointToScenePoint({311.5, 17.25});
     for (int i = 0; i < 400; ++i)
-        canvas.setScaleAroundScenePointWithReason(
-            canvas.getNextZoomScale(i / 20 % 2 ? in : out), pointed, ZoomReason::Source::Wheel);
+        canvas.setScaleAroundScenePointWithReason(canvas.getNextZoomScale(i / 20 % 2 ? in : out),
+                                                  pointed, ZoomReason::Source::Wheel);
     const Point at = canvas.scenePointToViewPoint(pointed);
     EXPECT_NEAR(at.x, 311.5, 0.01);
     EXPECT_NEAR(at.y, 17.25, 0.01);
@@ -295,19 +295,41 @@ TEST_F(GLCanvasTest, RefusesWhatIsNoNumber)
                                  -std::numeric_limits<double>::max()};
     const std::function<void(double)> calls[] = {
         [&](double v) { canvas.setScale(v); },
-        [&](double v) { canvas.setScaleAroundScenePoint(2, {v, v}); },
-        [&](double v) { canvas.setScaleAroundScenePoint(v, {3, v}); },
+        [&](double v) {
+            canvas.setScaleAroundScenePoint(2, {v, v});
+        },
+        [&](double v) {
+            canvas.setScaleAroundScenePoint(v, {3, v});
+        },
         [&](double v) { canvas.setMaxScaleLimit(v); },
         [&](double v) { canvas.translate(v, 0); },
-        [&](double v) { canvas.translateScenePointToViewPoint({v, 0}, {0, v}); },
-        [&](double v) { canvas.showScenePointAtViewPointAtScale({0, 0}, {v, v}, v); },
-        [&](double v) { canvas.showSceneRect({v, v, v, v}); },
-        [&](double v) { canvas.showSceneRectAtViewRect({0, 0, 1, 1}, {v, v, v, v}); },
-        [&](double v) { canvas.ensureVisible({v, 0, v, 1}); },
-        [&](double v) { canvas.setPreferredExtents({v, v}); },
-        [&](double v) { canvas.setMargins({v, v, v, v}); },
-        [&](double v) { canvas.setMarquee({v, v, v, v}); },
-        [&](double v) { canvas.showInCanvasBusyAnimation({v, v}); },
+        [&](double v) {
+            canvas.translateScenePointToViewPoint({v, 0}, {0, v});
+        },
+        [&](double v) {
+            canvas.showScenePointAtViewPointAtScale({0, 0}, {v, v}, v);
+        },
+        [&](double v) {
+            canvas.showSceneRect({v, v, v, v});
+        },
+        [&](double v) {
+            canvas.showSceneRectAtViewRect({0, 0, 1, 1}, {v, v, v, v});
+        },
+        [&](double v) {
+            canvas.ensureVisible({v, 0, v, 1});
+        },
+        [&](double v) {
+            canvas.setPreferredExtents({v, v});
+        },
+        [&](double v) {
+            canvas.setMargins({v, v, v, v});
+        },
+        [&](double v) {
+            canvas.setMarquee({v, v, v, v});
+        },
+        [&](double v) {
+            canvas.showInCanvasBusyAnimation({v, v});
+        },
         [&](double v) { canvas.getViewExtentsSizeForZoom(v); },
         [&](double v) { canvas.zoomByStep(v > 0 ? in : out, ZoomReason::Source::Menu); },
     };
