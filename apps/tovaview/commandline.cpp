@@ -178,7 +178,7 @@ private:
     {
         if (!m_options.error.isEmpty() || m_options.help || m_options.version)
             return;
-        if (m_options.file.isEmpty())
+        if (m_options.file.isEmpty() && m_options.isBatch())
             m_options.error = QStringLiteral("no file given");
         else if (m_options.scale > 0 && m_options.size.isValid())
             m_options.error = QStringLiteral("--scale and --size exclude each other");
@@ -197,6 +197,11 @@ private:
 
 } // namespace
 
+bool Options::isBatch() const
+{
+    return !exportTo.isEmpty() || !dumpTo.isEmpty() || inspect || stats;
+}
+
 Options parseArguments(const QStringList& arguments)
 {
     return Parser(arguments).parse();
@@ -205,12 +210,13 @@ Options parseArguments(const QStringList& arguments)
 QString usage()
 {
     return QStringLiteral(
-        "Usage: tovaview FILE [--export OUT.png|OUT.pdf] [--scale S | --size WxH]\n"
+        "Usage: tovaview [FILE] [--export OUT.png|OUT.pdf] [--scale S | --size WxH]\n"
         "                [--decorator NAME] [--lod NAME] [--background COLOR]\n"
         "                [--dump OUT.json] [--inspect ID] [--stats] [--version] [--help]\n"
         "\n"
         "Shows a Graphviz diagram: DOT (.dot, .gv; laid out by dot) or plain output (.plain).\n"
-        "Without a display it writes the picture to FILE.png.\n"
+        "Its blocks can be moved, and the connectors follow; F1 lists the keys. Without a FILE it\n"
+        "shows a diagram of its own. Without a display it writes the picture to FILE.png.\n"
         "\n"
         "  --export OUT      write the picture instead of showing it\n"
         "  --scale S         pixels a point in the picture (1)\n"

@@ -11,7 +11,7 @@
 namespace TovaView {
 
 struct Options {
-    QString file;
+    QString file;     ///< empty: the diagram that is built in
     QString exportTo; ///< empty: no picture was asked for
     QString dumpTo;
     double scale = 0;                               ///< pixels a point; 0: not given
@@ -22,6 +22,9 @@ struct Options {
     int inspect = 0;                                ///< id in the dump; 0: none
     bool stats = false, version = false, help = false;
     QString error; ///< what is wrong with the command line; empty when nothing is
+
+    /// Whether something is to be written or printed, and nothing shown.
+    bool isBatch() const;
 };
 
 /// `arguments` without the program's name.

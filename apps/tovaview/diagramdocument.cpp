@@ -25,34 +25,60 @@ Rect boxOf(const ConnectorEnd& end)
 
 } // namespace
 
-std::unique_ptr<DiagramDocument> DiagramDocument::open(const QString& file, QStringList& notes)
+std::unique_ptr<DiagramDocument> DiagramDocument::open(const QString& file, QStringList& notes,
+                                                       const std::optional<Vetra::Color>& ground)
 {
     return std::make_unique<DiagramDocument>(
-        std::make_unique<const Diagram>(readDiagram(file, notes)));
+        std::make_unique<const Diagram>(readDiagram(file, notes)), ground);
 }
 
-DiagramDocument::DiagramDocument(std::unique_ptr<const Diagram> diagram)
+DiagramDocument::DiagramDocument(std::unique_ptr<const Diagram> diagram,
+                                 const std::optional<Vetra::Color>& ground)
     : m_diagram(std::move(diagram))
-    , m_scene(SceneBuilder(*m_diagram).build())
-    , m_layoutArea(m_scene.area)
     , m_offsets(m_diagram->blocks.size())
     , m_positions(m_diagram->blocks.size())
     , m_connectorsOf(m_diagram->blocks.size())
 {
-    for (std::size_t i = 0; i < m_diagram->blocks.size(); ++i) {
-        const Tova2::Node& node = m_scene.blockNodes[i];
-        if (!node.isValid())
-            continue;
-        m_movable.push_back(static_cast<int>(i));
-        m_positions[i] = node.getPosition();
-        m_blockOf[node] = static_cast<int>(i);
-    }
-    for (std::size_t i = 0; i < m_diagram->connectors.size(); ++i) {
-        m_connectors.emplace_back(*m_diagram, m_diagram->connectors[i], m_scene.connectorNodes[i]);
+    buildScene(ground);
+    for (std::size_t i = 0; i < m_diagram->blocks.size(); ++i)
+        if (m_scene.blockNodes[i].isValid())
+            m_movable.push_back(static_cast<int>(i));
+    for (std::size_t i = 0; i < m_connectors.size(); ++i)
         for (const ConnectorEnd* end : {&m_connectors[i].tail(), &m_connectors[i].head()})
             if (end->block >= 0)
                 m_connectorsOf[indexOf(end->block)].push_back(i);
+}
+
+void DiagramDocument::buildScene(const std::optional<Vetra::Color>& ground)
+{
+    m_scene = SceneBuilder(*m_diagram, ground).build();
+    m_layoutArea = m_scene.area;
+    m_blockOf.clear();
+    for (std::size_t i = 0; i < m_scene.blockNodes.size(); ++i) {
+        const Tova2::Node& node = m_scene.blockNodes[i];
+        if (!node.isValid())
+            continue;
+        m_positions[i] = node.getPosition();
+        m_blockOf[node] = static_cast<int>(i);
     }
+    m_connectors.clear();
+    m_connectors.reserve(m_diagram->connectors.size());
+    for (std::size_t i = 0; i < m_diagram->connectors.size(); ++i)
+        m_connectors.emplace_back(*m_diagram, m_diagram->connectors[i], m_scene.connectorNodes[i]);
+}
+
+void DiagramDocument::setGround(const std::optional<Vetra::Color>& color)
+{
+    std::vector<LedConnector::Way> ways;
+    for (const LedConnector& connector : m_connectors)
+        ways.push_back(connector.way());
+    const std::string decorator = scene().pathIntersectionsDecoratorName();
+    buildScene(color);
+    scene().usePathIntersectionsDecorator(decorator);
+    for (const int index : m_movable)
+        put(index, offsetOf(index));
+    for (std::size_t i = 0; i < ways.size(); ++i)
+        m_connectors[i].lead(ways[i]);
 }
 
 const DiagramScene& DiagramDocument::shown()

@@ -27,11 +27,17 @@ public:
         bool operator==(const Placement&) const = default;
     };
 
-    explicit DiagramDocument(std::unique_ptr<const Diagram> diagram);
+    explicit DiagramDocument(std::unique_ptr<const Diagram> diagram,
+                             const std::optional<Vetra::Color>& ground = std::nullopt);
     DiagramDocument(const DiagramDocument&) = delete;
     DiagramDocument& operator=(const DiagramDocument&) = delete;
     /// Throws FileError.
-    static std::unique_ptr<DiagramDocument> open(const QString& file, QStringList& notes);
+    static std::unique_ptr<DiagramDocument> open(const QString& file, QStringList& notes,
+                                                 const std::optional<Vetra::Color>& ground = {});
+
+    /// Makes the scene anew, with another ground or, for nothing, with the diagram's own. Blocks
+    /// and connectors stay where they are.
+    void setGround(const std::optional<Vetra::Color>& color);
 
     Tova2::Scene& scene() const { return *m_scene.scene; }
     /// The scene as it is now, for pictures and prints: its area follows the blocks.
@@ -49,6 +55,7 @@ public:
     void moveFrom(const Placement& from, const Point& distance);
 
 private:
+    void buildScene(const std::optional<Vetra::Color>& ground);
     const Block& block(int index) const;
     std::vector<std::size_t> connectorsOf(const std::vector<int>& blocks) const;
     void put(int block, const Point& offset);

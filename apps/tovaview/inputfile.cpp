@@ -1,5 +1,6 @@
 #include "inputfile.h"
 
+#include "demodiagram.h"
 #include "fileerror.h"
 
 #include <QFile>
@@ -72,8 +73,11 @@ bool isUtf8(const QByteArray& bytes)
 
 QByteArray readText(const QString& path)
 {
-    QFile file;
-    openRegular(file, path);
+    QFile file(path);
+    if (isDemoDiagram(path))
+        file.open(QIODevice::ReadOnly);
+    else
+        openRegular(file, path);
     // One byte more than allowed tells a file that grows while it is read, too.
     QByteArray bytes = file.read(largestFile + 1);
     if (file.error() != QFileDevice::NoError)

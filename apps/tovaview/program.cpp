@@ -2,10 +2,11 @@
 
 #include "commandline.h"
 #include "crossings.h"
+#include "demodiagram.h"
 #include "diagramfile.h"
-#include "diagramwindow.h"
 #include "exporter.h"
 #include "fileerror.h"
+#include "mainwindow.h"
 #include "scenebuilder.h"
 #include "scenedump.h"
 
@@ -61,18 +62,12 @@ void ensureUnicodeLocale()
         ::setenv("LC_ALL", "C.UTF-8", 1);
 }
 
-bool isBatch(const Options& options)
-{
-    return !options.exportTo.isEmpty() || !options.dumpTo.isEmpty() || options.inspect ||
-           options.stats;
-}
-
 /// A picture that goes to a file needs no display. Else one is tried before going on without.
 void choosePlatform(const Options& options)
 {
     const bool display =
         qEnvironmentVariableIsSet("DISPLAY") || qEnvironmentVariableIsSet("WAYLAND_DISPLAY");
-    if (isBatch(options) || (!display && !qEnvironmentVariableIsSet("QT_QPA_PLATFORM")))
+    if (options.isBatch() || (!display && !qEnvironmentVariableIsSet("QT_QPA_PLATFORM")))
         qputenv("QT_QPA_PLATFORM", "offscreen");
     else if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
         qputenv("QT_QPA_PLATFORM", qEnvironmentVariableIsSet("WAYLAND_DISPLAY")
@@ -102,9 +97,7 @@ public:
     int run()
     {
         load();
-        if (!isBatch(m_options) && hasScreen())
-            return show();
-        if (isBatch(m_options))
+        if (m_options.isBatch())
             writeWhatWasAskedFor();
         else
             writeBeside();
@@ -125,13 +118,6 @@ private:
         m_scene.scene->usePathIntersectionsDecorator(m_options.decorator.toStdString());
         m_scene.scene->setLODStrategyKey("tova2::" + m_options.detail.toStdString());
         m_timings.crossings = findCrossings(m_scene);
-    }
-
-    int show()
-    {
-        DiagramWindow window(m_scene, QFileInfo(m_options.file).fileName());
-        window.show();
-        return QApplication::exec();
     }
 
     void writeBeside()
@@ -197,6 +183,24 @@ private:
     Timings m_timings;
 };
 
+int sayUsageError(const QString& error)
+{
+    sayError(oneLine(error));
+    std::fputs("Try tovaview --help\n", stderr);
+    return faultyUsage;
+}
+
+/// Without a file the window shows the diagram that is built in.
+int showWindow(const Options& options)
+{
+    QCoreApplication::setOrganizationName(QStringLiteral("tovaview"));
+    QCoreApplication::setApplicationName(QStringLiteral("tovaview"));
+    MainWindow window(options);
+    window.open(options.file.isEmpty() ? demoDiagram() : options.file);
+    window.show();
+    return QApplication::exec();
+}
+
 /// Whatever goes wrong with a file becomes one line.
 int runGuarded(const Options& options)
 {
@@ -228,11 +232,8 @@ int runProgram(int argc, char** argv)
     ensureUnicodeLocale();
     qInstallMessageHandler(hearToolkit);
     const Options options = parseArguments(decode(argc, argv));
-    if (!options.error.isEmpty()) {
-        sayError(oneLine(options.error));
-        std::fputs("Try tovaview --help\n", stderr);
-        return faultyUsage;
-    }
+    if (!options.error.isEmpty())
+        return sayUsageError(options.error);
     if (options.help)
         return print(usage().toUtf8()) ? 0 : faultyFile;
     if (options.version)
@@ -241,6 +242,10 @@ int runProgram(int argc, char** argv)
     // Only our own arguments count: Qt's, such as -platform, have been refused above.
     int noArguments = 1;
     const QApplication application(noArguments, argv);
+    if (!options.isBatch() && hasScreen())
+        return showWindow(options);
+    if (options.file.isEmpty())
+        return sayUsageError(QStringLiteral("no file given, and no display to show one"));
     return runGuarded(options);
 }
 

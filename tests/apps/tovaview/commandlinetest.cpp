@@ -28,7 +28,8 @@ TEST_P(CommandLineFaultTest, IsNamed)
 INSTANTIATE_TEST_SUITE_P(
     CommandLine, CommandLineFaultTest,
     testing::Values(
-        FaultCase{"NoFile", {}, "no file"}, FaultCase{"TwoFiles", words("a.dot b.dot"), "b.dot"},
+        FaultCase{"NoFile", words("--stats"), "no file"},
+        FaultCase{"TwoFiles", words("a.dot b.dot"), "b.dot"},
         FaultCase{"EmptyFileName", {QString()}, "empty"},
         FaultCase{"UnknownOption", words("a.dot --frobnicate"), "--frobnicate"},
         FaultCase{"ScaleWithoutValue", words("a.dot --scale"), "--scale needs"},

@@ -1,0 +1,55 @@
+#include "helptexts.h"
+
+#include <QMessageBox>
+#include <QWidget>
+
+namespace TovaView {
+namespace {
+
+struct Row {
+    const char* input;
+    const char* meaning;
+};
+
+constexpr Row rows[] = {
+    {"Wheel, two fingers", "scroll; with Ctrl, or by pinching, zoom about the pointer"},
+    {"Middle button, Space and drag", "pan; let go in motion and it glides on"},
+    {"Click, drag over the ground", "select a block, or all that the frame touches; Shift adds"},
+    {"Drag a block", "move what is selected; Shift keeps to one direction, Esc cancels"},
+    {"Arrow keys", "move what is selected by 5 points, with Shift by 1; else scroll"},
+    {"N, Shift+N", "select the next block, the previous one"},
+    {"Page Up, Page Down", "scroll by pages"},
+    {"+, −, 0, F", "zoom in, zoom out, actual size, fit"},
+    {"Esc", "cancel, then select nothing"},
+};
+
+void show(QWidget& parent, const QString& title, const QString& text)
+{
+    auto* box = new QMessageBox(QMessageBox::NoIcon, title, text, QMessageBox::Close, &parent);
+    box->setAttribute(Qt::WA_DeleteOnClose);
+    box->setTextFormat(Qt::RichText);
+    box->setModal(false);
+    box->show();
+}
+
+} // namespace
+
+void showKeys(QWidget& parent)
+{
+    QString text = QStringLiteral("<table cellspacing=6>");
+    for (const Row& row : rows)
+        text += QStringLiteral("<tr><td style='white-space:nowrap'><b>%1</b>&nbsp;&nbsp;</td>"
+                               "<td style='white-space:nowrap'>%2</td></tr>")
+                    .arg(QString::fromUtf8(row.input), QString::fromUtf8(row.meaning));
+    show(parent, QStringLiteral("Keys and Mouse"), text + QStringLiteral("</table>"));
+}
+
+void showAbout(QWidget& parent)
+{
+    show(parent, QStringLiteral("About tovaview"),
+         QStringLiteral("<h3>tovaview %1</h3><p>Shows Graphviz diagrams, and lets their blocks "
+                        "be moved.</p><p>It is drawn by the scene graph of the Tova library.</p>")
+             .arg(QStringLiteral(TOVAVIEW_VERSION)));
+}
+
+} // namespace TovaView
