@@ -1,0 +1,167 @@
+#include "widget/input/dispatchcore.h"
+
+#include "widget/input/dispatchhost.h"
+
+#include "tova/events/event.h"
+#include "tova/events/eventcanvas.h"
+#include "tova/events/widgetevent.h"
+#include "vetra/qt.h"
+
+#include <algorithm>
+#include <vector>
+
+namespace Tova2 {
+
+namespace {
+
+std::vector<DispatchCore*>& openCores()
+{
+    static std::vector<DispatchCore*>& cores = *new std::vector<DispatchCore*>;
+    return cores;
+}
+
+} // namespace
+
+DispatchCore::DispatchCore(QWidget& viewport, EventCanvas& canvas, DispatchHost& host)
+    : m_viewport(&viewport), m_canvas(canvas), m_life(&canvas), m_host(host)
+{
+    openCores().push_back(this);
+}
+
+DispatchCore::~DispatchCore()
+{
+    disconnectAll();
+    std::erase(openCores(), this);
+}
+
+DispatchCore* DispatchCore::ofViewport(const QObject* viewport)
+{
+    const auto& cores = openCores();
+    const auto core = std::find_if(cores.begin(), cores.end(), [viewport](const auto* c) {
+        return viewport && c->isOpen() && &c->viewport() == viewport;
+    });
+    return core == cores.end() ? nullptr : *core;
+}
+
+void DispatchCore::close()
+{
+    if (!std::exchange(m_isOpen, false))
+        return;
+    Autoscroller::instance().forgetView(m_host);
+    unfollow();
+}
+
+void DispatchCore::followScene()
+{
+    if (!isOpen())
+        return;
+    Scene* const scene = m_canvas.getScene();
+    const void* const content = scene ? scene->d_func() : nullptr;
+    if (scene == m_scene.get() && content == m_content)
+        return;
+    const bool wasInside = m_isPointerInside;
+    Autoscroller::instance().forgetView(m_host);
+    if (beforeSceneLeaves)
+        beforeSceneLeaves();
+    leaveCanvas();
+    unfollow();
+    // What has been called back may have gone on to yet another scene.
+    if (!isOpen() || m_scene || m_canvas.getScene() != scene)
+        return;
+    m_scene = scene;
+    m_content = content;
+    if (scene)
+        scene->getToolOverrideCursorEmitter().connect(this, [this] { showCursor(); });
+    showCursor();
+    if (wasInside)
+        enterCanvas();
+}
+
+void DispatchCore::unfollow()
+{
+    disconnectAll();
+    const bool wasBusy = isBusy();
+    held = {};
+    ++m_gestureNumber;
+    m_content = nullptr;
+    const Vetra::Holder<Scene> scene = std::exchange(m_scene, nullptr);
+    if (wasBusy && scene)
+        cancelTools(*scene);
+}
+
+bool DispatchCore::send(Event& event)
+{
+    const Vetra::Holder<Scene> scene = m_scene;
+    if (!isOpen() || !scene)
+        return isOpen();
+    if (!guard([&] { event.accept(*scene); })) {
+        cancelGesture();
+        return false;
+    }
+    if (isOpen() && scene->getActiveTool())
+        m_canvas.setToolInteraction(true);
+    return isOpen();
+}
+
+bool DispatchCore::isBusy() const
+{
+    return !held.isEmpty() || (m_scene && m_scene->hasActiveOrAlertTool());
+}
+
+void DispatchCore::cancelGesture()
+{
+    held = {};
+    ++m_gestureNumber;
+    const Vetra::Holder<Scene> scene = m_scene;
+    if (scene)
+        cancelTools(*scene);
+}
+
+void DispatchCore::cancelTools(Scene& scene)
+{
+    guard([&] { scene.cancelAllTools(); });
+    if (isOpen() && !scene.getActiveTool())
+        m_canvas.setToolInteraction(false);
+}
+
+void DispatchCore::cancelIfBusy()
+{
+    if (isBusy())
+        cancelGesture();
+}
+
+void DispatchCore::cancelIfPressed()
+{
+    if (!held.isEmpty())
+        cancelGesture();
+}
+
+void DispatchCore::enterCanvas()
+{
+    m_isPointerInside = true;
+    WidgetEvent event(EventType::EnterCanvasEvent, {&m_canvas});
+    send(event);
+}
+
+void DispatchCore::leaveCanvas()
+{
+    if (!std::exchange(m_isPointerInside, false))
+        return;
+    WidgetEvent event(EventType::LeaveCanvasEvent, {&m_canvas});
+    send(event);
+}
+
+void DispatchCore::showCursor()
+{
+    if (!isOpen())
+        return;
+    const Vetra::Cursor cursor = m_scene && m_scene->hasToolOverrideCursor()
+                                     ? m_scene->getToolOverrideCursor()
+                                     : m_host.idleCursor();
+    if (m_shown == cursor)
+        return;
+    m_shown = cursor;
+    m_viewport->setCursor(Vetra::toQt(cursor));
+}
+
+} // namespace Tova2
