@@ -132,35 +132,34 @@ TEST_P(ViewerEndTest, DeletesEachOnceAndLeavesTheScene)
 
 INSTANTIATE_TEST_SUITE_P(
     Viewer, ViewerEndTest,
-    testing::Values(
-        EndCase{{"Close"}, [](Viewer& v, QWidget&) { v.close(); }},
-        EndCase{{"ClosedByTheUser"}, [](Viewer&, QWidget& w) { w.close(); }},
-        EndCase{{"Deleted"}, [](Viewer& v, QWidget&) { delete &v; }},
-        EndCase{{"WhileHidden"},
-                [](Viewer& v, QWidget&) {
-                    v.hide();
-                    Viewer::closeOpenViewers();
-                }},
-        EndCase{{"ClosedInItsCloseEvent"},
-                [](Viewer& v, QWidget& w) {
-                    whenHidden(v, [](Viewer& viewer) { viewer.close(); });
-                    w.close();
-                }},
-        EndCase{{"DeletedInItsCloseEvent"},
-                [](Viewer& v, QWidget& w) {
-                    whenHidden(v, [](Viewer& viewer) { delete &viewer; });
-                    w.close();
-                }},
-        EndCase{{"AllClosedWhileItCloses"},
-                [](Viewer& v, QWidget&) {
-                    whenHidden(v, [](Viewer&) { Viewer::closeOpenViewers(); });
-                    v.close();
-                }},
-        EndCase{{"ShownAgainWhileItCloses"},
-                [](Viewer& v, QWidget& w) {
-                    whenHidden(v, [](Viewer& viewer) { viewer.show(); });
-                    w.close();
-                }}),
+    testing::Values(EndCase{{"Close"}, [](Viewer& v, QWidget&) { v.close(); }},
+                    EndCase{{"ClosedByTheUser"}, [](Viewer&, QWidget& w) { w.close(); }},
+                    EndCase{{"Deleted"}, [](Viewer& v, QWidget&) { delete &v; }},
+                    EndCase{{"WhileHidden"},
+                            [](Viewer& v, QWidget&) {
+                                v.hide();
+                                Viewer::closeOpenViewers();
+                            }},
+                    EndCase{{"ClosedInItsCloseEvent"},
+                            [](Viewer& v, QWidget& w) {
+                                whenHidden(v, [](Viewer& viewer) { viewer.close(); });
+                                w.close();
+                            }},
+                    EndCase{{"DeletedInItsCloseEvent"},
+                            [](Viewer& v, QWidget& w) {
+                                whenHidden(v, [](Viewer& viewer) { delete &viewer; });
+                                w.close();
+                            }},
+                    EndCase{{"AllClosedWhileItCloses"},
+                            [](Viewer& v, QWidget&) {
+                                whenHidden(v, [](Viewer&) { Viewer::closeOpenViewers(); });
+                                v.close();
+                            }},
+                    EndCase{{"ShownAgainWhileItCloses"},
+                            [](Viewer& v, QWidget& w) {
+                                whenHidden(v, [](Viewer& viewer) { viewer.show(); });
+                                w.close();
+                            }}),
     rowName);
 
 TEST_F(ViewerTest, ClosingAllMayDeleteOthersAndShowNewOnes)
@@ -171,9 +170,8 @@ TEST_F(ViewerTest, ClosingAllMayDeleteOthersAndShowNewOnes)
     shown();
     int added = 0;
     whenHidden(*first, [](Viewer&) { delete second; });
-    first->getCanvas()->getGLWidgetEmitters().hide.connect([&](auto) {
-        (new Counted(m_scene.get(), added))->show();
-    });
+    first->getCanvas()->getGLWidgetEmitters().hide.connect(
+        [&](auto) { (new Counted(m_scene.get(), added))->show(); });
     Viewer::closeOpenViewers();
     EXPECT_EQ(m_deletions, 3);
     EXPECT_EQ(added, 0);
