@@ -2,7 +2,7 @@
 
 #include "support/rows.h"
 
-#include <gmock/gmock.h>
+#include <gtest/gtest.h>
 
 #include <cmath>
 #include <functional>
@@ -91,18 +91,6 @@ TEST(MomentumControllerTest, TakesNoSampleThatTellsNothing)
     EXPECT_TRUE(controller.sampleLocation({30, 3}));
     controller.beginMomentumNotifications();
     EXPECT_FALSE(controller.sampleLocation({60, 3})) << "it glides";
-}
-
-TEST(MomentumControllerTest, ResettingMakesTheNextSampleTheFirst)
-{
-    MomentumController controller;
-    controller.setFixedTimeInterval(0.03);
-    controller.sampleLocation({0, 0});
-    controller.sampleLocation({90, 0});
-    controller.resetSampling();
-    controller.beginMomentumNotifications();
-    EXPECT_FALSE(controller.isRunning());
-    EXPECT_THAT(glideAfter(controller, {{500, 500}}, 0.03), testing::IsEmpty());
 }
 
 TEST(MomentumControllerTest, MayBeDestroyedByWhomItCalls)

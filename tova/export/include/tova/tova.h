@@ -100,6 +100,8 @@
 #include "tova/widget/layerstack.h"
 #include "tova/widget/momentumcontroller.h"
 #include "tova/widget/orientation.h"
+#include "tova/widget/panzoomtool.h"
+#include "tova/widget/scrollwheeltool.h"
 #include "tova/widget/viewer.h"
 #include "tova/widget/zoomdirection.h"
 #include "tova/widget/zoomreason.h"

@@ -5,6 +5,8 @@
 #include "tova/events/toolfactory.h"
 #include "tova/events/tooltiptool.h"
 #include "tova/events/unconsumedeventtool.h"
+#include "tova/widget/panzoomtool.h"
+#include "tova/widget/scrollwheeltool.h"
 
 namespace Tova2 {
 
@@ -16,6 +18,8 @@ void addBuiltinToolConstructors(ToolFactory& factory)
     factory.addToolConstructor(new ToolConstructor<CursorChangeTool>);
     factory.addToolConstructor(new ToolConstructor<ToolTipTool>);
     factory.addToolConstructor(new ToolConstructor<ContextMenuTool>);
+    factory.addToolConstructor(new ToolConstructor<PanZoomTool>);
+    factory.addToolConstructor(new ToolConstructor<ScrollWheelTool>);
 }
 
 } // namespace Tova2

@@ -1,0 +1,91 @@
+#pragma once
+
+#include "tova/events/tool.h"
+#include "tova/tova_export.h"
+#include "tova/widget/momentumcontroller.h"
+#include "vemit/listener.h"
+#include "vetra/inputenums.h"
+
+namespace Tova2 {
+
+class GLCanvas;
+
+/// Moves the view of the canvas that an event arrived on: dragged with the middle button, or with
+/// the left one while the space bar is held; by a pan gesture; by a pinch, which zooms about its
+/// centre. Who lets go while moving sees the view glide on. It never touches the model.
+///
+/// A glide ends by itself, with any press, with the release of the space bar, when the user zooms
+/// or scrolls, when another tool begins something, and with its canvas or scene. Cancelling ends
+/// what the hand does; the glide goes on.
+class TOVA_EXPORT PanZoomTool : public Tool, public Vemit::Listener {
+public:
+    /// Which scene it works for is told by the stack; `scene` is only for who knows it beforehand.
+    explicit PanZoomTool(Scene* scene = nullptr);
+    ~PanZoomTool() override;
+    static Vetra::StringID staticGetDefaultRole();
+
+    /// Whether a view flung with the middle button glides on, as one flung with the space bar
+    /// always does; yes unless set.
+    bool middleButtonGlides() const noexcept { return m_middleButtonGlides; }
+    void setMiddleButtonGlides(bool on) noexcept { m_middleButtonGlides = on; }
+
+    ModifyingType isModifyingTool() const override { return ModifyingType::NeverModifies; }
+    EAutoScrollType autoScrollTypeDuringDrag() override { return EAutoScrollType::None; }
+    void cancel(ECancelReason reason, const Tool* cause) override;
+    std::optional<Vetra::Cursor> overrideCursor() override;
+    /// Nothing: a model that changes under the view is no reason to let go of it.
+    void onAppModelChange(EAppModelChangePhase phase) override;
+    /// For tests "TestFixedMomentumInterval" with seconds as a double makes a glide go by steps, of
+    /// which "TestMomentumUpdate" makes one.
+    void receiveMessage(Vetra::StringID id, const Vetra::any& payload) override;
+    void onRemoveFromStack() override;
+    Vetra::StringID getDefaultRole() const override { return staticGetDefaultRole(); }
+
+    void handleMousePressEvent(MouseEvent& event) override;
+    void handleMouseDoubleClickEvent(MouseEvent& event) override;
+    void handleMouseMoveEvent(MouseEvent& event) override;
+    void handleMouseReleaseEvent(MouseEvent& event) override;
+    void handleKeyPressEvent(KeyEvent& event) override;
+    void handleKeyReleaseEvent(KeyEvent& event) override;
+    void handleInputMethodEvent(InputMethodEvent& event) override;
+    void handleFocusOutEvent(FocusEvent& event) override;
+    void handlePanGestureEvent(PanGestureEvent& event) override;
+    void handlePinchGestureEvent(PinchGestureEvent& event) override;
+
+private:
+    /// A key other than the space bar, while the tool has the keyboard: by default those that move
+    /// the view. True when that has been its meaning.
+    virtual bool handleKeyPressDuringPan(KeyEvent& event);
+
+    void startPan(const MouseEvent& event);
+    bool claim(bool& mark);
+    void setIdle();
+    void rest();
+    void letGo();
+    void setCanvas(GLCanvas* canvas);
+    void onCanvasDestroy();
+
+    bool isInGesture() const noexcept { return m_isPanGesture || m_isPinching; }
+    void noteGesture(bool& kind, Vetra::GestureState state, GLCanvas& canvas);
+    void endGesture(bool& kind);
+    void fling(const Vetra::GLPoint<double>& point);
+
+    void translateWithSoftLimits(double dx, double dy, bool fromMomentum);
+    bool isInterrupted() const;
+    void onMomentumBeginningNotification();
+    void onMomentumNotification(Vetra::GLPoint<double> velocity);
+    void onMomentumEndedNotification();
+
+    GLCanvas* m_canvas = nullptr; // listened to; null when it ends, or shows another scene
+    Vetra::MouseButton m_button = Vetra::MouseButton::LeftButton; // that pans
+    Vetra::GLPoint<int> m_lastPosition;                           // of the pointer, in the widget
+    Vetra::GLPoint<double> m_gesturePoint; // where a pan gesture would have dragged a pointer
+    bool m_isPanning = false;
+    bool m_isPanGesture = false;
+    bool m_isPinching = false;
+    bool m_isSpaceHeld = false;
+    bool m_middleButtonGlides = true;
+    MomentumController m_momentum;
+};
+
+} // namespace Tova2
