@@ -307,9 +307,10 @@ struct WheelCase : NamedRow {
     std::optional<Vetra::GLPoint<int>> steps; ///< asked for
 };
 
-class WheelTest : public PanZoomToolTest, public testing::WithParamInterface<WheelCase> {};
+class ScrollWheelToolTest : public PanZoomToolTest,
+                            public testing::WithParamInterface<WheelCase> {};
 
-TEST_P(WheelTest, ZoomsOrScrollsByWhatIsHeld)
+TEST_P(ScrollWheelToolTest, ZoomsOrScrollsByWhatIsHeld)
 {
     if (!GetParam().zoomsPrimarily)
         m_scene->addTool(new ScrollFirstTool);
@@ -328,7 +329,7 @@ TEST_P(WheelTest, ZoomsOrScrollsByWhatIsHeld)
 }
 
 INSTANTIATE_TEST_SUITE_P(
-    ScrollWheelTool, WheelTest,
+    Modifiers, ScrollWheelToolTest,
     testing::Values(WheelCase{{"In"}, true, {}, 120, 2.5, {}},
                     WheelCase{{"Out"}, true, {}, -120, 1.75, {}},
                     WheelCase{{"Sideways"}, true, Modifier::Shift, 120, 2, {{-17, 0}}},
