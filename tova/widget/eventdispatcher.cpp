@@ -260,11 +260,6 @@ void EventDispatcher::sceneChanged()
     parts->core.followScene();
 }
 
-void EventDispatcher::cursorChanged()
-{
-    m_parts->core.showCursor();
-}
-
 void EventDispatcher::close()
 {
     const auto parts = m_parts;

@@ -40,8 +40,6 @@ public:
     void cancelGesture();
     /// To be called once the canvas shows another scene, or none.
     void sceneChanged();
-    /// To be called when the host's `idleCursor` is another one.
-    void cursorChanged();
     /// The canvas begins to end: no more of its events.
     void close();
 

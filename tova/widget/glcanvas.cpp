@@ -21,7 +21,9 @@ GLCanvas::GLCanvas(Vetra::StringID name, Widgets::GLObject* parent)
 
 GLCanvas::GLCanvas(const Vetra::StringID& name, Widgets::GLObject* parent, ToolkitCanvas* widget)
     : GLWidget2(name, parent, widget), d(std::make_unique<GLCanvasPrivate>(*this, widget))
-{}
+{
+    d->beginInput();
+}
 
 GLCanvas::~GLCanvas() = default;
 
@@ -64,6 +66,8 @@ void GLCanvas::setScene(Scene* scene)
         return;
     const Use use(*this);
     d->layers().setBaseScene(scene);
+    if (!use.hasEnded())
+        d->input().dispatcher().sceneChanged();
     if (use.hasEnded())
         return;
     d->placeScrollbars();

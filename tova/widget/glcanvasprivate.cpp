@@ -24,7 +24,12 @@ GLCanvasPrivate::GLCanvasPrivate(GLCanvas& canvas, ToolkitCanvas* widget)
     , m_busy([this] { repaintBusy(); })
 {
     m_bars.emplace(*widget, [this](double dx, double dy) { scrollByBar(dx, dy); });
-    widget->setCanvas(this);
+}
+
+void GLCanvasPrivate::beginInput()
+{
+    m_input.emplace(m_canvas, *m_widget);
+    m_widget->setCanvas(this);
 }
 
 GLCanvasPrivate::~GLCanvasPrivate() = default;
@@ -34,6 +39,7 @@ void GLCanvasPrivate::end()
     if (m_widget)
         m_widget->setCanvas(nullptr);
     m_widget = nullptr;
+    m_input->dispatcher().close();
     m_busy.stop();
     m_layers.stack().removeAllLayers();
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "widget/busyanimation.h"
+#include "widget/canvasinput.h"
 #include "widget/canvaslayers.h"
 #include "widget/canvaspicture.h"
 #include "widget/canvasscrollbars.h"
@@ -57,7 +58,12 @@ public:
     /// Where the middle of the view may be moved to; null for anywhere.
     QRectF panLimits() const;
 
+    /// Once the canvas can answer what input asks of it.
+    void beginInput();
+    CanvasInput& input() { return *m_input; }
+
     // Of the toolkit's widget
+    bool dispatch(QEvent& event) { return m_input->dispatch(event); }
     void viewResized();
     void paint(const QRegion& exposed);
 
@@ -77,6 +83,8 @@ public:
     double ratio() const;
 
     Vetra::GLMimeData mimeData;
+    std::vector<std::string> dropFormats{"text/plain", "text/html",  "text/uri-list",
+                                         "image/png",  "image/jpeg", "image/svg+xml"};
     std::vector<unsigned> resizeKeys;
     bool hasToolInteraction = false;
 
@@ -103,6 +111,7 @@ private:
     std::optional<CanvasScrollbars> m_bars;
     std::optional<SceneGrid> m_grid;
     BusyAnimation m_busy;
+    std::optional<CanvasInput> m_input;
     QRectF m_marquee; ///< in the scene
     GLCanvasEmitters m_emitters;
     QObject m_turn; ///< receives what waits for the next turn of the event loop

@@ -34,12 +34,7 @@ void guarded(const char* where, Call&& call) noexcept
 ToolkitCanvas::ToolkitCanvas()
 {
     setAttribute(Qt::WA_OpaquePaintEvent);
-    setAttribute(Qt::WA_AcceptTouchEvents);
     setFocusPolicy(Qt::StrongFocus);
-    setMouseTracking(true);
-    setAcceptDrops(true);
-    grabGesture(Qt::PinchGesture);
-    grabGesture(Qt::PanGesture);
 }
 
 bool ToolkitCanvas::event(QEvent* event)
@@ -47,6 +42,8 @@ bool ToolkitCanvas::event(QEvent* event)
     // The copy of the picture on a screen of another resolution.
     if (event->type() == QEvent::ScreenChangeInternal && m_canvas)
         m_canvas->repaintAll();
+    if (m_canvas && m_canvas->dispatch(*event))
+        return true;
     return QWidget::event(event);
 }
 

@@ -21,7 +21,6 @@ public:
     bool scrollBy(const Vetra::GLPoint<double>&) override { return false; }
     void deliver(MouseEvent&) override {}
     bool takesInput() const override { return isEnabled; }
-    Vetra::Cursor idleCursor() const override { return Vetra::CursorShape::Cross; }
     std::vector<std::string> dropFormats() const override { return {"text/plain"}; }
     Vetra::GLMimeData dragData() const override { return data; }
     void setDragData(const Vetra::GLMimeData& dragged) override { data = dragged; }

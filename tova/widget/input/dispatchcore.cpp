@@ -155,13 +155,35 @@ void DispatchCore::showCursor()
 {
     if (!isOpen())
         return;
-    const Vetra::Cursor cursor = m_scene && m_scene->hasToolOverrideCursor()
-                                     ? m_scene->getToolOverrideCursor()
-                                     : m_host.idleCursor();
-    if (m_shown == cursor)
+    std::optional<Vetra::Cursor> wanted;
+    if (m_scene && m_scene->hasToolOverrideCursor())
+        wanted = m_scene->getToolOverrideCursor();
+    if (wanted == m_toolCursor)
         return;
-    m_shown = cursor;
-    m_viewport->setCursor(Vetra::toQt(cursor));
+    if (!m_toolCursor)
+        m_ownCursor = ownCursor();
+    const auto shown = std::exchange(m_toolCursor, wanted);
+    if (wanted)
+        m_viewport->setCursor(Vetra::toQt(*wanted));
+    else if (Vetra::fromQt(m_viewport->cursor()) ==
+             shown) // and not one that the host has set since
+        restoreCursor();
+}
+
+/// None when the widget shows its parent's.
+std::optional<QCursor> DispatchCore::ownCursor() const
+{
+    if (!m_viewport->testAttribute(Qt::WA_SetCursor))
+        return {};
+    return m_viewport->cursor();
+}
+
+void DispatchCore::restoreCursor()
+{
+    if (m_ownCursor)
+        m_viewport->setCursor(*m_ownCursor);
+    else
+        m_viewport->unsetCursor();
 }
 
 } // namespace Tova2

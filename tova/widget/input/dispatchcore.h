@@ -8,6 +8,7 @@
 #include "vetra/inputenums.h"
 #include "vetra/referenced.h"
 
+#include <QCursor>
 #include <QPointer>
 #include <QWidget>
 
@@ -85,14 +86,17 @@ private:
     bool isBusy() const;
     void cancelTools(Scene& scene);
     void unfollow();
+    std::optional<QCursor> ownCursor() const;
+    void restoreCursor();
 
     QPointer<QWidget> m_viewport;
     EventCanvas& m_canvas;
     Vetra::EventSource::Watch m_life;
     DispatchHost& m_host;
     Vetra::Holder<Scene> m_scene;
-    const void* m_content = nullptr; ///< of the scene, which may exchange it
-    std::optional<Vetra::Cursor> m_shown;
+    const void* m_content = nullptr;           ///< of the scene, which may exchange it
+    std::optional<Vetra::Cursor> m_toolCursor; ///< that the viewport shows
+    std::optional<QCursor> m_ownCursor;        ///< what it is to show after that
     unsigned m_gestureNumber = 0;
     bool m_isPointerInside = false;
     bool m_isOpen = true;

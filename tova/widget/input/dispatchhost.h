@@ -1,7 +1,6 @@
 #pragma once
 
 #include "tova/events/autoscroller.h"
-#include "vetra/cursor.h"
 #include "vetra/glmimedata.h"
 
 #include <string>
@@ -14,8 +13,6 @@ class DispatchHost : public AutoscrollView {
 public:
     /// False for a disabled canvas.
     virtual bool takesInput() const = 0;
-    /// Shown while no tool wants another one.
-    virtual Vetra::Cursor idleCursor() const = 0;
     /// Of what is dragged here from outside, no other formats are read.
     virtual std::vector<std::string> dropFormats() const = 0;
     /// Of the drag that is over the canvas, or was begun on it.

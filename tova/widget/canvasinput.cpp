@@ -1,0 +1,84 @@
+#include "widget/canvasinput.h"
+
+#include "widget/canvaskeys.h"
+#include "widget/glcanvasprivate.h"
+
+#include "tova/widget/glcanvas.h"
+#include "vetra/errorreporter.h"
+#include "vetra/qt.h"
+
+#include <QKeyEvent>
+#include <QMouseEvent>
+
+namespace Tova2 {
+
+namespace {
+
+/// What listeners to the canvas throw, which is not for the toolkit.
+template <class Call>
+void guarded(Call&& call) noexcept
+{
+    try {
+        call();
+    } catch (...) {
+        Vetra::reportError(std::current_exception(), "Canvas listener");
+    }
+}
+
+} // namespace
+
+CanvasInput::CanvasInput(GLCanvas& canvas, QWidget& widget)
+    : m_canvas(canvas), m_dispatcher(widget, canvas, *this)
+{}
+
+bool CanvasInput::dispatch(QEvent& event)
+{
+    const Widgets::GLObject::Use use(m_canvas);
+    if (event.type() == QEvent::MouseMove) {
+        const auto place = Vetra::fromQt(static_cast<const QMouseEvent&>(event).pos());
+        guarded([&] { m_canvas.d_func()->emitters().pointerMove.send(place); });
+    }
+    if (use.hasEnded() || m_dispatcher.dispatch(event))
+        return true;
+    if (event.type() != QEvent::KeyPress || use.hasEnded() || !takesInput())
+        return false;
+    bool isTaken = false;
+    guarded([&] { isTaken = pressKey(m_canvas, static_cast<const QKeyEvent&>(event)); });
+    return isTaken;
+}
+
+bool CanvasInput::takesInput() const
+{
+    return !m_canvas.hasEnded() && m_canvas.isEnabled();
+}
+
+Vetra::GLRect<double> CanvasInput::autoscrollArea() const
+{
+    const auto extents = m_canvas.getViewExtents();
+    return {0, 0, extents.x, extents.y};
+}
+
+bool CanvasInput::scrollBy(const Vetra::GLPoint<double>& step)
+{
+    const auto before = m_canvas.getSceneRectInView();
+    const double scale = m_canvas.getScale();
+    m_canvas.translate({-step.x / scale, -step.y / scale});
+    return m_canvas.getSceneRectInView() != before;
+}
+
+std::vector<std::string> CanvasInput::dropFormats() const
+{
+    return m_canvas.d_func()->dropFormats;
+}
+
+Vetra::GLMimeData CanvasInput::dragData() const
+{
+    return m_canvas.getMimeData();
+}
+
+void CanvasInput::setDragData(const Vetra::GLMimeData& data)
+{
+    m_canvas.setMimeData(data);
+}
+
+} // namespace Tova2
