@@ -14,6 +14,13 @@ using Vetra::GestureState;
 
 namespace {
 
+using Clock = std::chrono::steady_clock;
+
+/// Fingers that rested for so long before they were lifted do not fling.
+constexpr std::chrono::milliseconds kRest{100};
+/// Nor do those that have pinched: a change of scale by so much, as a logarithm.
+constexpr double kPinched = 0.05;
+
 bool isLast(GestureState state)
 {
     return state == GestureState::GestureFinished || state == GestureState::GestureCanceled;
@@ -33,15 +40,23 @@ void PanZoomTool::handlePanGestureEvent(PanGestureEvent& event)
     const GestureState state = event.gestureState;
     noteGesture(m_isPanGesture, state, *canvas);
     if (state != GestureState::GestureCanceled)
-        translateWithSoftLimits(event.delta.x, event.delta.y, false);
-    m_gesturePoint += event.delta;
-    const bool isFlung = m_isPanGesture && state == GestureState::GestureFinished;
+        followFingers(event.delta);
+    const bool isFlung = m_isPanGesture && state == GestureState::GestureFinished &&
+                         m_fingers.pinched < kPinched && Clock::now() - m_fingers.movedAt < kRest;
     if (isLast(state))
         endGesture(m_isPanGesture);
-    if (isFlung)
-        fling(m_gesturePoint);
-    else if (m_isPanGesture)
-        m_momentum.sampleLocation(m_gesturePoint);
+    if (isFlung && !isInGesture())
+        m_momentum.beginMomentumNotifications();
+}
+
+void PanZoomTool::followFingers(const Vetra::GLPoint<double>& way)
+{
+    translateWithSoftLimits(way.x, way.y, false);
+    if (way != Vetra::GLPoint<double>{})
+        m_fingers.movedAt = Clock::now();
+    m_fingers.point += way;
+    if (m_isPanGesture)
+        m_momentum.sampleLocation(m_fingers.point);
 }
 
 void PanZoomTool::handlePinchGestureEvent(PinchGestureEvent& event)
@@ -52,12 +67,19 @@ void PanZoomTool::handlePinchGestureEvent(PinchGestureEvent& event)
     event.consume();
     const GestureState state = event.gestureState;
     noteGesture(m_isPinching, state, *canvas);
-    const double factor = event.scaleFactor;
-    if (state != GestureState::GestureCanceled && factor > 0 && std::isfinite(factor))
-        canvas->setScaleAroundScenePointWithReason(canvas->getScale() * factor, event.scenePos(),
-                                                   ZoomReason::Source::Pinch);
+    if (state != GestureState::GestureCanceled)
+        zoomBy(*canvas, event.scaleFactor, event.scenePos());
     if (isLast(state))
         endGesture(m_isPinching);
+}
+
+void PanZoomTool::zoomBy(GLCanvas& canvas, double factor, const Vetra::GLPoint<double>& scenePoint)
+{
+    if (!(factor > 0) || !std::isfinite(factor))
+        return;
+    m_fingers.pinched += std::abs(std::log(factor));
+    canvas.setScaleAroundScenePointWithReason(canvas.getScale() * factor, scenePoint,
+                                              ZoomReason::Source::Pinch);
 }
 
 void PanZoomTool::noteGesture(bool& kind, GestureState state, GLCanvas& canvas)
@@ -67,9 +89,9 @@ void PanZoomTool::noteGesture(bool& kind, GestureState state, GLCanvas& canvas)
     if (state != GestureState::GestureStarted)
         return;
     claim(kind);
-    m_gesturePoint = {};
+    m_fingers = {};
     m_momentum.resetSampling();
-    m_momentum.sampleLocation(m_gesturePoint);
+    m_momentum.sampleLocation(m_fingers.point);
 }
 
 void PanZoomTool::endGesture(bool& kind)

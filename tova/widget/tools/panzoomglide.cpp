@@ -45,12 +45,6 @@ void PanZoomTool::letGo()
     cancel(ECancelReason::AllToolsCancelled, nullptr);
 }
 
-void PanZoomTool::fling(const Vetra::GLPoint<double>& point)
-{
-    m_momentum.sampleLocation(point);
-    m_momentum.beginMomentumNotifications();
-}
-
 void PanZoomTool::translateWithSoftLimits(double dx, double dy, bool fromMomentum)
 {
     if (!m_canvas)

@@ -119,10 +119,7 @@ bool PanZoomTool::claim(bool& mark)
 {
     mark = true;
     becomeActive();
-    mark = isActive();
-    if (mark && m_canvas)
-        m_canvas->setToolInteraction(true);
-    return mark;
+    return mark = isActive();
 }
 
 void PanZoomTool::handleMouseMoveEvent(MouseEvent& event)
@@ -145,7 +142,8 @@ void PanZoomTool::handleMouseReleaseEvent(MouseEvent& event)
     rest();
     if (m_button == MouseButton::MidButton && isIdle() && !m_middleButtonGlides)
         return;
-    fling(toDoubles(input.position));
+    m_momentum.sampleLocation(toDoubles(input.position));
+    m_momentum.beginMomentumNotifications();
 }
 
 /// Idle, unless the space bar or a gesture is still at it.

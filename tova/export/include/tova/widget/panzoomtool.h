@@ -6,6 +6,8 @@
 #include "vemit/listener.h"
 #include "vetra/inputenums.h"
 
+#include <chrono>
+
 namespace Tova2 {
 
 class GLCanvas;
@@ -58,6 +60,13 @@ private:
     virtual bool handleKeyPressDuringPan(KeyEvent& event);
 
     void startPan(const MouseEvent& event);
+    /// What they have done since their gesture began.
+    struct Fingers {
+        Vetra::GLPoint<double> point; ///< where they would have dragged a pointer to
+        double pinched = 0;           ///< by what changes of scale, as logarithms
+        std::chrono::steady_clock::time_point movedAt{};
+    };
+
     bool claim(bool& mark);
     void setIdle();
     void rest();
@@ -68,7 +77,8 @@ private:
     bool isInGesture() const noexcept { return m_isPanGesture || m_isPinching; }
     void noteGesture(bool& kind, Vetra::GestureState state, GLCanvas& canvas);
     void endGesture(bool& kind);
-    void fling(const Vetra::GLPoint<double>& point);
+    void followFingers(const Vetra::GLPoint<double>& way);
+    void zoomBy(GLCanvas& canvas, double factor, const Vetra::GLPoint<double>& scenePoint);
 
     void translateWithSoftLimits(double dx, double dy, bool fromMomentum);
     bool isInterrupted() const;
@@ -79,7 +89,7 @@ private:
     GLCanvas* m_canvas = nullptr; // listened to; null when it ends, or shows another scene
     Vetra::MouseButton m_button = Vetra::MouseButton::LeftButton; // that pans
     Vetra::GLPoint<int> m_lastPosition;                           // of the pointer, in the widget
-    Vetra::GLPoint<double> m_gesturePoint; // where a pan gesture would have dragged a pointer
+    Fingers m_fingers;
     bool m_isPanning = false;
     bool m_isPanGesture = false;
     bool m_isPinching = false;
