@@ -80,6 +80,8 @@ ConnectorEnd endAt(const Diagram& diagram, int block, const std::optional<Ending
     if (ending && ending->isOnLine() && ending->isBeyond) {
         result.port = ending->tip;
         result.gap = ending->length;
+    } else if (ending && ending->isOnLine()) {
+        result.room = ending->length;
     }
     result.outward = upright(along);
     const auto frame = frameOf(diagram, block);

@@ -6,10 +6,11 @@ namespace TovaView {
 
 /// Where a connector leaves or meets what it connects.
 struct ConnectorEnd {
-    int block = -1; ///< that it hangs on; -1 when it ends elsewhere, at a cluster for one
-    Point port;     ///< where it touches the block
-    Point outward;  ///< away from the block: upright, of length 1
-    double gap = 0; ///< from the port to the end of the line, where the head goes
+    int block = -1;  ///< that it hangs on; -1 when it ends elsewhere, at a cluster for one
+    Point port;      ///< where it touches the block
+    Point outward;   ///< away from the block: upright, of length 1
+    double gap = 0;  ///< from the port to the end of the line, where the head goes
+    double room = 0; ///< that the head takes of the line
     std::optional<Rect> frame; ///< of the block
 
     Point lineEnd() const { return port + outward * gap; }

@@ -12,8 +12,8 @@ struct Row {
 };
 
 constexpr Row rows[] = {
-    {"Wheel, two fingers", "scroll; with Ctrl, or by pinching, zoom about the pointer"},
-    {"Middle button, Space and drag", "pan; let go in motion and it glides on"},
+    {"Wheel, pinch", "zoom about the pointer; the wheel with Ctrl or Shift scrolls"},
+    {"Middle button, Space and drag, two fingers", "pan; let go in motion and it glides on"},
     {"Click, drag over the ground", "select a block, or all that the frame touches; Shift adds"},
     {"Drag a block", "move what is selected; Shift keeps to one direction, Esc cancels"},
     {"Arrow keys", "move what is selected by 5 points, with Shift by 1; else scroll"},

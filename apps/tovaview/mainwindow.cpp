@@ -28,6 +28,7 @@ namespace {
 
 constexpr double largestShare = 0.8; ///< of the screen, at first
 constexpr QSize smallestWindow(480, 320);
+constexpr double viewMargin = 12;     ///< pixels around the diagram
 constexpr int countingInterval = 100; ///< milliseconds
 constexpr int noteDuration = 8000;    ///< milliseconds
 
@@ -71,6 +72,7 @@ MainWindow::MainWindow(const Options& options)
     layout->addWidget(m_messages);
     setCentralWidget(centre);
     setAcceptDrops(true);
+    m_canvas->setMargins({viewMargin, viewMargin, viewMargin, viewMargin});
     canvas->installEventFilter(this);
     canvas->setFocus();
 

@@ -2,7 +2,6 @@
 
 #include <QHBoxLayout>
 #include <QLabel>
-#include <QStyle>
 #include <QToolButton>
 
 namespace TovaView {
@@ -16,18 +15,14 @@ MessageBar::MessageBar(QWidget* parent) : QFrame(parent), m_label(new QLabel)
     m_label->setTextInteractionFlags(Qt::TextSelectableByMouse);
     m_label->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
 
-    auto* icon = new QLabel;
-    const int side = style()->pixelMetric(QStyle::PM_SmallIconSize);
-    icon->setPixmap(style()->standardIcon(QStyle::SP_MessageBoxWarning).pixmap(side));
     auto* close = new QToolButton;
     close->setAutoRaise(true);
-    close->setIcon(style()->standardIcon(QStyle::SP_TitleBarCloseButton));
+    close->setText(QStringLiteral("×"));
     close->setToolTip(QStringLiteral("Close"));
     QObject::connect(close, &QToolButton::clicked, this, &QWidget::hide);
 
     auto* layout = new QHBoxLayout(this);
-    layout->setContentsMargins(8, 4, 4, 4);
-    layout->addWidget(icon);
+    layout->setContentsMargins(10, 3, 4, 3);
     layout->addWidget(m_label, 1);
     layout->addWidget(close);
     hide();

@@ -87,6 +87,12 @@ void MoveTool::handleMousePressEvent(Tova2::MouseEvent& event)
     event.consume();
 }
 
+/// The second press of two in a row may begin a drag like any other.
+void MoveTool::handleMouseDoubleClickEvent(Tova2::MouseEvent& event)
+{
+    handleMousePressEvent(event);
+}
+
 void MoveTool::handleMouseMoveEvent(Tova2::MouseEvent& event)
 {
     if (isIdle()) {

@@ -35,6 +35,7 @@ public:
     void onRemoveFromStack() override;
 
     void handleMousePressEvent(Tova2::MouseEvent& event) override;
+    void handleMouseDoubleClickEvent(Tova2::MouseEvent& event) override;
     void handleMouseMoveEvent(Tova2::MouseEvent& event) override;
     void handleMouseReleaseEvent(Tova2::MouseEvent& event) override;
     void handleKeyPressEvent(Tova2::KeyEvent& event) override;

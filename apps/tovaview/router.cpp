@@ -51,12 +51,33 @@ void align(const ConnectorEnd& tail, ConnectorEnd& head)
         head.port.x = tail.port.x;
 }
 
-/// Two ends that face each other nearby meet half way.
-double stubBetween(const ConnectorEnd& tail, const ConnectorEnd& head)
+/// Where the straight beginnings of a line end.
+struct Stubs {
+    Point tail, head;
+};
+
+/// How far a line goes straight on from its port: a head wants room.
+double stubOf(const ConnectorEnd& end)
 {
+    return std::max(stub, end.room + shortestStub);
+}
+
+/// Two ends that face each other nearby meet between them.
+Stubs stubsOf(const ConnectorEnd& tail, const ConnectorEnd& head)
+{
+    Stubs stubs{tail.lineEnd() + tail.outward * stubOf(tail),
+                head.lineEnd() + head.outward * stubOf(head)};
     const double distance = dot(head.lineEnd() - tail.lineEnd(), tail.outward);
-    const bool isFacing = dot(tail.outward, head.outward) == -1 && distance > 0;
-    return isFacing ? std::min(stub, distance / 2) : stub;
+    const double free = distance - tail.room - head.room;
+    if (dot(tail.outward, head.outward) != -1 || !(distance > 0) ||
+        distance > stubOf(tail) + stubOf(head))
+        return stubs;
+    const double share = free > 0 ? tail.room + free / 2 : distance / 2;
+    stubs.tail = tail.lineEnd() + tail.outward * share;
+    // Exactly level, or a corner more would be needed.
+    (tail.outward.x != 0 ? stubs.head.x : stubs.head.y) =
+        tail.outward.x != 0 ? stubs.tail.x : stubs.tail.y;
+    return stubs;
 }
 
 std::vector<RouteGrid::Hindrance> hindrancesOf(const std::vector<Rect>& blocks,
@@ -142,9 +163,7 @@ Points route(const ConnectorEnd& tail, const ConnectorEnd& givenHead,
     for (const auto& frame : {tail.frame, head.frame})
         if (frame)
             blocks.push_back(*frame);
-    const double reach = stubBetween(tail, head);
-    const Point from = tail.lineEnd() + tail.outward * reach;
-    const Point to = head.lineEnd() + head.outward * reach;
+    const auto [from, to] = stubsOf(tail, head);
     RouteGrid grid(hindrancesOf(blocks, obstacles), (from + to) * 0.5);
     for (const std::vector<Rect>* rects : {&std::as_const(blocks), &obstacles})
         for (const Rect& rect : *rects)

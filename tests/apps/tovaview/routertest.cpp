@@ -16,7 +16,7 @@ ConnectorEnd endOf(const Rect& frame, const Point& outward, double gap = 0)
 {
     const Point half{frame.width / 2, frame.height / 2};
     const Point port = frame.center() + Point{outward.x * half.x, outward.y * half.y};
-    return {0, port, outward, gap, frame};
+    return {0, port, outward, gap, 0, frame};
 }
 
 void expectUpright(const Points& way)
@@ -101,6 +101,11 @@ INSTANTIATE_TEST_SUITE_P(
                 {-1, 0},
                 {},
                 {{60, 20}, {110, 20}, {110, 120}, {160, 120}}},
+        WayCase{{"NearbyIsLevelHalfWay"},
+                {72.3, 100, 60, 40},
+                {-1, 0},
+                {},
+                {{60, 20}, {66.15, 20}, {66.15, 120}, {72.3, 120}}},
         WayCase{{"OneCornerIntoTheTop"},
                 {160, 100, 60, 40},
                 {0, -1},
