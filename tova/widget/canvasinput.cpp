@@ -1,11 +1,13 @@
 #include "widget/canvasinput.h"
 
-#include "widget/canvaskeys.h"
 #include "widget/glcanvasprivate.h"
+#include "widget/tools/viewkeys.h"
 
+#include "tova/events/keyevent.h"
 #include "tova/widget/glcanvas.h"
 #include "vetra/errorreporter.h"
 #include "vetra/qt.h"
+#include "vetra/qtevents.h"
 
 #include <QKeyEvent>
 #include <QMouseEvent>
@@ -43,7 +45,10 @@ bool CanvasInput::dispatch(QEvent& event)
     if (event.type() != QEvent::KeyPress || use.hasEnded() || !takesInput())
         return false;
     bool isTaken = false;
-    guarded([&] { isTaken = pressKey(m_canvas, static_cast<const QKeyEvent&>(event)); });
+    const KeyEvent key(EventType::KeyPressEvent,
+                       Vetra::fromQt(static_cast<const QKeyEvent&>(event), &m_canvas));
+    guarded([&] { isTaken = moveViewByKey(m_canvas, key); });
+    event.setAccepted(isTaken);
     return isTaken;
 }
 

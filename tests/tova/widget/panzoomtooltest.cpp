@@ -5,15 +5,19 @@
 #include "tova/events/mouseevent.h"
 #include "tova/events/pangestureevent.h"
 #include "tova/events/pinchgestureevent.h"
+#include "tova/events/unconsumedeventtool.h"
 #include "tova/nodes/rectnode.h"
 #include "tova/scene/scene.h"
 #include "tova/widget/glcanvas.h"
 #include "tova/widget/panzoomtool.h"
 #include "tova/widget/scrollwheeltool.h"
+#include "widgets/qt.h"
 
 #include <gtest/gtest.h>
 
+#include <QCoreApplication>
 #include <QEventLoop>
+#include <QKeyEvent>
 #include <QTimer>
 
 #include <cmath>
@@ -340,6 +344,59 @@ INSTANTIATE_TEST_SUITE_P(
                     WheelCase{{"ScrollFirst"}, false, {}, 13, 2, {{0, -1}}},
                     WheelCase{{"ScrollFirstSideways"}, false, Modifier::Shift, -14, 2, {{2, 0}}},
                     WheelCase{{"ScrollFirstZooms"}, false, Modifier::Ctrl, 120, 2.5, {}}),
+    rowName);
+
+// Keys that no tool takes, as they come from the toolkit
+
+struct KeyCase : NamedRow {
+    int key;
+    Qt::KeyboardModifiers held;
+    double scale; ///< then
+    Point way;    ///< dragged, in pixels
+};
+
+class ViewKeysTest : public PanZoomToolTest, public testing::WithParamInterface<KeyCase> {
+public:
+    /// Whether it has been taken.
+    bool press()
+    {
+        QKeyEvent event(QEvent::KeyPress, GetParam().key, GetParam().held);
+        QCoreApplication::sendEvent(Widgets::toQt(*m_canvas), &event);
+        return event.isAccepted();
+    }
+};
+
+TEST_P(ViewKeysTest, MoveTheViewUnlessAListenerWantsThem)
+{
+    const bool isTaken = GetParam().scale != 2 || GetParam().way != Point();
+    EXPECT_EQ(press(), isTaken);
+    EXPECT_NEAR(m_canvas->getScale(), GetParam().scale, 1e-4);
+    if (m_canvas->getScale() == 2) {
+        EXPECT_NEAR(dragged().x, GetParam().way.x, 1e-9);
+        EXPECT_NEAR(dragged().y, GetParam().way.y, 1e-9);
+    }
+    auto* const last =
+        static_cast<UnconsumedEventTool*>(m_scene->getToolByRole("UnconsumedEventTool"));
+    last->unconsumedEmitter().connect([](Event& event) { event.consume(); });
+    const auto shown = m_canvas->getSceneRectInView();
+    EXPECT_TRUE(press());
+    EXPECT_EQ(m_canvas->getSceneRectInView(), shown);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Keys, ViewKeysTest,
+    testing::Values(KeyCase{{"Left"}, Qt::Key_Left, Qt::KeypadModifier, 2, {20, 0}},
+                    KeyCase{{"Down"}, Qt::Key_Down, {}, 2, {0, -15}},
+                    KeyCase{{"PageDown"}, Qt::Key_PageDown, {}, 2, {0, -270}},
+                    KeyCase{{"PageLeft"}, Qt::Key_PageUp, Qt::ShiftModifier, 2, {360, 0}},
+                    KeyCase{{"Home"}, Qt::Key_Home, {}, 2, {10001, 10001}},
+                    KeyCase{{"End"}, Qt::Key_End, {}, 2, {-9601, -9701}},
+                    KeyCase{{"Plus"}, Qt::Key_Plus, Qt::ShiftModifier, 2.5, {}},
+                    KeyCase{{"Minus"}, Qt::Key_Minus, Qt::ControlModifier, 1.75, {}},
+                    KeyCase{{"ActualSize"}, Qt::Key_0, {}, 1, {}},
+                    KeyCase{{"Fit"}, Qt::Key_F, {}, 300 / 10001.0, {}},
+                    KeyCase{{"FindIsTheHosts"}, Qt::Key_F, Qt::ControlModifier, 2, {}},
+                    KeyCase{{"BackIsTheHosts"}, Qt::Key_Left, Qt::AltModifier, 2, {}}),
     rowName);
 
 } // namespace

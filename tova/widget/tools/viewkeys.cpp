@@ -21,22 +21,17 @@ Modifiers heldWith(const KeyEvent& event)
 
 bool scroll(GLCanvas& canvas, Key key)
 {
-    switch (key) {
-    case Key::Left:
-        canvas.requestScrollInSteps(-1, 0);
+    static constexpr struct {
+        Key key;
+        int dx, dy;
+    } kArrows[] = {{Key::Left, -1, 0}, {Key::Right, 1, 0}, {Key::Up, 0, -1}, {Key::Down, 0, 1}};
+    for (const auto& arrow : kArrows) {
+        if (arrow.key != key)
+            continue;
+        canvas.requestScrollInSteps(arrow.dx, arrow.dy);
         return true;
-    case Key::Right:
-        canvas.requestScrollInSteps(1, 0);
-        return true;
-    case Key::Up:
-        canvas.requestScrollInSteps(0, -1);
-        return true;
-    case Key::Down:
-        canvas.requestScrollInSteps(0, 1);
-        return true;
-    default:
-        return false;
     }
+    return false;
 }
 
 bool page(GLCanvas& canvas, Key key, bool sideways)
