@@ -5,6 +5,11 @@
 #include <algorithm>
 
 namespace TovaView {
+namespace {
+
+constexpr double visibleMargin = 24; ///< around what has to be seen, in points
+
+} // namespace
 
 Editor::Editor(Tova2::GLCanvas& canvas, std::unique_ptr<DiagramDocument> document,
                const Vetra::Color& accent)
@@ -68,7 +73,7 @@ void Editor::selectNext(int step)
     }
     const int block = blocks[static_cast<std::size_t>(at)];
     m_selection.set({block});
-    m_canvas.ensureVisible(m_document->frameOf(block));
+    m_canvas.ensureVisible(m_document->frameOf(block).grown(visibleMargin));
 }
 
 void Editor::setGround(const std::optional<Vetra::Color>& color)

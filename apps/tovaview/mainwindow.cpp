@@ -283,26 +283,46 @@ void MainWindow::closeEvent(QCloseEvent* event)
     QMainWindow::closeEvent(event);
 }
 
+/// Files dropped on the canvas are for the window, whatever tools the scene has.
 bool MainWindow::eventFilter(QObject* watched, QEvent* event)
 {
-    if (event->type() == QEvent::Leave)
+    switch (event->type()) {
+    case QEvent::Leave:
         m_status->showPointer({});
+        break;
+    case QEvent::DragEnter:
+    case QEvent::DragMove:
+    case QEvent::Drop:
+        if (takeDrag(static_cast<QDropEvent&>(*event)))
+            return true;
+        break;
+    default:
+        break;
+    }
     return QMainWindow::eventFilter(watched, event);
 }
 
 void MainWindow::dragEnterEvent(QDragEnterEvent* event)
 {
-    if (!droppedFile(*event->mimeData()).isEmpty())
-        event->acceptProposedAction();
+    takeDrag(*event);
 }
 
 void MainWindow::dropEvent(QDropEvent* event)
 {
-    const QString file = droppedFile(*event->mimeData());
+    takeDrag(*event);
+}
+
+/// False when it brings no file.
+bool MainWindow::takeDrag(QDropEvent& event)
+{
+    const QString file = droppedFile(*event.mimeData());
     if (file.isEmpty())
-        return;
-    event->acceptProposedAction();
-    open(file);
+        return false;
+    event.acceptProposedAction();
+    // Not at once: whoever drags it waits for the end of the drop.
+    if (event.type() == QEvent::Drop)
+        QTimer::singleShot(0, this, [this, file] { open(file); });
+    return true;
 }
 
 } // namespace TovaView

@@ -47,6 +47,7 @@ private:
     /// Runs what may fail, and says so in the window.
     bool attempt(const std::function<void()>& action);
 
+    bool takeDrag(QDropEvent& event);
     void askForFile();
     void askForExport();
     void print();

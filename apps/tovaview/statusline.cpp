@@ -11,6 +11,7 @@ namespace TovaView {
 StatusLine::StatusLine(QStatusBar& bar, Handlers handlers)
     : m_pointer(new QLabel(&bar)), m_crossings(new QLabel(&bar))
 {
+    m_pointer->setContentsMargins(6, 0, 0, 0);
     bar.addWidget(m_pointer);
     m_pointer->setToolTip(QStringLiteral("Where the pointer is, in points"));
     bar.addPermanentWidget(m_crossings);
