@@ -21,8 +21,11 @@ using Vetra::GestureState;
 
 namespace {
 
-/// After which a scroll without phases has ended.
-constexpr std::chrono::milliseconds kScrollPause{150};
+/// After which a scroll without phases has ended: long enough for the fingers to count as resting,
+/// so that the view does not glide on.
+constexpr std::chrono::milliseconds kScrollPause{250};
+/// After which it is taken for granted that the end went elsewhere. Another step begins anew.
+constexpr std::chrono::milliseconds kLostEnd{1000};
 
 double usableFactor(double factor)
 {
@@ -84,8 +87,9 @@ void GestureInput::scroll(const QWheelEvent& event)
     forgetCancelled();
     m_scrolledAt = Vetra::fromQt(event.position());
     const auto steps = m_scroll.take(event);
-    if (event.phase() == Qt::NoScrollPhase)
-        m_clock->startRepeating(kScrollPause, [this] { endPaused(); });
+    if (m_scroll.isGoingOn())
+        m_clock->startRepeating(event.phase() == Qt::NoScrollPhase ? kScrollPause : kLostEnd,
+                                [this] { endPaused(); });
     else
         m_clock->stop();
     play(steps);
