@@ -162,23 +162,6 @@ bool GLCanvas::getToolInteraction() const
     return d->hasToolInteraction;
 }
 
-// Drag data
-
-Vetra::GLMimeData GLCanvas::getMimeData() const
-{
-    return d->mimeData;
-}
-
-void GLCanvas::setMimeData(Vetra::GLMimeData data)
-{
-    d->mimeData = std::move(data);
-}
-
-void GLCanvas::clearMimeData()
-{
-    d->mimeData = {};
-}
-
 // Resize notifications
 
 void GLCanvas::registerResizeNotification(unsigned key)

@@ -8,6 +8,7 @@
 #include "vetra/errorreporter.h"
 #include "vetra/qt.h"
 
+#include <QDrag>
 #include <QMetaObject>
 #include <QPainter>
 #include <QScopedValueRollback>
@@ -39,6 +40,8 @@ void GLCanvasPrivate::end()
     if (m_widget)
         m_widget->setCanvas(nullptr);
     m_widget = nullptr;
+    if (isDragging)
+        QDrag::cancel();
     m_input->dispatcher().close();
     m_busy.stop();
     m_layers.stack().removeAllLayers();

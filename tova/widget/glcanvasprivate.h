@@ -87,6 +87,7 @@ public:
                                          "image/png",  "image/jpeg", "image/svg+xml"};
     std::vector<unsigned> resizeKeys;
     bool hasToolInteraction = false;
+    bool isDragging = false; ///< what was begun here
 
 private:
     void viewChanged(double scaleBefore, ZoomReason reason);

@@ -95,6 +95,7 @@
 #include "tova/scene/scenechangetracker.h"
 #include "tova/scene/sceneerrors.h"
 
+#include "tova/widget/dragpreview.h"
 #include "tova/widget/glcanvas.h"
 #include "tova/widget/glcanvasemitters.h"
 #include "tova/widget/layerstack.h"

@@ -9,15 +9,19 @@
 #include "vetra/glmimedata.h"
 #include "vetra/glpoint.h"
 #include "vetra/glrect.h"
+#include "vetra/inputenums.h"
 #include "vetra/pixmap.h"
 #include "vetra/stringid.h"
 #include "vetra/transform.h"
 #include "widgets/glwidget2.h"
 
 #include <memory>
+#include <string>
+#include <vector>
 
 namespace Tova2 {
 
+struct DragPreview;
 class Event;
 class GLCanvasPrivate;
 class LayerStack;
@@ -170,6 +174,16 @@ public:
     Vetra::GLMimeData getMimeData() const;
     void setMimeData(Vetra::GLMimeData data);
     void clearMimeData();
+    /// Lets the user drag the data of `setMimeData` on from here, best called by a tool at a
+    /// `UserDragInitEvent`. Returns when that is over, with what the target has done, and the data
+    /// given up. Meanwhile events come in; the gesture that led here is cancelled, since its
+    /// release is not among them. Nothing without data, or inside another drag of this canvas.
+    Vetra::DropAction startDrag(Vetra::DropActions possible, const DragPreview& preview);
+    /// The formats that are read of what comes from elsewhere, 8 MiB of each at most; at first
+    /// text, HTML, lists of URIs, PNG, JPEG and SVG. A format in which another canvas of this
+    /// process drags is read as well.
+    std::vector<std::string> getDropFormats() const;
+    void setDropFormats(std::vector<std::string> formats);
 
     // Resize notifications, by the emitter `resized`
 
