@@ -189,10 +189,27 @@ void AutoLayoutPanel::setPosition(const Vetra::GLPoint<double>& position)
         d->setPosition(position);
 }
 
+void AutoLayoutPanel::setCanvasAffinity(CanvasAffinity affinity,
+                                        const Vetra::GLPoint<double>& offset)
+{
+    if (affinity <= CanvasAffinity::Left && isFinite(Vetra::toQt(offset)))
+        d->setAffinity(affinity, offset);
+}
+
+CanvasAffinity AutoLayoutPanel::getCanvasAffinity() const
+{
+    return d->affinity();
+}
+
 void AutoLayoutPanel::installOnNode(const Node& parent, bool anchored,
                                     const Vetra::GLRect<double>& anchorClip)
 {
     d->installOnNode(parent, anchored, anchorClip);
+}
+
+void AutoLayoutPanel::installOnCanvas(GLCanvas& canvas)
+{
+    d->installOnCanvas(canvas);
 }
 
 void AutoLayoutPanel::installOnSceneForStaticRender(Scene* scene)

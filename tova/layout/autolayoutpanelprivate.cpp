@@ -104,8 +104,20 @@ void AutoLayoutPanelPrivate::setPosition(const Vetra::GLPoint<double>& position)
     const auto keep = keptAlive();
     m_position = position;
     place();
-    if (m_isOnNode)
+    if (m_installation == Installation::OnNode)
         requestLayout();
+}
+
+void AutoLayoutPanelPrivate::setAffinity(CanvasAffinity affinity,
+                                         const Vetra::GLPoint<double>& offset)
+{
+    if (affinity == m_spot.affinity && offset == m_spot.offset)
+        return;
+    const auto keep = keptAlive();
+    m_spot.affinity = affinity;
+    m_spot.offset = offset;
+    place();
+    requestLayout();
 }
 
 void AutoLayoutPanelPrivate::insert(int index, const Vetra::StringID& name, const Node& node)

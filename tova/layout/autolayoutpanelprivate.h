@@ -1,5 +1,6 @@
 #pragma once
 
+#include "layout/canvasspot.h"
 #include "layout/flow.h"
 #include "layout/panelmembers.h"
 
@@ -41,6 +42,8 @@ public:
     void setOpacity(double opacity);
     Vetra::GLPoint<double> position() const { return m_position; }
     void setPosition(const Vetra::GLPoint<double>& position);
+    CanvasAffinity affinity() const { return m_spot.affinity; }
+    void setAffinity(CanvasAffinity affinity, const Vetra::GLPoint<double>& offset);
 
     // Members
     void insert(int index, const Vetra::StringID& name, const Node& node);
@@ -55,11 +58,14 @@ public:
 
     // Installation
     void installOnNode(const Node& parent, bool anchored, const Vetra::GLRect<double>& anchorClip);
+    void installOnCanvas(GLCanvas& canvas);
     void installOnScene(Scene* scene);
     bool isInstalled() const;
     void uninstall();
 
 private:
+    enum class Installation { None, OnNode, OnCanvas, OnScene };
+
     /// A member with what the layout decides about it.
     struct Placed {
         Node node;
@@ -76,14 +82,17 @@ private:
     void applyStyle();
     void layoutOnce(DeferredError& error);
     double panelScale() const;
-    Plan makePlan(double scale) const;
+    Plan makePlan() const;
     void carryOut(const Plan& plan, DeferredError& error);
     void showMember(const Placed& placed, int index);
     void showFrame(const Plan& plan, DeferredError& error);
     std::optional<QRectF> anchorRect() const;
     void place();
+    void viewChanged();
+    void followView(GLCanvas& canvas);
     void followAnchor(const Node& parent);
     void settle(DeferredError& error);
+    void forgetPlace();
     void leave(DeferredError& error);
 
     AutoLayoutPanel& m_panel;
@@ -92,13 +101,16 @@ private:
     std::optional<DrawStyle> m_ownStyle; ///< in place of the panel style's stroke and fill
     Vetra::GLPoint<double> m_position;
     Vetra::GLRect<double> m_frame;
-    Vemit::Connection m_anchorChanges;
+    double m_scale = 1;     ///< as of the last layout
+    double m_viewScale = 1; ///< that it was made for
+    CanvasSpot m_spot;
+    std::vector<Vemit::Connection> m_followed; ///< of what it is installed on
     int m_suspendCount = 0;
     bool m_isPending = true;
     bool m_isLayingOut = false;
     bool m_mustGoOn = false; ///< asked for a layout during one
     bool m_isQuiet = false;  ///< moves members itself
-    bool m_isOnNode = false;
+    Installation m_installation = Installation::None;
     bool m_isAnchored = false;
 };
 

@@ -4,6 +4,9 @@
 #include "nodes/nodekind.h"
 
 #include "tova/scene/scene.h"
+#include "tova/widget/glcanvas.h"
+
+#include <utility>
 
 namespace Tova2 {
 
@@ -16,7 +19,8 @@ void AutoLayoutPanelPrivate::installOnNode(const Node& parent, bool anchored,
     error.run([&] { root.setParent(parent); });
     if (root.getParent() != parent)
         return error.rethrow();
-    m_isOnNode = true;
+    forgetPlace();
+    m_installation = Installation::OnNode;
     m_isAnchored = anchored;
     anchorClip = clip;
     followAnchor(parent);
@@ -26,12 +30,44 @@ void AutoLayoutPanelPrivate::installOnNode(const Node& parent, bool anchored,
 
 void AutoLayoutPanelPrivate::followAnchor(const Node& parent)
 {
-    m_anchorChanges.disconnect();
-    m_anchorChanges =
-        implBehind(parent)->changeEmitter().connect(this, [this](NodeImpl&, ChangeLevel level) {
-            if (level == ChangeLevel::Geometry && m_isAnchored)
-                requestLayout();
-        });
+    const auto changed = [this](NodeImpl&, ChangeLevel level) {
+        if (level == ChangeLevel::Geometry && m_isAnchored)
+            requestLayout();
+    };
+    m_followed.push_back(implBehind(parent)->changeEmitter().connect(this, changed));
+}
+
+void AutoLayoutPanelPrivate::installOnCanvas(GLCanvas& canvas)
+{
+    const auto keep = keptAlive();
+    const Vetra::Holder<Scene> overlay(canvas.getOverlayScene());
+    DeferredError error;
+    leave(error);
+    if (overlay) {
+        error.run([&] { overlay->addNode(root); });
+        m_installation = Installation::OnCanvas;
+        m_spot.setCanvas(&canvas);
+        followView(canvas);
+        settle(error);
+    }
+    error.rethrow();
+}
+
+void AutoLayoutPanelPrivate::followView(GLCanvas& canvas)
+{
+    const auto changed = [this](const auto&...) { viewChanged(); };
+    m_followed.push_back(canvas.connectTo(&GLCanvasEmitters::viewChange, this, changed));
+    m_followed.push_back(
+        canvas.connectTo(&GLCanvasEmitters::scrollbarGeometryChange, this, changed));
+}
+
+// Comes before the view is painted, so that the panel is in place in the same frame.
+void AutoLayoutPanelPrivate::viewChanged()
+{
+    const auto keep = keptAlive();
+    if (m_spot.viewScale() != m_viewScale)
+        requestLayout();
+    place();
 }
 
 void AutoLayoutPanelPrivate::installOnScene(Scene* scene)
@@ -42,6 +78,7 @@ void AutoLayoutPanelPrivate::installOnScene(Scene* scene)
     leave(error);
     if (scene) {
         error.run([&] { scene->addNode(root); });
+        m_installation = Installation::OnScene;
         settle(error);
     }
     error.rethrow();
@@ -57,7 +94,16 @@ void AutoLayoutPanelPrivate::settle(DeferredError& error)
 
 bool AutoLayoutPanelPrivate::isInstalled() const
 {
-    return m_isOnNode ? root.getParent().isValid() : root.getScene() != nullptr;
+    switch (m_installation) {
+    case Installation::OnNode:
+        return root.getParent().isValid();
+    case Installation::OnCanvas:
+        return root.getScene() && m_spot.canvas();
+    case Installation::OnScene:
+        return root.getScene();
+    default:
+        return false;
+    }
 }
 
 void AutoLayoutPanelPrivate::uninstall()
@@ -68,11 +114,19 @@ void AutoLayoutPanelPrivate::uninstall()
     error.rethrow();
 }
 
+void AutoLayoutPanelPrivate::forgetPlace()
+{
+    for (auto& connection : std::exchange(m_followed, {}))
+        connection.disconnect();
+    m_spot.setCanvas(nullptr);
+    m_installation = Installation::None;
+    m_isAnchored = false;
+    m_isPending = true;
+}
+
 void AutoLayoutPanelPrivate::leave(DeferredError& error)
 {
-    m_anchorChanges.disconnect();
-    m_isOnNode = m_isAnchored = false;
-    m_isPending = true;
+    forgetPlace();
     error.run([this] { root.remove(); });
     if (root.getParent().isValid())
         error.run([this] { root.unparent(); });

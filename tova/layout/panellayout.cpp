@@ -60,13 +60,13 @@ void AutoLayoutPanelPrivate::layoutOnce(DeferredError& error)
 {
     m_isPending = m_mustGoOn = false;
     m_members.reconcile(error);
-    double scale = 1;
     Plan plan;
-    error.run([&] {
-        scale = panelScale();
-        root.setTransform(Vetra::Transform::fromScale(scale, scale));
+    error.run([this] {
+        m_viewScale = m_spot.viewScale();
+        m_scale = panelScale();
     });
-    error.run([&] { plan = makePlan(scale); });
+    error.run([this] { root.setTransform(Vetra::Transform::fromScale(m_scale, m_scale)); });
+    error.run([&] { plan = makePlan(); });
     carryOut(plan, error);
     showFrame(plan, error);
     error.run([this] { place(); });
@@ -74,14 +74,14 @@ void AutoLayoutPanelPrivate::layoutOnce(DeferredError& error)
 
 double AutoLayoutPanelPrivate::panelScale() const
 {
-    const double scale = scaleFunction->scale(1.0);
+    const double scale = scaleFunction->scale(m_viewScale);
     return std::isfinite(scale) && scale > 0 ? scale : 1;
 }
 
 // Decided first and carried out after, so that a member which stays as it is hears of nothing.
-AutoLayoutPanelPrivate::Plan AutoLayoutPanelPrivate::makePlan(double scale) const
+AutoLayoutPanelPrivate::Plan AutoLayoutPanelPrivate::makePlan() const
 {
-    Flow flow(rules, scale);
+    Flow flow(rules, m_scale);
     const auto anchor = anchorRect();
     const QTransform toParent = implBehind(root)->localTransform();
     Plan plan;
@@ -101,7 +101,7 @@ AutoLayoutPanelPrivate::Plan AutoLayoutPanelPrivate::makePlan(double scale) cons
 std::optional<QRectF> AutoLayoutPanelPrivate::anchorRect() const
 {
     const Node parent = root.getParent();
-    if (!m_isOnNode || !m_isAnchored || !parent.isValid())
+    if (!m_isAnchored || !parent.isValid())
         return {};
     const auto geometry = parent.getGeometryRect();
     return Vetra::toQt(anchorClip.isValid() ? geometry.intersected(anchorClip) : geometry);
@@ -146,7 +146,7 @@ void AutoLayoutPanelPrivate::showFrame(const Plan& plan, DeferredError& error)
 
 void AutoLayoutPanelPrivate::place()
 {
-    root.setPosition(m_position);
+    root.setPosition(m_spot.rootPosition(m_frame, m_scale, m_position));
 }
 
 } // namespace Tova2

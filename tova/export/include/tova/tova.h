@@ -108,3 +108,4 @@
 #include "tova/widget/zoomreason.h"
 
 #include "tova/layout/autolayoutpanel.h"
+#include "tova/layout/canvasaffinity.h"

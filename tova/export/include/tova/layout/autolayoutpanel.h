@@ -1,5 +1,6 @@
 #pragma once
 
+#include "tova/layout/canvasaffinity.h"
 #include "tova/nodes/roundedrectnode.h"
 #include "tova/nodes/style/drawstyle.h"
 #include "tova/nodes/style/lodscale.h"
@@ -17,6 +18,7 @@
 namespace Tova2 {
 
 class AutoLayoutPanelPrivate;
+class GLCanvas;
 class Scene;
 
 /// Arranges nodes in rows on a rounded background: each member beside the one before it, and a new
@@ -119,13 +121,20 @@ public:
 
     // Place
 
-    /// In the coordinates of what the panel is installed on.
+    /// Of the panel's origin, in the coordinates of what it is installed on. On a canvas those are
+    /// of the view, and an affinity goes before.
     Vetra::GLPoint<double> getPosition() const;
     void setPosition(const Vetra::GLPoint<double>& position);
+    /// On a canvas the background keeps 4 view units from the edges there, or from the scroll bar
+    /// that lies at one, whatever the view does. It is then moved by `offset`, in view units.
+    void setCanvasAffinity(CanvasAffinity affinity, const Vetra::GLPoint<double>& offset = {});
+    CanvasAffinity getCanvasAffinity() const;
     /// An anchored panel shows only members that lie wholly inside the node's geometry. Throws what
     /// `Node::setParent` throws; nothing has changed then.
     void installOnNode(const Node& parent, bool anchored,
                        const Vetra::GLRect<double>& anchorClip = {});
+    /// Over the canvas's scene, in its overlay. The panel does not keep the canvas alive.
+    void installOnCanvas(GLCanvas& canvas);
     /// As nodes of the scene, which no view moves. Null only uninstalls.
     void installOnSceneForStaticRender(Scene* scene);
     /// False again when what it was installed on has gone.
