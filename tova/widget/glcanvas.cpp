@@ -8,8 +8,6 @@
 #include "tova/scene/scene.h"
 #include "vetra/qt.h"
 
-#include <QPixmap>
-
 #include <algorithm>
 #include <utility>
 
@@ -174,12 +172,6 @@ void GLCanvas::registerResizeNotification(unsigned key)
 void GLCanvas::cancelResizeNotification(unsigned key)
 {
     std::erase(d->resizeKeys, key);
-}
-
-Vetra::Pixmap GLCanvas::getCanvasSnapshotWithWebBlock()
-{
-    const Use use(*this);
-    return d->widget() ? Vetra::fromQt(d->widget()->grab()) : Vetra::Pixmap();
 }
 
 } // namespace Tova2

@@ -43,6 +43,7 @@ void GLCanvasPrivate::end()
     if (isDragging)
         QDrag::cancel();
     m_input->dispatcher().close();
+    webBlock.remove();
     m_busy.stop();
     m_layers.stack().removeAllLayers();
 }
@@ -72,6 +73,7 @@ void GLCanvasPrivate::viewChanged(double scaleBefore, ZoomReason reason)
     placePicture();
     if (m_widget)
         m_widget->update();
+    webBlock.place(m_view);
     placeScrollbars();
     if (!use.hasEnded() && m_view.scale() != scaleBefore)
         m_emitters.scaleChange.send(m_view.scale(), reason);

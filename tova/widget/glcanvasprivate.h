@@ -5,6 +5,7 @@
 #include "widget/canvaslayers.h"
 #include "widget/canvaspicture.h"
 #include "widget/canvasscrollbars.h"
+#include "widget/canvaswebblock.h"
 #include "widget/scenegrid.h"
 #include "widget/toolkitcanvas.h"
 #include "widget/viewstate.h"
@@ -86,6 +87,7 @@ public:
     std::vector<std::string> dropFormats{"text/plain", "text/html",  "text/uri-list",
                                          "image/png",  "image/jpeg", "image/svg+xml"};
     std::vector<unsigned> resizeKeys;
+    CanvasWebBlock webBlock;
     bool hasToolInteraction = false;
     bool isDragging = false; ///< what was begun here
 

@@ -104,6 +104,7 @@
 #include "tova/widget/panzoomtool.h"
 #include "tova/widget/scrollwheeltool.h"
 #include "tova/widget/viewer.h"
+#include "tova/widget/webblock.h"
 #include "tova/widget/zoomdirection.h"
 #include "tova/widget/zoomreason.h"
 

@@ -9,6 +9,7 @@
 #include "vetra/glmimedata.h"
 #include "vetra/glpoint.h"
 #include "vetra/glrect.h"
+#include "vetra/image.h"
 #include "vetra/inputenums.h"
 #include "vetra/pixmap.h"
 #include "vetra/stringid.h"
@@ -190,10 +191,27 @@ public:
     void registerResizeNotification(unsigned key);
     void cancelResizeNotification(unsigned key);
 
+    // A page of HTML over a part of the scene; only with an engine (`WebBlock`)
+
+    /// Shows `html`, UTF-8, over the rectangle, which moves and zooms with the scene and takes no
+    /// focus. Replaces the page before. Refused, with the answer false: any page when there is no
+    /// engine, text beyond `Limits::textBytes`, a rectangle that is not valid. Hidden while its
+    /// side is more than 16384 pixels.
+    bool setWebBlock(const Vetra::GLRect<double>& sceneRect, const std::string& html);
+    void removeWebBlock();
+    bool hasBrowser() const;
+    /// Names the toolkit's widget of the page "webblock" and the key, after making an empty page
+    /// over all of the view if there is none. Key 0 takes the page away.
+    void associateBrowserForTesting(unsigned key);
+
     // Snapshots, in device pixels
 
     /// What the canvas shows, as of now.
     Vetra::Pixmap getCanvasSnapshotWithWebBlock();
+    /// The part of the page that lies in the view; null when there is none.
+    Vetra::Pixmap getPixmapOfBrowserInView();
+    /// That part of the view, scene and page; never an empty holder.
+    Vetra::Holder<Vetra::Image> getSceneImageWithWebblocksForTesting(Vetra::GLRect<int> viewRect);
 
     /// Connects to one of the canvas's emitters with the arguments of `Vemit::Emitter::connect`:
     /// `canvas.connectTo(&GLCanvasEmitters::scaleChange, listener, callback)`.
