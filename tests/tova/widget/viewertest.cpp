@@ -2,6 +2,7 @@
 
 #include "support/rows.h"
 
+#include "tova/events/tool.h"
 #include "tova/scene/scene.h"
 #include "tova/widget/glcanvas.h"
 
@@ -10,6 +11,9 @@
 #include "widgets/qt.h"
 
 #include <QApplication>
+#include <QEventLoop>
+#include <QMouseEvent>
+#include <QTimer>
 #include <QWindow>
 
 #include <stdexcept>
@@ -113,6 +117,27 @@ void whenHidden(Viewer& viewer, void (*act)(Viewer&))
     viewer.getCanvas()->getGLWidgetEmitters().hide.connect([&viewer, act](auto) { act(viewer); });
 }
 
+/// Does something to a viewer when the button is pressed.
+class PressTool : public Tool {
+public:
+    PressTool(Viewer& viewer, void (*act)(Viewer&)) : m_viewer(viewer), m_act(act) {}
+    void handleMousePressEvent(MouseEvent&) override { m_act(m_viewer); }
+    void cancel(ECancelReason, const Tool*) override { becomeIdle(); }
+    ModifyingType isModifyingTool() const override { return ModifyingType::NeverModifies; }
+    Vetra::StringID getDefaultRole() const override { return "PressTool"; }
+
+private:
+    Viewer& m_viewer;
+    void (*m_act)(Viewer&);
+};
+
+void press(Viewer& viewer, void (*act)(Viewer&))
+{
+    viewer.getScene()->addTool(new PressTool(viewer, act));
+    QMouseEvent event(QEvent::MouseButtonPress, {9, 9}, Qt::LeftButton, Qt::LeftButton, {});
+    QCoreApplication::sendEvent(toQt(*viewer.getCanvas()), &event);
+}
+
 TEST_P(ViewerEndTest, DeletesEachOnceAndLeavesTheScene)
 {
     const int countBefore = m_scene->referenceCount();
@@ -132,34 +157,48 @@ TEST_P(ViewerEndTest, DeletesEachOnceAndLeavesTheScene)
 
 INSTANTIATE_TEST_SUITE_P(
     Viewer, ViewerEndTest,
-    testing::Values(EndCase{{"Close"}, [](Viewer& v, QWidget&) { v.close(); }},
-                    EndCase{{"ClosedByTheUser"}, [](Viewer&, QWidget& w) { w.close(); }},
-                    EndCase{{"Deleted"}, [](Viewer& v, QWidget&) { delete &v; }},
-                    EndCase{{"WhileHidden"},
-                            [](Viewer& v, QWidget&) {
-                                v.hide();
-                                Viewer::closeOpenViewers();
-                            }},
-                    EndCase{{"ClosedInItsCloseEvent"},
-                            [](Viewer& v, QWidget& w) {
-                                whenHidden(v, [](Viewer& viewer) { viewer.close(); });
-                                w.close();
-                            }},
-                    EndCase{{"DeletedInItsCloseEvent"},
-                            [](Viewer& v, QWidget& w) {
-                                whenHidden(v, [](Viewer& viewer) { delete &viewer; });
-                                w.close();
-                            }},
-                    EndCase{{"AllClosedWhileItCloses"},
-                            [](Viewer& v, QWidget&) {
-                                whenHidden(v, [](Viewer&) { Viewer::closeOpenViewers(); });
-                                v.close();
-                            }},
-                    EndCase{{"ShownAgainWhileItCloses"},
-                            [](Viewer& v, QWidget& w) {
-                                whenHidden(v, [](Viewer& viewer) { viewer.show(); });
-                                w.close();
-                            }}),
+    testing::Values(
+        EndCase{{"Close"}, [](Viewer& v, QWidget&) { v.close(); }},
+        EndCase{{"ClosedByTheUser"}, [](Viewer&, QWidget& w) { w.close(); }},
+        EndCase{{"Deleted"}, [](Viewer& v, QWidget&) { delete &v; }},
+        EndCase{{"WhileHidden"},
+                [](Viewer& v, QWidget&) {
+                    v.hide();
+                    Viewer::closeOpenViewers();
+                }},
+        EndCase{{"ClosedInItsCloseEvent"},
+                [](Viewer& v, QWidget& w) {
+                    whenHidden(v, [](Viewer& viewer) { viewer.close(); });
+                    w.close();
+                }},
+        EndCase{{"DeletedInItsCloseEvent"},
+                [](Viewer& v, QWidget& w) {
+                    whenHidden(v, [](Viewer& viewer) { delete &viewer; });
+                    w.close();
+                }},
+        EndCase{{"AllClosedWhileItCloses"},
+                [](Viewer& v, QWidget&) {
+                    whenHidden(v, [](Viewer&) { Viewer::closeOpenViewers(); });
+                    v.close();
+                }},
+        EndCase{{"ClosedByATool"},
+                [](Viewer& v, QWidget&) { press(v, [](Viewer& viewer) { viewer.close(); }); }},
+        EndCase{{"DeletedByATool"},
+                [](Viewer& v, QWidget&) { press(v, [](Viewer& viewer) { delete &viewer; }); }},
+        EndCase{{"ClosedByAToolInANestedLoop"},
+                [](Viewer& v, QWidget&) {
+                    press(v, [](Viewer& viewer) {
+                        QEventLoop loop;
+                        viewer.close();
+                        QTimer::singleShot(0, &loop, &QEventLoop::quit);
+                        loop.exec();
+                    });
+                }},
+        EndCase{{"ShownAgainWhileItCloses"},
+                [](Viewer& v, QWidget& w) {
+                    whenHidden(v, [](Viewer& viewer) { viewer.show(); });
+                    w.close();
+                }}),
     rowName);
 
 TEST_F(ViewerTest, ClosingAllMayDeleteOthersAndShowNewOnes)
