@@ -161,6 +161,10 @@ TEST_F(PanZoomToolTest, GlidesOnUntilAPressButNotUntilACancel)
     const double first = 100 / 0.03 / 2 / 12 * std::exp(-0.24);
     EXPECT_NEAR(dragged().x, 200 + first, 1e-3);
     EXPECT_NEAR(dragged().y, 200 + first, 1e-3);
+    while (m_canvas->movingWithMomentum())
+        step();
+    EXPECT_NEAR(dragged().x, std::round(dragged().x), 1e-6) << "it stands as crisp as before";
+    fling();
     press(10, 10, MouseButton::LeftButton);
     EXPECT_FALSE(m_canvas->movingWithMomentum());
     m_tool->setMiddleButtonGlides(false);

@@ -85,7 +85,7 @@ void PanZoomTool::zoomBy(GLCanvas& canvas, double factor, const Vetra::GLPoint<d
 void PanZoomTool::noteGesture(bool& kind, GestureState state, GLCanvas& canvas)
 {
     setCanvas(&canvas);
-    m_momentum.endMomentumNotifications();
+    stopGliding();
     if (state != GestureState::GestureStarted)
         return;
     claim(kind);

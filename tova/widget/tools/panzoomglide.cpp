@@ -5,6 +5,7 @@
 #include "tova/widget/panzoomtool.h"
 
 #include <cmath>
+#include <utility>
 
 namespace Tova2 {
 
@@ -21,14 +22,14 @@ void PanZoomTool::setCanvas(GLCanvas* canvas)
         canvas = nullptr;
     if (canvas == m_canvas)
         return;
-    m_momentum.endMomentumNotifications();
+    stopGliding();
     disconnectAll();
     m_canvas = canvas;
     if (!canvas)
         return;
     canvas->getDestroyEmitter().connect(this, [this](Widgets::GLObject*) { onCanvasDestroy(); });
     canvas->connectTo(&GLCanvasEmitters::sceneChange, this, [this] { letGo(); });
-    const auto stop = [this] { m_momentum.endMomentumNotifications(); };
+    const auto stop = [this] { stopGliding(); };
     canvas->connectTo(&GLCanvasEmitters::userZoom, this,
                       [stop](Vetra::GLPoint<int>, double) { stop(); });
     canvas->connectTo(&GLCanvasEmitters::scrollRequest, this, [stop](int, int) { stop(); });
@@ -73,29 +74,59 @@ bool PanZoomTool::isInterrupted() const
     return isIdle() && scene() && scene()->hasActiveOrAlertTool();
 }
 
+/// At once, and where the view is.
+void PanZoomTool::stopGliding()
+{
+    m_glideFrom.reset();
+    m_momentum.endMomentumNotifications();
+}
+
 void PanZoomTool::onMomentumBeginningNotification()
 {
-    if (m_canvas)
-        m_canvas->setMovingWithMomentum(true);
+    if (!m_canvas)
+        return;
+    m_glideFrom = m_canvas->scenePointToViewPoint({});
+    m_canvas->setMovingWithMomentum(true);
 }
 
 void PanZoomTool::onMomentumNotification(Vetra::GLPoint<double> velocity)
 {
     const Vetra::Holder<Tool> self(referenceCount() > 0 ? this : nullptr);
     if (isInterrupted())
-        return m_momentum.endMomentumNotifications();
+        return stopGliding();
     try {
         translateWithSoftLimits(velocity.x, velocity.y, true);
     } catch (...) {
-        m_momentum.endMomentumNotifications(); // no further step comes after what the timer reports
+        stopGliding(); // no further step comes after what the timer reports
         throw;
     }
 }
 
 void PanZoomTool::onMomentumEndedNotification()
 {
-    if (m_canvas)
-        m_canvas->setMovingWithMomentum(false);
+    if (!m_canvas)
+        return;
+    GLCanvas& canvas = *m_canvas;
+    const Widgets::GLObject::Use use(canvas);
+    try {
+        settle(canvas);
+    } catch (...) {
+        canvas.setMovingWithMomentum(false);
+        throw;
+    }
+    canvas.setMovingWithMomentum(false);
+}
+
+/// A glide that has run out ends whole device pixels from where it began: what was crisp is so
+/// again, and the picture that moved need not be painted anew.
+void PanZoomTool::settle(GLCanvas& canvas)
+{
+    if (!m_glideFrom)
+        return;
+    const auto way = canvas.scenePointToViewPoint({}) - *std::exchange(m_glideFrom, {});
+    const double ratio = canvas.getBackingScaleFactor();
+    translateWithSoftLimits(std::round(way.x * ratio) / ratio - way.x,
+                            std::round(way.y * ratio) / ratio - way.y, false);
 }
 
 } // namespace Tova2

@@ -90,7 +90,7 @@ void PanZoomTool::handleMousePressEvent(MouseEvent& event)
     const MouseButton button = event.asGLMouseEvent2().button;
     if (button == MouseButton::MidButton || (button == MouseButton::LeftButton && !isIdle()))
         return startPan(event), event.consume();
-    m_momentum.endMomentumNotifications();
+    stopGliding();
     if (!m_isSpaceHeld && !isInGesture())
         setIdle();
 }
@@ -105,7 +105,7 @@ void PanZoomTool::startPan(const MouseEvent& event)
 {
     const auto& input = event.asGLMouseEvent2();
     setCanvas(GLCanvas::of(event));
-    m_momentum.endMomentumNotifications();
+    stopGliding();
     if (!claim(m_isPanning))
         return;
     m_button = input.button;
@@ -180,7 +180,7 @@ void PanZoomTool::handleKeyReleaseEvent(KeyEvent& event)
 {
     if (event.key() != Vetra::Key::Space || event.isAutoRepeat())
         return;
-    m_momentum.endMomentumNotifications();
+    stopGliding();
     m_isSpaceHeld = false;
     m_isPanning = false;
     rest();

@@ -7,7 +7,6 @@ namespace Tova2 {
 
 namespace {
 
-using Point = Vetra::GLPoint<double>;
 using Vetra::Key;
 using Vetra::Modifier;
 using Vetra::Modifiers;
@@ -43,21 +42,27 @@ bool page(GLCanvas& canvas, Key key, bool sideways)
     return true;
 }
 
-/// The corner of the scene into the same corner of what the margins leave of the view, as far as
-/// panning may go.
-bool showCorner(GLCanvas& canvas, Key key)
+/// How far to move so that the beginning or the end of the scene comes to that of the room in the
+/// view; nothing when there is room for all of it.
+double moveToEnd(double begin, double extent, double roomBegin, double roomExtent, Key end)
+{
+    if (extent <= roomExtent)
+        return 0;
+    return end == Key::Home ? roomBegin - begin : roomBegin + roomExtent - (begin + extent);
+}
+
+bool showEnd(GLCanvas& canvas, Key key)
 {
     if (key != Key::Home && key != Key::End)
         return false;
     const auto scene = canvas.getSceneRect();
     const auto margins = canvas.getMargins(); // left, top, right and bottom
     const auto view = canvas.getViewExtents();
-    const Point from = key == Key::Home ? Point{scene.x, scene.y}
-                                        : Point{scene.x + scene.width, scene.y + scene.height};
-    const Point to = key == Key::Home ? Point{margins.x, margins.y}
-                                      : Point{view.x - margins.width, view.y - margins.height};
-    if (scene.isValid())
-        canvas.translate(canvas.viewPointToScenePoint(to) - from);
+    const auto room =
+        canvas.viewRectToSceneRect({margins.x, margins.y, view.x - margins.x - margins.width,
+                                    view.y - margins.y - margins.height});
+    canvas.translate(moveToEnd(scene.x, scene.width, room.x, room.width, key),
+                     moveToEnd(scene.y, scene.height, room.y, room.height, key));
     return true;
 }
 
@@ -93,7 +98,7 @@ bool moveViewByKey(GLCanvas& canvas, const KeyEvent& event)
         canvas.zoomToSceneRect();
         return true;
     }
-    if (isPlain && (scroll(canvas, key) || showCorner(canvas, key)))
+    if (isPlain && (scroll(canvas, key) || showEnd(canvas, key)))
         return true;
     if ((isPlain || isShifted) && page(canvas, key, isShifted))
         return true;

@@ -7,6 +7,7 @@
 #include "vetra/inputenums.h"
 
 #include <chrono>
+#include <optional>
 
 namespace Tova2 {
 
@@ -82,6 +83,8 @@ private:
 
     void translateWithSoftLimits(double dx, double dy, bool fromMomentum);
     bool isInterrupted() const;
+    void stopGliding();
+    void settle(GLCanvas& canvas);
     void onMomentumBeginningNotification();
     void onMomentumNotification(Vetra::GLPoint<double> velocity);
     void onMomentumEndedNotification();
@@ -95,6 +98,8 @@ private:
     bool m_isPinching = false;
     bool m_isSpaceHeld = false;
     bool m_middleButtonGlides = true;
+    /// Where the scene's origin was in the view; none when the glide is not to settle.
+    std::optional<Vetra::GLPoint<double>> m_glideFrom;
     MomentumController m_momentum;
 };
 
