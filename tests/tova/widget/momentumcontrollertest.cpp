@@ -5,10 +5,9 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
-#include <functional>
 #include <limits>
 #include <memory>
-#include <utility>
+#include <string>
 #include <vector>
 
 namespace {
@@ -95,25 +94,22 @@ TEST(MomentumControllerTest, TakesNoSampleThatTellsNothing)
 
 TEST(MomentumControllerTest, MayBeDestroyedByWhomItCalls)
 {
-    using Emitter = std::function<void(MomentumController&, std::function<void()>)>;
-    const std::pair<const char*, Emitter> calls[] = {
-        {"beginning", [](auto& glide, auto end) { glide.momentumBeginningEmitter().connect(end); }},
-        {"step",
-         [](auto& glide, auto end) {
-             glide.momentumNotificationEmitter().connect([end](Point) { end(); });
-         }},
-        {"ended", [](auto& glide, auto end) { glide.momentumEndedEmitter().connect(end); }},
-    };
-    for (const auto& [name, connect] : calls) {
+    for (const char* const call : {"beginning", "step", "ended"}) {
         auto controller = std::make_unique<MomentumController>();
-        connect(*controller, [&] { controller.reset(); });
+        const auto endIn = [&controller, call](const std::string& name) {
+            if (name == call)
+                controller.reset();
+        };
+        controller->momentumBeginningEmitter().connect([=] { endIn("beginning"); });
+        controller->momentumNotificationEmitter().connect([=](Point) { endIn("step"); });
+        controller->momentumEndedEmitter().connect([=] { endIn("ended"); });
         controller->setFixedTimeInterval(0.03);
         controller->sampleLocation({0, 0});
         controller->sampleLocation({90, 0});
         controller->beginMomentumNotifications();
         for (int i = 0; i < 100 && controller; ++i)
             controller->sendNextVelocityNotification();
-        EXPECT_FALSE(controller) << name;
+        EXPECT_FALSE(controller) << call;
     }
 }
 
