@@ -9,7 +9,7 @@ import subprocess
 import sys
 import tempfile
 
-from screen import Picture, Screen, wait_for
+from screen import Picture, Screen, Timeout, wait_for
 
 SKIPPED = 77
 RED, GREEN = (255, 0, 0), (0, 255, 0)
@@ -37,14 +37,14 @@ class User:
     def see(self):
         return self.screen.shot().cropped(*self.view)
 
-    def settled(self, what, is_right=lambda picture: True):
+    def settled(self, what, is_right=lambda picture: True, seconds=12):
         """The view once it shows what is expected and moves no more."""
         def still():
             before = self.now
             self.now = self.see()
             return before is not None and before == self.now and is_right(before)
         self.now = None
-        wait_for(what, still)
+        wait_for(what, still, seconds)
         return self.now
 
     def do(self, *commands):
@@ -81,34 +81,37 @@ def zoom_by_wheel(user):
     in_view = after.box_of(RED)
     assert in_view[0] < x - user.view[0] < in_view[2], "zoomed about another point"
     user.do("click", 5)
-    return user.settled("zoomed out again", lambda picture: not wider(picture))
+    user.settled("zoomed out again", lambda picture: not wider(picture))
 
 
 def pan(user):
     before = user.settled("before the pan")
     x, y = user.point_at(before, RED)
-    user.drag(2, (x, y), [(20, 10)] * 4, 0.4)
+    user.do("mousemove", x, y, "keydown", "space")
+    user.drag(1, (x, y), [(20, 10)] * 4, 0.4)
+    user.do("keyup", "space")
     after = user.settled("panned", lambda picture: picture != before)
     assert before.overlap_equals(after, 80, 40), "a pan shows something else in the overlap"
-    return after
 
 
 def glide(user):
-    before = user.settled("before the glide")
-    x, y = user.point_at(before, RED)
-    user.do("mousemove", x, y, "keydown", "space")
-    user.drag(1, (x, y), [(4, 2)] * 8, 0)
-    gone = lambda picture: picture.box_of(RED)[0] - before.box_of(RED)[0] > 32 + 3
-    after = user.settled("glided on beyond the drag", gone)
-    user.do("keyup", "space")
-    return after
+    """A machine under load may see the moves of a fling all at once, which is none then."""
+    for attempt in range(3):
+        before = user.settled("before the glide").box_of(RED)
+        user.drag(2, user.point_at(user.now, RED), [(4, 2)] * 8, 0)
+        try:
+            user.settled("glided on beyond the drag",
+                         lambda picture: picture.box_of(RED)[0] - before[0] > 32 + 3, 4)
+            return
+        except Timeout:
+            if attempt == 2:
+                raise
 
 
 def drag_and_undo(user):
     x, y = user.point_at(user.settled("before the drag"), RED)
     user.do("mousemove", x, y, "click", 1)
     selected = user.settled("selected")
-    # The ground is not under the pointer when pictures are compared.
     user.drag(1, (x, y), [(10, 5)] * 6, 0.1)
     box = moved(selected.box_of(RED), 60, 30)
     near = lambda picture: (now := picture.box_of(RED)) and all(
