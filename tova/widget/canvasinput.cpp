@@ -48,7 +48,8 @@ bool CanvasInput::dispatch(QEvent& event)
     const KeyEvent key(EventType::KeyPressEvent,
                        Vetra::fromQt(static_cast<const QKeyEvent&>(event), &m_canvas));
     guarded([&] { isTaken = moveViewByKey(m_canvas, key); });
-    event.setAccepted(isTaken);
+    if (isTaken) // otherwise it is for the toolkit to say, which moves the focus by keys
+        event.accept();
     return isTaken;
 }
 

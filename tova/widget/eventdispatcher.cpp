@@ -9,7 +9,6 @@
 #include "widget/input/touchinput.h"
 
 #include "tova/events/eventcanvas.h"
-#include "tova/events/focusevent.h"
 #include "vetra/qtevents.h"
 
 #include <QGestureEvent>
@@ -48,7 +47,7 @@ struct EventDispatcher::Parts {
     bool take(QEvent& event);
     bool takeKey(QEvent& event);
     void takeMouse(QEvent::Type type, const QMouseEvent& event);
-    void focus(const QFocusEvent& event);
+    void focusOut(const QFocusEvent& event);
     void withdraw();
 
     DispatchCore core;
@@ -100,6 +99,9 @@ void EventDispatcher::Parts::observe(const QEvent& event)
     case QEvent::UngrabMouse:
         core.cancelIfPressed();
         break;
+    case QEvent::FocusOut: // which a canvas loses by being disabled, too
+        focusOut(static_cast<const QFocusEvent&>(event));
+        break;
     default:
         break;
     }
@@ -149,8 +151,7 @@ bool EventDispatcher::Parts::take(QEvent& event)
         drag.leave();
         return true;
     case QEvent::FocusIn:
-    case QEvent::FocusOut:
-        focus(as<QFocusEvent>(event));
+        core.takeFocus(Vetra::fromQt(as<QFocusEvent>(event).reason()));
         return false;
     case QEvent::Enter:
         core.enterCanvas();
@@ -187,7 +188,8 @@ bool EventDispatcher::Parts::takeKey(QEvent& event)
     default:
         return false;
     }
-    event.setAccepted(isTaken);
+    if (isTaken) // otherwise it is for the toolkit to say, which moves the focus by keys
+        event.accept();
     return isTaken;
 }
 
@@ -204,17 +206,11 @@ void EventDispatcher::Parts::takeMouse(QEvent::Type type, const QMouseEvent& eve
                     input);
 }
 
-void EventDispatcher::Parts::focus(const QFocusEvent& event)
+void EventDispatcher::Parts::focusOut(const QFocusEvent& event)
 {
-    const bool isLost = event.type() == QEvent::FocusOut;
-    if (isLost)
-        keys.releaseHeld();
-    if (!core.isOpen())
-        return;
-    FocusEvent focus(isLost ? EventType::FocusOutEvent : EventType::FocusInEvent,
-                     Vetra::fromQt(event, &core.canvas()));
-    core.send(focus);
-    if (isLost && !isForPopup(event) && core.isOpen())
+    keys.releaseHeld();
+    core.loseFocus(Vetra::fromQt(event.reason()));
+    if (!isForPopup(event) && core.isOpen())
         core.cancelIfBusy();
 }
 

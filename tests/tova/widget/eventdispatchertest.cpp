@@ -3,9 +3,12 @@
 #include "support/rows.h"
 #include "tova/nodes/rectnode.h"
 #include "tova/scene/sceneerrors.h"
+#include "tova/widget/glcanvas.h"
+#include "widgets/qt.h"
 
 #include <QApplication>
 #include <QEventLoop>
+#include <QLineEdit>
 #include <QMimeData>
 #include <QTimer>
 
@@ -110,11 +113,12 @@ const EventRow kEvents[]{
      {"KeyPressEvent for key: Key_Tab with modifiers ()"}},
     {{"AKeyHeldWhileTheFocusGoesIsReleased"},
      [](auto& b) {
+         b.send(QFocusEvent(QEvent::FocusIn, Qt::TabFocusReason));
          b.send(QKeyEvent(QEvent::KeyPress, Qt::Key_Space, {}, QStringLiteral(" ")));
          return b.send(QFocusEvent(QEvent::FocusOut, Qt::TabFocusReason));
      },
      false,
-     {"KeyPressEvent for key: Key_Space with modifiers ()",
+     {"FocusInEvent because: TabReason", "KeyPressEvent for key: Key_Space with modifiers ()",
       "KeyReleaseEvent for key: Key_Space with modifiers ()", "FocusOutEvent because: TabReason"}},
     {{"ComposedText"},
      [](auto& b) { return b.send(QInputMethodEvent(QStringLiteral("x"), {})); },
@@ -326,6 +330,23 @@ TEST(EventDispatcherTest, ShowsTheCursorThatToolsWantAndElseTheHosts)
     bench.canvas->scene = nullptr;
     bench.dispatcher->sceneChanged();
     EXPECT_EQ(bench.viewport->cursor().shape(), Qt::CrossCursor);
+}
+
+TEST(EventDispatcherTest, TabMovesTheFocusOnByOneWidget)
+{
+    QWidget window;
+    auto* const before = new QLineEdit(&window);
+    auto* const canvas = new GLCanvas(Vetra::StringID("canvas"));
+    canvas->setScene(Scene::createScene().get());
+    Widgets::toQt(*canvas)->setParent(&window);
+    window.show();
+    QApplication::setActiveWindow(&window);
+    canvas->setFocus();
+    ASSERT_TRUE(canvas->hasFocus());
+    QKeyEvent tab(QEvent::KeyPress, Qt::Key_Tab, {});
+    QCoreApplication::sendEvent(Widgets::toQt(*canvas), &tab);
+    EXPECT_TRUE(before->hasFocus());
+    canvas->destroy();
 }
 
 } // namespace

@@ -4,6 +4,7 @@
 
 #include "tova/events/event.h"
 #include "tova/events/eventcanvas.h"
+#include "tova/events/focusevent.h"
 #include "tova/events/widgetevent.h"
 #include "vetra/qt.h"
 
@@ -60,10 +61,12 @@ void DispatchCore::followScene()
     if (scene == m_scene.get() && content == m_content)
         return;
     const bool wasInside = m_isPointerInside;
+    const bool hadFocus = m_hasFocus;
     Autoscroller::instance().forgetView(m_host);
     if (beforeSceneLeaves)
         beforeSceneLeaves();
     leaveCanvas();
+    loseFocus(Vetra::FocusReason::OtherReason);
     unfollow();
     // What has been called back may have gone on to yet another scene.
     if (!isOpen() || m_scene || m_canvas.getScene() != scene)
@@ -75,6 +78,8 @@ void DispatchCore::followScene()
     showCursor();
     if (wasInside)
         enterCanvas();
+    if (hadFocus)
+        takeFocus(Vetra::FocusReason::OtherReason);
 }
 
 void DispatchCore::unfollow()
@@ -138,16 +143,33 @@ void DispatchCore::cancelIfPressed()
 
 void DispatchCore::enterCanvas()
 {
-    m_isPointerInside = true;
+    if (!isOpen() || std::exchange(m_isPointerInside, true))
+        return;
     WidgetEvent event(EventType::EnterCanvasEvent, {&m_canvas});
     send(event);
 }
 
 void DispatchCore::leaveCanvas()
 {
-    if (!std::exchange(m_isPointerInside, false))
+    if (!isOpen() || !std::exchange(m_isPointerInside, false))
         return;
     WidgetEvent event(EventType::LeaveCanvasEvent, {&m_canvas});
+    send(event);
+}
+
+void DispatchCore::takeFocus(Vetra::FocusReason reason)
+{
+    if (!isOpen() || std::exchange(m_hasFocus, true))
+        return;
+    FocusEvent event(EventType::FocusInEvent, {&m_canvas, reason});
+    send(event);
+}
+
+void DispatchCore::loseFocus(Vetra::FocusReason reason)
+{
+    if (!isOpen() || !std::exchange(m_hasFocus, false))
+        return;
+    FocusEvent event(EventType::FocusOutEvent, {&m_canvas, reason});
     send(event);
 }
 

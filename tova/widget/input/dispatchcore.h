@@ -71,8 +71,13 @@ public:
     void cancelIfBusy();
     void cancelIfPressed();
 
+    // Handlers hear of each coming one going, and the other way round: also when the scene is
+    // exchanged meanwhile.
+
     void enterCanvas();
     void leaveCanvas();
+    void takeFocus(Vetra::FocusReason reason);
+    void loseFocus(Vetra::FocusReason reason);
     void showCursor();
 
     /// Keeps this alive through what does not come by the toolkit.
@@ -99,6 +104,7 @@ private:
     std::optional<QCursor> m_ownCursor;        ///< what it is to show after that
     unsigned m_gestureNumber = 0;
     bool m_isPointerInside = false;
+    bool m_hasFocus = false;
     bool m_isOpen = true;
 };
 

@@ -38,16 +38,24 @@ bool isFunctionKey(int key)
 bool KeyInput::press(const QKeyEvent& event)
 {
     const auto key = Vetra::fromQt(event, &m_core.canvas());
-    std::erase_if(m_held, [&](const auto& held) { return held.key == key.key; });
-    m_held.push_back(key);
+    forget(event);
+    m_held.push_back({key, event.nativeScanCode()});
     return send(EventType::KeyPressEvent, key);
 }
 
 bool KeyInput::release(const QKeyEvent& event)
 {
-    const auto key = Vetra::fromQt(event, &m_core.canvas());
-    std::erase_if(m_held, [&](const auto& held) { return held.key == key.key; });
-    return send(EventType::KeyReleaseEvent, key);
+    forget(event);
+    return send(EventType::KeyReleaseEvent, Vetra::fromQt(event, &m_core.canvas()));
+}
+
+/// By its place on the keyboard: a plus whose Shift comes up first is an equals sign by then.
+void KeyInput::forget(const QKeyEvent& event)
+{
+    std::erase_if(m_held, [&event](const Held& held) {
+        return held.scanCode != 0 ? held.scanCode == event.nativeScanCode()
+                                  : held.key.key == static_cast<Vetra::Key>(event.key());
+    });
 }
 
 bool KeyInput::send(EventType type, Vetra::GLKeyEvent2 event)
@@ -58,7 +66,7 @@ bool KeyInput::send(EventType type, Vetra::GLKeyEvent2 event)
 
 void KeyInput::releaseHeld()
 {
-    for (Vetra::GLKeyEvent2& key : std::exchange(m_held, {})) {
+    for (auto& [key, scanCode] : std::exchange(m_held, {})) {
         key.text.clear();
         key.isAutoRepeat = false;
         send(EventType::KeyReleaseEvent, std::move(key));

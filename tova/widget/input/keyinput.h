@@ -37,7 +37,13 @@ private:
     bool isTextWanted() const;
 
     DispatchCore& m_core;
-    std::vector<Vetra::GLKeyEvent2> m_held;
+    struct Held {
+        Vetra::GLKeyEvent2 key;
+        unsigned scanCode = 0;
+    };
+    void forget(const QKeyEvent& event);
+
+    std::vector<Held> m_held;
     bool m_wasTextWanted = false;
 };
 

@@ -65,6 +65,10 @@ void MouseInput::move(const Vetra::GLMouseEvent2& event)
     settle(event.buttons);
     if (!m_core.isOpen())
         return;
+    if (event.buttons.isEmpty()) // the toolkit tells no coming of a canvas that is enabled again
+        m_core.enterCanvas();
+    if (!m_core.isOpen())
+        return;
     tellAutoscroller(event);
     MouseEvent move(EventType::MouseMoveEvent, event);
     if (m_core.send(move))
