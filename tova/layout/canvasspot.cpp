@@ -51,12 +51,6 @@ double startOf(Side side, double view, double panel, double scrollBar)
 void CanvasSpot::setCanvas(GLCanvas* canvas)
 {
     m_canvas = canvas;
-    m_watch = canvas ? Vetra::EventSource::Watch(canvas) : Vetra::EventSource::Watch();
-}
-
-GLCanvas* CanvasSpot::canvas() const
-{
-    return m_watch.isAlive() && !m_canvas->hasEnded() ? m_canvas : nullptr;
 }
 
 double CanvasSpot::viewScale() const

@@ -1,10 +1,10 @@
 #pragma once
 
 #include "tova/layout/canvasaffinity.h"
-#include "vetra/eventsource.h"
 #include "vetra/glpoint.h"
 #include "vetra/glrect.h"
 #include "vetra/size.h"
+#include "widgets/objectwatch.h"
 
 namespace Tova2 {
 
@@ -16,7 +16,7 @@ public:
     /// Null forgets it.
     void setCanvas(GLCanvas* canvas);
     /// Null once its end has begun.
-    GLCanvas* canvas() const;
+    GLCanvas* canvas() const { return m_canvas.get(); }
     double viewScale() const; ///< 1 without a canvas
 
     CanvasAffinity affinity = CanvasAffinity::None;
@@ -30,8 +30,7 @@ public:
 private:
     Vetra::GLPoint<double> cornerInView(const Vetra::Size<double>& panel) const;
 
-    GLCanvas* m_canvas = nullptr;
-    Vetra::EventSource::Watch m_watch;
+    Widgets::ObjectWatch<GLCanvas> m_canvas;
 };
 
 } // namespace Tova2
