@@ -136,7 +136,7 @@ void DisplayList::touchBlock(std::uint32_t slot)
 bool DisplayList::includeTrace(const Effect& effect, double scale)
 {
     const Effect::Trace* const trace = effect.trace();
-    return !trace || m_reach.include(trace->stroke, 1.0, scale);
+    return !trace || m_reach.includeTrace(trace->stroke, scale);
 }
 
 DisplayList::Description DisplayList::describe(const NodeImpl& node, PlacementCache& placements)

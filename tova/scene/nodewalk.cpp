@@ -1,6 +1,7 @@
 #include "scene/nodewalk.h"
 
 #include "nodes/nodeimpl.h"
+#include "nodes/pathclip.h"
 #include "scene/nodecache.h"
 #include "scene/renderpipeline.h"
 
@@ -38,7 +39,8 @@ NodeWalk::NodeWalk(QPainter& painter, const QTransform& view, const RenderReques
     // Besides keeping to the area, a rectangular clip lets the toolkit drop far ends of lines
     // early.
     painter.setWorldTransform(view);
-    painter.setClipRect(request.exposed, Qt::IntersectClip);
+    if (!request.isClipped)
+        painter.setClipRect(request.exposed, Qt::IntersectClip);
 }
 
 NodeWalk::~NodeWalk()
@@ -122,12 +124,13 @@ void NodeWalk::useClipsOf(const NodeImpl& node)
 
 void NodeWalk::clipTo(const NodeImpl& node)
 {
-    m_painter.setWorldTransform(node.nodeToDevice(m_context.view()));
+    const QTransform toDevice = node.nodeToDevice(m_context.view());
+    m_painter.setWorldTransform(toDevice);
     const Bounds shape = node.outline();
-    if (shape.isOnlyRect())
+    if (shape.isOnlyRect() && toDevice.type() <= QTransform::TxScale)
         m_painter.setClipRect(Vetra::toQt(shape.boundingRect()), Qt::IntersectClip);
     else
-        m_painter.setClipPath(shape.asQPainterPath(), Qt::IntersectClip);
+        intersectClip(m_painter, shape.asQPainterPath());
 }
 
 void NodeWalk::leaveClips()

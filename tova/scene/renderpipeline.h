@@ -18,6 +18,7 @@ struct RenderRequest {
     QRectF exposed;        ///< what to paint, in scene coordinates
     bool keepsAll = false; ///< leaves nothing out, whatever the scene's strategy says
     bool isOffScreen = false;
+    bool isClipped = false; ///< the painter is, to what is to be painted
     bool isPixelDevice =
         true; ///< false where node caches would coarsen what the device can keep as vectors
 };

@@ -22,37 +22,43 @@ const std::array<const LodScale*, 5>& standardFunctions()
 
 } // namespace
 
-bool ViewReach::include(const Stroke& stroke, double reachPerWidth, double sceneScale)
+bool ViewReach::Strokes::include(const Stroke& stroke, double reachPerWidth, double sceneScale)
 {
     if (stroke.isNoStroke() || stroke.scaleFunction() == LodScale::instance()) {
         if (!stroke.isNoStroke() && stroke.logicalWidth() == 0)
-            m_cosmetic = std::max(m_cosmetic, reachPerWidth);
+            cosmetic = std::max(cosmetic, reachPerWidth);
         return true;
     }
     if (stroke.logicalWidth() == 0) {
-        m_cosmetic = std::max(m_cosmetic, reachPerWidth);
+        cosmetic = std::max(cosmetic, reachPerWidth);
         return true;
     }
     const auto& functions = standardFunctions();
     const auto found = std::find(functions.begin(), functions.end(), stroke.scaleFunction());
     if (found == functions.end())
         return false;
-    double& reach = m_scaled[static_cast<std::size_t>(found - functions.begin())];
+    double& reach = scaled[static_cast<std::size_t>(found - functions.begin())];
     reach = std::max(reach, stroke.logicalWidth() * reachPerWidth * sceneScale);
     return true;
 }
 
-double ViewReach::at(double viewScale) const
+double ViewReach::Strokes::at(double viewScale) const
 {
-    double farthest = m_cosmetic * std::max(0.0, 1.0 / viewScale - 1.0);
+    double farthest = cosmetic * std::max(0.0, 1.0 / viewScale - 1.0);
     const auto& functions = standardFunctions();
     for (std::size_t i = 0; i < functions.size(); ++i) {
-        if (m_scaled[i] > 0) {
+        if (scaled[i] > 0) {
             const double growth = functions[i]->scale(viewScale) - functions[i]->scale(1.0);
-            farthest = std::max(farthest, m_scaled[i] * growth);
+            farthest = std::max(farthest, scaled[i] * growth);
         }
     }
-    return farthest + m_marks * std::max(1.0, 1.0 / viewScale) + 1.0 / viewScale;
+    return farthest;
+}
+
+double ViewReach::at(double viewScale) const
+{
+    const double marks = m_marks * std::max(1.0, 1.0 / viewScale);
+    return m_strokes.at(viewScale) + m_traces.at(viewScale) + marks + 1.0 / viewScale;
 }
 
 } // namespace Tova2

@@ -12,16 +12,31 @@ class Stroke;
 class ViewReach {
 public:
     /// False for a stroke whose width at other scales nobody can tell: its node may be anywhere.
-    bool include(const Stroke& stroke, double reachPerWidth, double sceneScale);
+    bool include(const Stroke& stroke, double reachPerWidth, double sceneScale)
+    {
+        return m_strokes.include(stroke, reachPerWidth, sceneScale);
+    }
+    /// Of a line that is drawn around what the node's own stroke reaches.
+    bool includeTrace(const Stroke& stroke, double sceneScale)
+    {
+        return m_traces.include(stroke, 1, sceneScale);
+    }
     void includeMarks(double reach) { m_marks = reach > m_marks ? reach : m_marks; }
 
     /// In scene units, with a pixel for antialiasing.
     double at(double viewScale) const;
 
 private:
-    double m_marks = 0;    ///< in scene units at a view scale of 1, and never less in pixels
-    double m_cosmetic = 0; ///< in pixels
-    std::array<double, 5> m_scaled{}; ///< in scene units at a multiplier of 1, by standard function
+    struct Strokes {
+        double cosmetic = 0;            ///< in pixels
+        std::array<double, 5> scaled{}; ///< in scene units at a multiplier of 1, by function
+
+        bool include(const Stroke& stroke, double reachPerWidth, double sceneScale);
+        double at(double viewScale) const;
+    };
+
+    double m_marks = 0; ///< in scene units at a view scale of 1, and never less in pixels
+    Strokes m_strokes, m_traces;
 };
 
 } // namespace Tova2

@@ -142,6 +142,7 @@ void CanvasLayers::paint(QPainter& painter, const QTransform& view, const QRectF
         layers.emplace_back(m_stack.getLayer(i));
     RenderRequest request;
     request.view = view;
+    request.isClipped = true;
     request.exposed = view.inverted().mapRect(part);
     for (const auto& layer : layers) {
         if (Scene* const scene = layer->getScene())

@@ -48,19 +48,49 @@ void copyRows(const QImage& from, QImage& to)
         std::memcpy(to.scanLine(row), from.constScanLine(row), bytes);
 }
 
+/// Keeps painting within a part of an image without a trace of it at the part's edges. The toolkit
+/// cuts lines off at the bounds of the clip, which shifts their pixels by a rounding; so the clip
+/// gets the bounds of the whole image by two corners, whose pixels are put back afterwards.
+///
 /// Device pixels are the unit of nobody but the paint engine; this is its own way to be told.
-class SystemClip {
+class PartClip {
 public:
-    SystemClip(QImage& image, const QRect& clip) : m_engine(image.paintEngine())
+    PartClip(QImage& image, const QRect& part)
+        : m_engine(image.paintEngine())
+        , m_part(part)
+        , m_corners{pixel(image, 0, 0), pixel(image, image.width() - 1, image.height() - 1)}
     {
+        QRegion clip(part);
+        for (const Corner& corner : m_corners)
+            clip += QRect(corner.at, QSize(1, 1));
         m_engine->setSystemClip(clip);
     }
-    ~SystemClip() { m_engine->setSystemClip({}); }
-    SystemClip(const SystemClip&) = delete;
-    SystemClip& operator=(const SystemClip&) = delete;
+    ~PartClip()
+    {
+        m_engine->setSystemClip({});
+        for (const Corner& corner : m_corners) {
+            if (!m_part.contains(corner.at))
+                *corner.pixel = corner.value;
+        }
+    }
+    PartClip(const PartClip&) = delete;
+    PartClip& operator=(const PartClip&) = delete;
 
 private:
+    struct Corner {
+        QPoint at;
+        QRgb* pixel;
+        QRgb value;
+    };
+    static Corner pixel(QImage& image, int x, int y)
+    {
+        auto* const found = reinterpret_cast<QRgb*>(image.scanLine(y)) + x;
+        return {{x, y}, found, *found};
+    }
+
     QPaintEngine* m_engine;
+    QRect m_part;
+    Corner m_corners[2];
 };
 
 class PixelRatio {
@@ -194,7 +224,7 @@ void CanvasPicture::copyShifted()
 void CanvasPicture::paintPart(const QRect& part, const PaintPart& paint)
 {
     const PixelRatio ratio(m_pixels, m_ratio);
-    const SystemClip clip(m_pixels, part);
+    const PartClip clip(m_pixels, part);
     QPainter painter(&m_pixels);
     paint(painter, inView(part));
 }

@@ -8,6 +8,7 @@
 #include "nodes/effects/wave.h"
 #include "nodes/nodeimpl.h"
 #include "nodes/paintcontext.h"
+#include "nodes/pathclip.h"
 #include "nodes/values.h"
 
 #include <QPainter>
@@ -69,8 +70,7 @@ void paintBlur(const NodeImpl& node, const EffectLayer& layer, PaintContext& con
     if (layer.masksNode) {
         const EffectPlacement place(node, layer, context);
         const QRectF all = place.toPixels.inverted().mapRect(context.exposedPixels());
-        painter.setClipPath(outsideOf(node.silhouetteOutline(context.options().viewScale), all),
-                            Qt::IntersectClip);
+        intersectClip(painter, outsideOf(node.silhouetteOutline(context.options().viewScale), all));
     }
     if (layer.deviation == 0)
         fillMoved(node, layer, context);

@@ -3,6 +3,7 @@
 #include "nodes/effects/effectlayer.h"
 #include "nodes/nodeimpl.h"
 #include "nodes/paintcontext.h"
+#include "nodes/pathclip.h"
 #include "nodes/pen.h"
 
 #include "tova/nodes/geometry/limits.h"
@@ -64,11 +65,10 @@ void widen(QPen& pen, double width, StrokeInsetType inset, double hidden)
 void clipTo(QPainter& painter, const QPainterPath& outline, StrokeInsetType inset, double width)
 {
     if (inset == StrokeInsetType::Inner)
-        painter.setClipPath(outline, Qt::IntersectClip);
+        intersectClip(painter, outline);
     else if (inset == StrokeInsetType::Outer)
-        painter.setClipPath(
-            outsideOf(outline, outline.controlPointRect().adjusted(-width, -width, width, width)),
-            Qt::IntersectClip);
+        intersectClip(painter, outsideOf(outline, outline.controlPointRect().adjusted(
+                                                      -width, -width, width, width)));
 }
 
 } // namespace
