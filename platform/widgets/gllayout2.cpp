@@ -85,7 +85,7 @@ GLLayout2::~GLLayout2()
 void GLLayout2::doEnd()
 {
     if (!canMakeWidgets()) {
-        m_d->home.release(); // a toolkit without its application cannot delete it
+        abandon(m_d->home.release());
         return;
     }
     if (m_d->home)

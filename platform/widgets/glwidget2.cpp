@@ -66,12 +66,14 @@ void GLWidget2::Private::end(bool isInEvent)
 {
     if (layout)
         layout->destroy();
-    const QPointer<QWidget> gone = usable();
-    if (link)
-        link->cutOff();
-    widget.clear();
+    const QPointer<QWidget> gone = widget;
     if (!gone)
         return;
+    const bool isUsable = usable();
+    link->cutOff();
+    widget.clear();
+    if (!isUsable)
+        return abandon(gone);
     releaseStrangers(*gone);
     if (gone)
         release(*gone);

@@ -3,6 +3,7 @@
 #include "strangers.h"
 
 #include "widgets/gllayout2.h"
+#include "widgets/objectwatch.h"
 #include "widgets/qt.h"
 
 #include <QApplication>
@@ -65,9 +66,14 @@ void GLWindow2::setContent(GLWidget2* content)
         release(*toQt(*before));
     if (use.hasEnded())
         return;
-    setLayout(content ? makeFilling(*content) : nullptr);
-    if (content && content == getContent())
+    if (!content)
+        return setLayout(nullptr);
+    const ObjectWatch<GLLayout2> filling(makeFilling(*content));
+    setLayout(filling.get());
+    if (content == getContent())
         content->show();
+    else if (filling)
+        filling->destroy(); // refused
 }
 
 void GLWindow2::raise()

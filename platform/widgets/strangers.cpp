@@ -6,6 +6,8 @@
 #include <QVector>
 #include <QWidget>
 
+#include <vector>
+
 namespace Widgets {
 
 namespace {
@@ -29,6 +31,13 @@ void release(QWidget& widget)
     widget.hide();
     if (self)
         widget.setParent(nullptr);
+}
+
+void abandon(QWidget* widget)
+{
+    // Kept where leak checkers find it.
+    static auto& abandoned = *new std::vector<QWidget*>;
+    abandoned.push_back(widget);
 }
 
 void releaseStrangers(const QWidget& widget)

@@ -59,22 +59,6 @@ TEST(GLObjectTest, IsDeletedWhenTheOutermostUseEnds)
     EXPECT_THAT(log, ElementsAre("ended object", "deleted object"));
 }
 
-TEST(GLObjectTest, MayBeDeletedByWhoHasItsDestructor)
-{
-    struct Local : GLObject {
-        using GLObject::GLObject;
-        ~Local() override = default;
-    };
-    Log log;
-    auto local = std::make_unique<Local>("local", nullptr);
-    new Logged("child", local.get(), log);
-    const GLObject::Use use(*local);
-    const ObjectWatch<GLObject> watch(local.get());
-    local.reset();
-    EXPECT_THAT(log, ElementsAre("ended child", "deleted child"));
-    EXPECT_FALSE(watch);
-}
-
 struct Family {
     ObjectWatch<GLObject> parent, elder, younger;
     Log& log;

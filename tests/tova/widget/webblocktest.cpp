@@ -137,7 +137,6 @@ TEST_F(WebBlockTest, MayBeDeletedWithTheToolkitsCanvas)
     delete toQt(*m_canvas);
     EXPECT_FALSE(m_canvas->hasBrowser());
     m_canvas->setScale(2);
-    EXPECT_TRUE(m_canvas->getPixmapOfBrowserInView().isNull());
     EXPECT_TRUE(m_canvas->getSceneImageWithWebblocksForTesting({0, 0, 9, 9})->isNull());
 }
 
