@@ -93,17 +93,5 @@ TEST_F(GLLayout2Test, RefusesAWidgetAroundTheOneItServes)
     EXPECT_EQ(m_a->getLayout(), row);
 }
 
-TEST_F(GLLayout2Test, GoesWithItsWidgetOrWithTheNextLayout)
-{
-    const ObjectWatch<GLLayout2> first =
-        serve(new GLBoxLayout2(GLBoxLayout2::Direction::Horizontal, "first", nullptr));
-    const ObjectWatch<GLLayout2> second = serve(new GLGridLayout2("second", nullptr));
-    EXPECT_FALSE(first);
-    m_a->setLayout(second.get());
-    EXPECT_EQ(m_window->getLayout(), nullptr) << "it moved";
-    m_a->destroy();
-    EXPECT_FALSE(second);
-}
-
 } // namespace
 } // namespace Widgets

@@ -59,25 +59,19 @@ protected:
     int m_deletions = 0;
 };
 
-TEST_F(ViewerTest, ShowsTheSceneInAWindowAtTheStandardPlace)
-{
-    const Counted* const viewer = shown();
-    EXPECT_EQ(windowOf(*viewer)->geometry(), QRect(200, 200, 400, 400));
-    EXPECT_EQ(viewer->getCanvas()->getGeometry(), Rect(0, 0, 400, 400));
-    EXPECT_TRUE(viewer->getCanvas()->isVisible());
-    EXPECT_EQ(viewer->getScene(), m_scene.get());
-}
-
-TEST_F(ViewerTest, ManagesItselfWhileItIsShown)
+TEST_F(ViewerTest, ShowsTheSceneInAWindowAndManagesItselfMeanwhile)
 {
     Counted* const viewer = shown();
-    QWidget* const window = windowOf(*viewer);
+    const QWidget* const window = windowOf(*viewer);
+    EXPECT_EQ(window->geometry(), QRect(200, 200, 400, 400));
+    EXPECT_EQ(viewer->getCanvas()->getGeometry(), Rect(0, 0, 400, 400));
+    EXPECT_EQ(viewer->getScene(), m_scene.get());
     EXPECT_TRUE(viewer->isCppManagingLifespan());
     viewer->hide();
     EXPECT_FALSE(viewer->isCppManagingLifespan() || window->isVisible());
     viewer->showAt({10.9, 20, 300, 100});
     viewer->showAt({0, std::nan(""), 1, 1});
-    EXPECT_TRUE(viewer->isCppManagingLifespan() && window->isVisible());
+    EXPECT_TRUE(viewer->isCppManagingLifespan() && viewer->getCanvas()->isVisible());
     EXPECT_EQ(window->geometry(), QRect(10, 20, 300, 100));
 }
 
@@ -97,21 +91,29 @@ TEST_F(ViewerTest, DoesNothingWithoutADisplay)
     EXPECT_EQ(QGuiApplication::allWindows().size(), before);
 }
 
-/// Brings a shown viewer to its end.
+using Act = void (*)(Viewer&);
+
+/// What is done to a shown viewer, and from where.
 struct EndCase : NamedRow {
-    void (*act)(Viewer&, QWidget& window);
+    void (*from)(Viewer&, Act);
+    Act act;
 };
 class ViewerEndTest : public ViewerTest, public testing::WithParamInterface<EndCase> {};
 
-void whenHidden(Viewer& viewer, void (*act)(Viewer&))
+void directly(Viewer& viewer, Act act)
 {
-    viewer.getCanvas()->getGLWidgetEmitters().hide.connect([&viewer, act](auto) { act(viewer); });
+    act(viewer);
 }
 
-/// Does something to a viewer when the button is pressed.
+void fromItsCloseEvent(Viewer& viewer, Act act)
+{
+    viewer.getCanvas()->getGLWidgetEmitters().hide.connect([&viewer, act](auto) { act(viewer); });
+    toQt(*viewer.getCanvas())->window()->close();
+}
+
 class PressTool : public Tool {
 public:
-    PressTool(Viewer& viewer, void (*act)(Viewer&)) : m_viewer(viewer), m_act(act) {}
+    PressTool(Viewer& viewer, Act act) : m_viewer(viewer), m_act(act) {}
     void handleMousePressEvent(MouseEvent&) override { m_act(m_viewer); }
     void cancel(ECancelReason, const Tool*) override { becomeIdle(); }
     ModifyingType isModifyingTool() const override { return ModifyingType::NeverModifies; }
@@ -119,14 +121,43 @@ public:
 
 private:
     Viewer& m_viewer;
-    void (*m_act)(Viewer&);
+    Act m_act;
 };
 
-void press(Viewer& viewer, void (*act)(Viewer&))
+void fromATool(Viewer& viewer, Act act)
 {
     viewer.getScene()->addTool(new PressTool(viewer, act));
     QMouseEvent event(QEvent::MouseButtonPress, {9, 9}, Qt::LeftButton, Qt::LeftButton, {});
     QCoreApplication::sendEvent(toQt(*viewer.getCanvas()), &event);
+}
+
+void close(Viewer& viewer)
+{
+    viewer.close();
+}
+
+void closeAll(Viewer&)
+{
+    Viewer::closeOpenViewers();
+}
+
+void remove(Viewer& viewer)
+{
+    delete &viewer;
+}
+
+void hideAndCloseAll(Viewer& viewer)
+{
+    viewer.hide();
+    Viewer::closeOpenViewers();
+}
+
+void closeAndLoop(Viewer& viewer)
+{
+    QEventLoop loop;
+    viewer.close();
+    QTimer::singleShot(0, &loop, &QEventLoop::quit);
+    loop.exec();
 }
 
 TEST_P(ViewerEndTest, DeletesEachOnceAndLeavesTheScene)
@@ -137,7 +168,7 @@ TEST_P(ViewerEndTest, DeletesEachOnceAndLeavesTheScene)
     viewer->show();
     viewer->hide();
     viewer->show();
-    GetParam().act(*viewer, *windowOf(*viewer));
+    GetParam().from(*viewer, GetParam().act);
     EXPECT_EQ(m_deletions, 1);
     finishDeletions();
     EXPECT_EQ(QApplication::allWidgets().size(), widgetsBefore);
@@ -148,63 +179,28 @@ TEST_P(ViewerEndTest, DeletesEachOnceAndLeavesTheScene)
 
 INSTANTIATE_TEST_SUITE_P(
     Viewer, ViewerEndTest,
-    testing::Values(
-        EndCase{{"Close"}, [](Viewer& v, QWidget&) { v.close(); }},
-        EndCase{{"ClosedByTheUser"}, [](Viewer&, QWidget& w) { w.close(); }},
-        EndCase{{"Deleted"}, [](Viewer& v, QWidget&) { delete &v; }},
-        EndCase{{"WhileHidden"},
-                [](Viewer& v, QWidget&) {
-                    v.hide();
-                    Viewer::closeOpenViewers();
-                }},
-        EndCase{{"ClosedInItsCloseEvent"},
-                [](Viewer& v, QWidget& w) {
-                    whenHidden(v, [](Viewer& viewer) {
-                        viewer.close();
-                        EXPECT_FALSE(viewer.isCppManagingLifespan()) << "not deleted yet";
-                    });
-                    w.close();
-                }},
-        EndCase{{"DeletedInItsCloseEvent"},
-                [](Viewer& v, QWidget& w) {
-                    whenHidden(v, [](Viewer& viewer) { delete &viewer; });
-                    w.close();
-                }},
-        EndCase{{"AllClosedWhileItCloses"},
-                [](Viewer& v, QWidget&) {
-                    whenHidden(v, [](Viewer&) { Viewer::closeOpenViewers(); });
-                    v.close();
-                }},
-        EndCase{{"ClosedByATool"},
-                [](Viewer& v, QWidget&) { press(v, [](Viewer& viewer) { viewer.close(); }); }},
-        EndCase{{"DeletedByATool"},
-                [](Viewer& v, QWidget&) { press(v, [](Viewer& viewer) { delete &viewer; }); }},
-        EndCase{{"ClosedByAToolInANestedLoop"},
-                [](Viewer& v, QWidget&) {
-                    press(v, [](Viewer& viewer) {
-                        QEventLoop loop;
-                        viewer.close();
-                        QTimer::singleShot(0, &loop, &QEventLoop::quit);
-                        loop.exec();
-                    });
-                }},
-        EndCase{{"ShownAgainWhileItCloses"},
-                [](Viewer& v, QWidget& w) {
-                    whenHidden(v, [](Viewer& viewer) { viewer.show(); });
-                    w.close();
-                }}),
+    testing::Values(EndCase{{"Close"}, directly, close}, EndCase{{"Delete"}, directly, remove},
+                    EndCase{{"CloseAllWhileHidden"}, directly, hideAndCloseAll},
+                    EndCase{{"CloseInItsCloseEvent"}, fromItsCloseEvent, close},
+                    EndCase{{"DeleteInItsCloseEvent"}, fromItsCloseEvent, remove},
+                    EndCase{{"CloseAllInItsCloseEvent"}, fromItsCloseEvent, closeAll},
+                    EndCase{
+                        {"ShowInItsCloseEvent"}, fromItsCloseEvent, [](Viewer& v) { v.show(); }},
+                    EndCase{{"CloseFromATool"}, fromATool, close},
+                    EndCase{{"DeleteFromATool"}, fromATool, remove},
+                    EndCase{{"CloseFromAToolThatLoops"}, fromATool, closeAndLoop}),
     rowName);
 
 TEST_F(ViewerTest, ClosingAllMayDeleteOthersAndShowNewOnes)
 {
     Counted* const first = shown();
-    static Counted* second;
-    second = shown();
+    Counted* const second = shown();
     shown();
     int added = 0;
-    whenHidden(*first, [](Viewer&) { delete second; });
-    first->getCanvas()->getGLWidgetEmitters().hide.connect(
-        [&](auto) { (new Counted(m_scene.get(), added))->show(); });
+    first->getCanvas()->getGLWidgetEmitters().hide.connect([&](auto) {
+        delete second;
+        (new Counted(m_scene.get(), added))->show();
+    });
     Viewer::closeOpenViewers();
     EXPECT_EQ(m_deletions, 3);
     EXPECT_EQ(added, 0);
