@@ -150,8 +150,9 @@ void DiagramDocument::moveFrom(const Placement& from, const Point& distance)
 {
     for (const auto& [index, offset] : from.blocks)
         put(index, offset + distance);
+    std::vector<Points> courses;
     for (const auto& entry : from.ways)
-        follow(m_connectors[entry.first]);
+        follow(m_connectors[entry.first], courses);
 }
 
 void DiagramDocument::put(int index, const Point& offset)
@@ -160,13 +161,16 @@ void DiagramDocument::put(int index, const Point& offset)
     m_scene.blockNodes[indexOf(index)].setPosition(m_positions[indexOf(index)] + offset);
 }
 
-void DiagramDocument::follow(LedConnector& connector)
+/// Keeps clear of the courses that those before it have taken, and adds its own.
+void DiagramDocument::follow(LedConnector& connector, std::vector<Points>& courses)
 {
-    const Point tailBy = offsetOf(connector.tail().block),
-                headBy = offsetOf(connector.head().block);
+    const Point tailBy = offsetOf(connector.tail().block);
+    const Point headBy = offsetOf(connector.head().block);
     const auto obstacles =
         obstaclesTo(connector.tail().moved(tailBy), connector.head().moved(headBy));
-    connector.lead(connector.wayFor(tailBy, headBy, obstacles));
+    connector.lead(connector.wayFor(tailBy, headBy, {obstacles, courses}));
+    if (!connector.way().course.empty())
+        courses.push_back(connector.way().course);
 }
 
 /// Other blocks near the two ends, as long as they are few.

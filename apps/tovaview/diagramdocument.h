@@ -60,7 +60,7 @@ private:
     std::vector<std::size_t> connectorsOf(const std::vector<int>& blocks) const;
     void put(int block, const Point& offset);
     Point offsetOf(int block) const;
-    void follow(LedConnector& connector);
+    void follow(LedConnector& connector, std::vector<Points>& courses);
     std::vector<Rect> obstaclesTo(const ConnectorEnd& tail, const ConnectorEnd& head) const;
 
     std::unique_ptr<const Diagram> m_diagram;

@@ -3,7 +3,6 @@
 #include "connectornode.h"
 #include "coursepoint.h"
 #include "figurestyle.h"
-#include "router.h"
 
 namespace TovaView {
 namespace {
@@ -36,13 +35,13 @@ LedConnector::LedConnector(const Diagram& diagram, const Connector& connector,
 }
 
 LedConnector::Way LedConnector::wayFor(const Point& tailBy, const Point& headBy,
-                                       const std::vector<Rect>& obstacles) const
+                                       const Surroundings& surroundings) const
 {
     if (tailBy == headBy)
         return {tailBy, {}};
-    Points course = stretched(m_course, m_tail, tailBy, m_head, headBy, obstacles);
+    Points course = stretched(m_course, m_tail, tailBy, m_head, headBy, surroundings);
     if (course.empty())
-        course = route(m_tail.moved(tailBy), m_head.moved(headBy), obstacles);
+        course = route(m_tail.moved(tailBy), m_head.moved(headBy), surroundings);
     return {{}, course.size() > 1 ? course : Points()};
 }
 
@@ -51,25 +50,24 @@ void LedConnector::lead(const Way& way)
     if (!canFollow() || way == m_way)
         return;
     m_way = way;
-    m_nodes.line.setVisible(way.course.empty());
-    if (way.course.empty()) {
-        m_nodes.line.setPosition(way.offset);
-        m_line.remove();
-    } else {
+    const bool isLed = !way.course.empty();
+    if (isLed)
         showCourse();
-    }
+    else
+        m_nodes.line.setPosition(way.offset);
+    m_nodes.line.setVisible(!isLed);
+    if (m_line)
+        m_line->setVisible(isLed);
     placeLabels();
 }
 
 void LedConnector::showCourse()
 {
-    if (m_line.pointsCount() == 0)
-        m_line = makeLine();
-    m_line.setPoints(m_way.course);
-    if (m_line.getScene())
-        return;
-    m_nodes.line.getScene()->addNode(m_line);
-    m_line.placeAbove(m_nodes.line);
+    if (m_line)
+        return m_line->setPoints(m_way.course);
+    m_line = makeLine();
+    m_nodes.line.getScene()->addNode(*m_line);
+    m_line->placeAbove(m_nodes.line);
 }
 
 Tova2::OpenLinearPathNode LedConnector::makeLine() const

@@ -1,9 +1,11 @@
 #pragma once
 
-#include "connectorend.h"
 #include "diagramscene.h"
+#include "router.h"
 
 #include <tova/nodes/openlinearpathnode.h>
+
+#include <optional>
 
 namespace TovaView {
 
@@ -29,7 +31,7 @@ public:
 
     const Way& way() const { return m_way; }
     /// Where it should run when its ends have moved by that much since the layout.
-    Way wayFor(const Point& tailBy, const Point& headBy, const std::vector<Rect>& obstacles) const;
+    Way wayFor(const Point& tailBy, const Point& headBy, const Surroundings& surroundings) const;
     void lead(const Way& way);
 
 private:
@@ -44,7 +46,8 @@ private:
     Points m_course; ///< the layout's
     ConnectorEnd m_tail, m_head;
     Way m_way;
-    Tova2::OpenLinearPathNode m_line;    ///< along `m_way.course`, made with the first one
+    std::optional<Tova2::OpenLinearPathNode>
+        m_line;                          ///< along `m_way.course`, made with the first one
     std::vector<Point> m_labelPositions; ///< in the layout; labels, then end labels
 };
 

@@ -9,12 +9,14 @@
 namespace TovaView {
 namespace {
 
-constexpr double stub = 14;        ///< how far a line goes straight on from its port
-constexpr double shortestStub = 6; ///< of a line that was there before
-constexpr double clearance = 14;   ///< between a line and what it goes around
-constexpr double sameLine = 0.5;   ///< so little is no reason for two corners
+constexpr double stub = 14;           ///< how far a line goes straight on from its port
+constexpr double shortestStub = 6;    ///< of a line that was there before
+constexpr double clearance = 14;      ///< between a line and what it goes around
+constexpr double sameLine = 0.5;      ///< so little is no reason for two corners
+constexpr double laneWidth = 6;       ///< on each side of a line
+constexpr std::size_t mostLanes = 16; ///< keeps the way quick to find
 // What it costs to run into something, and on inside or too near.
-constexpr double entryCost = 60, blockCost = 8, obstacleCost = 3, nearCost = 0.6;
+constexpr double entryCost = 60, blockCost = 8, obstacleCost = 3, nearCost = 0.6, laneCost = 1.2;
 
 double dot(const Point& a, const Point& b)
 {
@@ -80,8 +82,19 @@ Stubs stubsOf(const ConnectorEnd& tail, const ConnectorEnd& head)
     return stubs;
 }
 
+/// The pieces of courses, as wide as others should keep away from them.
+std::vector<Rect> lanesOf(const std::vector<Points>& courses)
+{
+    std::vector<Rect> lanes;
+    for (const Points& course : courses)
+        for (std::size_t i = 1; i < course.size() && lanes.size() < mostLanes; ++i)
+            lanes.push_back(Rect::fromCorners(course[i - 1], course[i]).grown(laneWidth));
+    return lanes;
+}
+
 std::vector<RouteGrid::Hindrance> hindrancesOf(const std::vector<Rect>& blocks,
-                                               const std::vector<Rect>& obstacles)
+                                               const std::vector<Rect>& obstacles,
+                                               const std::vector<Rect>& lanes)
 {
     std::vector<RouteGrid::Hindrance> hindrances;
     const auto add = [&](const Rect& rect, double cost) {
@@ -92,12 +105,14 @@ std::vector<RouteGrid::Hindrance> hindrancesOf(const std::vector<Rect>& blocks,
         add(block, blockCost);
     for (const Rect& obstacle : obstacles)
         add(obstacle, obstacleCost);
+    for (const Rect& lane : lanes)
+        hindrances.push_back({lane, 0, laneCost});
     return hindrances;
 }
 
-void addLinesAround(RouteGrid& grid, const Rect& rect)
+void addLinesAround(RouteGrid& grid, const Rect& rect, double distance = clearance)
 {
-    const Rect around = rect.grown(clearance);
+    const Rect around = rect.grown(distance);
     grid.addLines(around.topLeft());
     grid.addLines({around.right(), around.bottom()});
 }
@@ -155,7 +170,7 @@ bool isClear(const Points& course, const ConnectorEnd& end, const std::vector<Re
 } // namespace
 
 Points route(const ConnectorEnd& tail, const ConnectorEnd& givenHead,
-             const std::vector<Rect>& obstacles)
+             const Surroundings& surroundings)
 {
     ConnectorEnd head = givenHead;
     align(tail, head);
@@ -164,10 +179,13 @@ Points route(const ConnectorEnd& tail, const ConnectorEnd& givenHead,
         if (frame)
             blocks.push_back(*frame);
     const auto [from, to] = stubsOf(tail, head);
-    RouteGrid grid(hindrancesOf(blocks, obstacles), (from + to) * 0.5);
-    for (const std::vector<Rect>* rects : {&std::as_const(blocks), &obstacles})
+    const std::vector<Rect> lanes = lanesOf(surroundings.courses);
+    RouteGrid grid(hindrancesOf(blocks, surroundings.obstacles, lanes), (from + to) * 0.5);
+    for (const std::vector<Rect>* rects : {&std::as_const(blocks), &surroundings.obstacles})
         for (const Rect& rect : *rects)
             addLinesAround(grid, rect);
+    for (const Rect& lane : lanes)
+        addLinesAround(grid, lane, 0);
     for (const Point& end : {from, to})
         addLinesAround(grid, {end.x, end.y, 0, 0});
     addMiddleLines(grid, tail, head);
@@ -178,21 +196,24 @@ Points route(const ConnectorEnd& tail, const ConnectorEnd& givenHead,
 }
 
 Points stretched(Points course, const ConnectorEnd& tail, const Point& tailBy,
-                 const ConnectorEnd& head, const Point& headBy, const std::vector<Rect>& obstacles)
+                 const ConnectorEnd& head, const Point& headBy, const Surroundings& surroundings)
 {
     if (course.size() < 3 || !isRightAngled(course))
         return {};
     const double tailStub = std::min(shortestStub, stubOf(course, tail));
-    bend(course, tailBy);
     std::reverse(course.begin(), course.end());
     const double headStub = std::min(shortestStub, stubOf(course, head));
     bend(course, headBy);
+    std::reverse(course.begin(), course.end());
+    bend(course, tailBy);
+    std::reverse(course.begin(), course.end());
     course = tidied(course);
     if (course.size() < 2 || stubOf(course, head) < headStub ||
-        !isClear(course, head.moved(headBy), obstacles))
+        !isClear(course, head.moved(headBy), surroundings.obstacles))
         return {};
     std::reverse(course.begin(), course.end());
-    if (stubOf(course, tail) < tailStub || !isClear(course, tail.moved(tailBy), obstacles))
+    if (stubOf(course, tail) < tailStub ||
+        !isClear(course, tail.moved(tailBy), surroundings.obstacles))
         return {};
     return course;
 }

@@ -78,7 +78,7 @@ TEST(RouterTest, BlocksOnTopOfEachOtherAreConnectedStill)
 struct WayCase : NamedRow {
     Rect head;
     Point outward;
-    std::vector<Rect> obstacles;
+    Surroundings surroundings;
     Points way;
 };
 
@@ -87,7 +87,7 @@ class WayTest : public testing::TestWithParam<WayCase> {};
 TEST_P(WayTest, IsTheOneThatLooksRight)
 {
     EXPECT_EQ(route(endOf(tailFrame, {1, 0}), endOf(GetParam().head, GetParam().outward),
-                    GetParam().obstacles),
+                    GetParam().surroundings),
               GetParam().way);
 }
 
@@ -111,12 +111,24 @@ INSTANTIATE_TEST_SUITE_P(
                 {0, -1},
                 {},
                 {{60, 20}, {190, 20}, {190, 100}}},
+        WayCase{{"BesideALineAndNotOnIt"},
+                {160, 100, 60, 40},
+                {-1, 0},
+                {{}, {{{60, 10}, {110, 10}, {110, 110}, {160, 110}}}},
+                {{60, 20}, {104, 20}, {104, 120}, {160, 120}}},
         WayCase{{"AroundWhatIsBetween"},
                 {160, 0, 60, 40},
                 {-1, 0},
-                {{90, 10, 40, 100}},
+                {{{90, 10, 40, 100}}, {}},
                 {{60, 20}, {76, 20}, {76, -4}, {144, -4}, {144, 20}, {160, 20}}}),
     rowName);
+
+TEST(RouterTest, AnEndThatIsPassedIsNotEnteredFromBehind)
+{
+    const Points oneCorner{{60, 20}, {190, 20}, {190, 100}};
+    const ConnectorEnd head = endOf({160, 100, 60, 40}, {0, -1});
+    EXPECT_TRUE(stretched(oneCorner, endOf(tailFrame, {1, 0}), {0, 200}, head, {}, {}).empty());
+}
 
 struct StretchCase : NamedRow {
     Point tailBy, headBy;
@@ -130,9 +142,9 @@ TEST_P(StretchTest, BendsTheEndsOnly)
     const Points course{{60, 20}, {100, 20}, {100, 200}, {150, 200}};
     const ConnectorEnd tail = endOf(tailFrame, {1, 0});
     const ConnectorEnd head = endOf({160, 180, 60, 40}, {-1, 0}, 10);
-    EXPECT_EQ(
-        stretched(course, tail, GetParam().tailBy, head, GetParam().headBy, {{90, -200, 20, 100}}),
-        GetParam().way);
+    EXPECT_EQ(stretched(course, tail, GetParam().tailBy, head, GetParam().headBy,
+                        {{{90, -200, 20, 100}}, {}}),
+              GetParam().way);
 }
 
 INSTANTIATE_TEST_SUITE_P(
