@@ -2,8 +2,12 @@
 
 #include "support/rows.h"
 #include "tova/widget/glcanvas.h"
+#include "widgets/qt.h"
 
 #include <gmock/gmock.h>
+
+#include <QImage>
+#include <QPixmap>
 
 namespace Tova2::LayoutTest {
 namespace {
@@ -105,6 +109,22 @@ TEST_F(CanvasPanelTest, FollowsSizePositionAndMembers)
     expectAt(254, 174);
     panel->getNodeAt(0).as<RectNode>().setRect({0, 0, 40, 50});
     expectAt(254, 144);
+}
+
+TEST_F(CanvasPanelTest, LeavesNothingBehindWhenTheViewMoves)
+{
+    const auto picture = [this] { return toQt(*canvas)->grab().toImage(); };
+    panel->setCanvasAffinity(CanvasAffinity::Right);
+    picture();
+    for (const Point& distance : {Point{-60, 7}, Point{3.25, -40.5}}) {
+        canvas->translate(distance);
+        const QImage moved = picture(); // what has only moved is copied
+        Background other;
+        other.setColor(Vetra::Color(0, 1, 0));
+        scene->setBackground(other);
+        scene->setBackground(Background()); // has everything painted anew
+        EXPECT_EQ(moved, picture());
+    }
 }
 
 TEST_F(CanvasPanelTest, OutlivesItsCanvasAndLeavesThoseThatLive)
