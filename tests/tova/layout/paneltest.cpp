@@ -51,37 +51,21 @@ protected:
 
 TEST_F(PanelTest, LaysOutOnceAChange)
 {
+    const Rect other{0, 0, 5, 5};
+    RectNode more = boxNode({2, 2}), child = boxNode({2, 2}), namesake = boxNode({4, 4});
     const std::pair<const char*, std::function<void()>> changes[] = {
         {"padding", [&] { panel->setPadding(3); }},
         {"draw style", [&] { panel->setPanelDrawStyle(DrawStyle()); }},
         {"the same panel style again", [&] { panel->setPanelStyle(panel->getPanelStyle()); }},
         {"opacity", [&] { panel->setOpacity(0.5); }},
-        {"member's size",
-         [&] {
-             a.setRect({0, 0, 5, 5});
-         }},
+        {"member's size", [&] { a.setRect(other); }},
         {"member hidden", [&] { a.setVisible(false); }},
         {"member moved", [&] { a.translate(3, 3); }},
-        {"part's size",
-         [&] {
-             part.setRect({0, 0, 5, 5});
-         }},
-        {"another part",
-         [&] {
-             boxNode({30, 2}).setParent(parts);
-         }},
-        {"member added",
-         [&] {
-             panel->addNode(boxNode({2, 2}));
-         }},
-        {"child of the root",
-         [&] {
-             boxNode({2, 2}).setParent(panel->getRootNode());
-         }},
-        {"namesake",
-         [&] {
-             panel->addNode(StringID("a"), boxNode({4, 4}));
-         }},
+        {"part's size", [&] { part.setRect(other); }},
+        {"another part", [&] { more.setParent(parts); }},
+        {"member added", [&] { panel->addNode(more); }},
+        {"child of the root", [&] { child.setParent(panel->getRootNode()); }},
+        {"namesake", [&] { panel->addNode(StringID("a"), namesake); }},
         {"member out of the scene", [&] { c.remove(); }},
         {"member elsewhere", [&] { parts.setParent(elsewhere); }},
         {"member removed", [&] { panel->removeNodeAt(0); }},
