@@ -124,6 +124,7 @@ void TouchInput::beginPair(const Point& a, const Point& b)
     if (!m_core.isOpen())
         return;
     m_phase = Phase::Two;
+    m_tappedAt = 0; // that was no tap
     m_first = a.id();
     m_second = b.id();
     m_pair = pairOf(a, b);
