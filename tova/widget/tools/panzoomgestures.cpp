@@ -68,18 +68,18 @@ void PanZoomTool::handlePinchGestureEvent(PinchGestureEvent& event)
     const GestureState state = event.gestureState;
     noteGesture(m_isPinching, state, *canvas);
     if (state != GestureState::GestureCanceled)
-        zoomBy(*canvas, event.scaleFactor, event.scenePos());
+        zoomBy(event.scaleFactor, event.scenePos());
     if (isLast(state))
         endGesture(m_isPinching);
 }
 
-void PanZoomTool::zoomBy(GLCanvas& canvas, double factor, const Vetra::GLPoint<double>& scenePoint)
+void PanZoomTool::zoomBy(double factor, const Vetra::GLPoint<double>& scenePoint)
 {
-    if (!(factor > 0) || !std::isfinite(factor))
+    if (!m_canvas || !(factor > 0) || !std::isfinite(factor))
         return;
     m_fingers.pinched += std::abs(std::log(factor));
-    canvas.setScaleAroundScenePointWithReason(canvas.getScale() * factor, scenePoint,
-                                              ZoomReason::Source::Pinch);
+    m_canvas->setScaleAroundScenePointWithReason(m_canvas->getScale() * factor, scenePoint,
+                                                 ZoomReason::Source::Pinch);
 }
 
 void PanZoomTool::noteGesture(bool& kind, GestureState state, GLCanvas& canvas)

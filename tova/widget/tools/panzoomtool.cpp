@@ -8,6 +8,8 @@
 #include "tova/events/mouseevent.h"
 #include "tova/widget/glcanvas.h"
 
+#include <utility>
+
 namespace Tova2 {
 
 using Vetra::MouseButton;
@@ -88,8 +90,11 @@ void PanZoomTool::receiveMessage(Vetra::StringID id, const Vetra::any& payload)
 void PanZoomTool::handleMousePressEvent(MouseEvent& event)
 {
     const MouseButton button = event.asGLMouseEvent2().button;
-    if (button == MouseButton::MidButton || (button == MouseButton::LeftButton && !isIdle()))
-        return startPan(event), event.consume();
+    if (button == MouseButton::MidButton || (button == MouseButton::LeftButton && !isIdle())) {
+        startPan(event);
+        event.consume();
+        return;
+    }
     stopGliding();
     if (!m_isSpaceHeld && !isInGesture())
         setIdle();
@@ -124,11 +129,12 @@ bool PanZoomTool::claim(bool& mark)
 
 void PanZoomTool::handleMouseMoveEvent(MouseEvent& event)
 {
-    if (!m_isPanning || isInGesture() || GLCanvas::of(event) != m_canvas)
+    if (!m_isPanning || GLCanvas::of(event) != m_canvas)
         return;
     const auto position = event.asGLMouseEvent2().position;
-    const auto way = toDoubles(position) - toDoubles(m_lastPosition);
-    m_lastPosition = position;
+    const auto way = toDoubles(position) - toDoubles(std::exchange(m_lastPosition, position));
+    if (isInGesture())
+        return;
     translateWithSoftLimits(way.x, way.y, false);
     m_momentum.sampleLocation(toDoubles(position));
 }

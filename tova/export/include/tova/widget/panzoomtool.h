@@ -56,11 +56,6 @@ public:
     void handlePinchGestureEvent(PinchGestureEvent& event) override;
 
 private:
-    /// A key other than the space bar, while the tool has the keyboard: by default those that move
-    /// the view. True when that has been its meaning.
-    virtual bool handleKeyPressDuringPan(KeyEvent& event);
-
-    void startPan(const MouseEvent& event);
     /// What they have done since their gesture began.
     struct Fingers {
         Vetra::GLPoint<double> point; ///< where they would have dragged a pointer to
@@ -68,6 +63,11 @@ private:
         std::chrono::steady_clock::time_point movedAt{};
     };
 
+    /// A key other than the space bar, while the tool has the keyboard: by default those that move
+    /// the view. True when that has been its meaning.
+    virtual bool handleKeyPressDuringPan(KeyEvent& event);
+
+    void startPan(const MouseEvent& event);
     bool claim(bool& mark);
     void setIdle();
     void rest();
@@ -79,7 +79,7 @@ private:
     void noteGesture(bool& kind, Vetra::GestureState state, GLCanvas& canvas);
     void endGesture(bool& kind);
     void followFingers(const Vetra::GLPoint<double>& way);
-    void zoomBy(GLCanvas& canvas, double factor, const Vetra::GLPoint<double>& scenePoint);
+    void zoomBy(double factor, const Vetra::GLPoint<double>& scenePoint);
 
     void translateWithSoftLimits(double dx, double dy, bool fromMomentum);
     bool isInterrupted() const;
