@@ -1,10 +1,7 @@
 #include "support/rows.h"
 
-#include "tova/events/focusevent.h"
-#include "tova/events/keyevent.h"
-#include "tova/events/mouseevent.h"
-#include "tova/events/pangestureevent.h"
-#include "tova/events/pinchgestureevent.h"
+#include "tova/events/event.h"
+#include "tova/events/eventtestdriver.h"
 #include "tova/events/unconsumedeventtool.h"
 #include "tova/nodes/rectnode.h"
 #include "tova/scene/scene.h"
@@ -58,25 +55,17 @@ public:
         const auto rect = canvas->getSceneRectInView();
         return {(5000 - rect.x) * 2, (5000 - rect.y) * 2};
     }
-    void mouse(EventType type, int x, int y, MouseButton button = MouseButton::MidButton,
-               Vetra::Modifiers held = {}, int delta = 0)
+    /// With the pointer at (200, 150) of the view, to begin with.
+    void drag(double dx, double dy, MouseButton button = MouseButton::MidButton)
     {
-        MouseEvent(type, {canvas, {x, y}, {x, y}, delta, button, button, held}).accept(*scene);
-    }
-    void drag(int dx, int dy, MouseButton button = MouseButton::MidButton)
-    {
-        mouse(EventType::MousePressEvent, 200, 150, button);
-        mouse(EventType::MouseMoveEvent, 200 + dx / 2, 150 + dy / 2, button);
-        mouse(EventType::MouseMoveEvent, 200 + dx, 150 + dy, button);
-        mouse(EventType::MouseReleaseEvent, 200 + dx, 150 + dy, button);
+        const Point from = canvas->viewPointToScenePoint({200, 150});
+        user.drag(from, from + Point{dx / 2, dy / 2}, 2, button);
     }
     void wheel(int delta, Vetra::Modifiers held = {})
     {
-        mouse(EventType::WheelEvent, 0, 0, MouseButton::NoButton, held, delta);
+        user.setModifiers(held);
+        user.wheel(canvas->viewPointToScenePoint({0, 0}), delta);
     }
-    void key(EventType type, Key code) { KeyEvent(type, canvas, code, {}).accept(*scene); }
-    void holdSpace() { key(EventType::KeyPressEvent, Key::Space); }
-    void releaseSpace() { key(EventType::KeyReleaseEvent, Key::Space); }
     /// As it comes from the toolkit. Whether it has been taken.
     bool type(int code, Qt::KeyboardModifiers held = {})
     {
@@ -84,23 +73,13 @@ public:
         QCoreApplication::sendEvent(Widgets::toQt(*canvas), &event);
         return event.isAccepted();
     }
-    void pan(GestureState state, Point delta)
-    {
-        PanGestureEvent(EventType::PanGestureEvent, {canvas, Vetra::GestureType::Pan, state, delta})
-            .accept(*scene);
-    }
-    void pinch(GestureState state, Point centre, double factor)
-    {
-        PinchGestureEvent(EventType::PinchGestureEvent,
-                          {canvas, Vetra::GestureType::Pinch, state, centre, factor})
-            .accept(*scene);
-    }
     void useInterval(double s) { scene->sendMessageToTools("TestFixedMomentumInterval", s); }
     void step() { scene->sendMessageToTools("TestMomentumUpdate", {}); }
 
     Vetra::Holder<Scene> scene = Scene::createScene();
     GLCanvas* canvas = new GLCanvas("canvas");
     PanZoomTool* tool = nullptr;
+    EventTestDriver user{*scene, canvas};
 };
 
 // What moves the view, and how far
@@ -141,21 +120,21 @@ INSTANTIATE_TEST_SUITE_P(
         InputCase{{"SpaceBarAndLeftButton"},
                   {2, {30, -8}},
                   [](Test& on) {
-                      on.holdSpace();
+                      on.user.pressKey(Key::Space);
                       on.drag(30, -8, MouseButton::LeftButton);
-                      on.releaseSpace();
+                      on.user.releaseKey(Key::Space);
                   }},
         InputCase{{"KeysDuringAPan"},
                   {2, {-20, 0}},
                   [](Test& on) {
-                      on.holdSpace();
-                      on.key(EventType::KeyPressEvent, Key::Right);
-                      on.releaseSpace();
+                      on.user.pressKey(Key::Space);
+                      on.user.pressKey(Key::Right);
+                      on.user.releaseKey(Key::Space);
                   }},
         InputCase{{"FingersWhoseGestureMayNeverEnd"},
                   {2, {1.5, 0}},
                   [](Test& on) {
-                      on.pan(GestureState::GestureUpdated, {1.5, 0});
+                      on.user.pan(GestureState::GestureUpdated, {1.5, 0});
                   }},
         InputCase{{"WheelAboutThePointer"}, {2.5, {}}, [](Test& on) { on.wheel(120); }},
         InputCase{{"WheelBack"}, {1.75, {}}, [](Test& on) { on.wheel(-120); }},
@@ -196,16 +175,16 @@ INSTANTIATE_TEST_SUITE_P(
 TEST_F(PanZoomToolTest, TheCursorTellsWhatTheHandDoes)
 {
     const auto cursor = [this] { return scene->getToolOverrideCursor().shape(); };
-    holdSpace();
+    user.pressKey(Key::Space);
     EXPECT_EQ(cursor(), CursorShape::OpenHand);
-    mouse(EventType::MousePressEvent, 9, 9, MouseButton::LeftButton);
+    user.press();
     EXPECT_EQ(cursor(), CursorShape::ClosedHand);
-    pinch(GestureState::GestureStarted, {}, 1);
+    user.pinch(GestureState::GestureStarted, Point(), 1);
     EXPECT_EQ(cursor(), CursorShape::Blank);
-    pinch(GestureState::GestureFinished, {}, 1);
-    mouse(EventType::MouseReleaseEvent, 9, 9, MouseButton::LeftButton);
+    user.pinch(GestureState::GestureFinished, Point(), 1);
+    user.release();
     EXPECT_EQ(cursor(), CursorShape::OpenHand);
-    releaseSpace();
+    user.releaseKey(Key::Space);
     EXPECT_FALSE(scene->hasToolOverrideCursor());
 }
 
@@ -213,11 +192,11 @@ TEST_F(PanZoomToolTest, APinchKeepsThePointBetweenTheFingers)
 {
     const Point centre{123, 217};
     const Point before = canvas->viewPointToScenePoint(centre);
-    pinch(GestureState::GestureStarted, centre, 1);
+    user.pinch(GestureState::GestureStarted, before, 1);
     for (int i = 0; i < 200; ++i)
-        pinch(GestureState::GestureUpdated, centre, i % 3 ? 1.013 : 0.98);
+        user.pinch(GestureState::GestureUpdated, before, i % 3 ? 1.013 : 0.98);
     for (const double factor : {0.0, -1.0, std::nan(""), HUGE_VAL})
-        pinch(GestureState::GestureUpdated, centre, factor);
+        user.pinch(GestureState::GestureUpdated, before, factor);
     EXPECT_NEAR(canvas->getScale(), 2 * std::pow(1.013, 133) * std::pow(0.98, 67), 1e-9);
     const Point after = canvas->scenePointToViewPoint(before);
     EXPECT_LT(std::hypot(after.x - centre.x, after.y - centre.y), 0.01);
@@ -237,14 +216,14 @@ TEST_F(PanZoomToolTest, GlidesOnUntilAPressButNotUntilACancel)
     // half of that, of which a step begins with a twelfth.
     const double first = 100 / 0.03 / 2 / 12 * std::exp(-0.24);
     EXPECT_NEAR(dragged().x, 200 + first, 1e-3);
-    mouse(EventType::MousePressEvent, 9, 9, MouseButton::LeftButton);
+    user.press();
     EXPECT_FALSE(canvas->movingWithMomentum());
     tool->setMiddleButtonGlides(false);
     drag(200, 200);
     EXPECT_FALSE(canvas->movingWithMomentum());
-    pan(GestureState::GestureStarted, {});
-    pan(GestureState::GestureUpdated, {60, 0.5});
-    pan(GestureState::GestureFinished, {});
+    user.pan(GestureState::GestureStarted, {});
+    user.pan(GestureState::GestureUpdated, {60, 0.5});
+    user.pan(GestureState::GestureFinished, {});
     EXPECT_TRUE(canvas->movingWithMomentum());
 }
 
@@ -278,10 +257,10 @@ TEST_P(GlideEndTest, NoStepComesAfterTheEndOfItsOwner)
 {
     const Vetra::Holder<Tool> kept(tool); // so that a late step would find it
     useInterval(0.03);
-    mouse(EventType::MousePressEvent, 0, 0);
-    mouse(EventType::MouseMoveEvent, 200, 200);
+    user.press(MouseButton::MidButton);
+    user.moveTo(canvas->viewPointToScenePoint({200, 200}));
     useInterval(0); // by a timer
-    mouse(EventType::MouseReleaseEvent, 200, 200);
+    user.release(MouseButton::MidButton);
     ASSERT_TRUE(canvas->movingWithMomentum());
     GetParam().end(*this);
     int steps = 0;
@@ -320,25 +299,27 @@ TEST_F(PanZoomToolTest, LosingTheFocusEndsWhatTheHandDoes)
         return random() % 2 ? MouseButton::MidButton : MouseButton::LeftButton;
     };
     const std::function<void()> inputs[] = {
-        [&] { mouse(EventType::MousePressEvent, 50, 50, any()); },
-        [&] { mouse(EventType::MouseDoubleClickEvent, 50, 50, any()); },
-        [&] { mouse(EventType::MouseMoveEvent, int(random() % 400), int(random() % 300)); },
-        [&] { mouse(EventType::MouseReleaseEvent, 50, 50, any()); },
-        [&] { holdSpace(); },
-        [&] { releaseSpace(); },
-        [&] { key(EventType::KeyPressEvent, Key::Escape); },
+        [&] { user.press(any()); },
         [&] {
-            pan(GestureState(random() % 5), {3, -2});
+            user.doubleClick(Point{5000, 5000}, any());
         },
         [&] {
-            pinch(GestureState(random() % 5), {9, 9}, 1.01);
+            user.moveTo(Point{5000.0 + int(random() % 400), 5050});
         },
+        [&] { user.release(any()); },
+        [&] { user.pressKey(Key::Space); },
+        [&] { user.releaseKey(Key::Space); },
+        [&] { user.typeKey(Key::Escape); },
+        [&] {
+            user.pan(GestureState(random() % 5), {3, -2});
+        },
+        [&] { user.pinch(GestureState(random() % 5), Point(), 1.01); },
     };
     for (int i = 0; i < 2000; ++i) {
         inputs[random() % std::size(inputs)]();
         ASSERT_EQ(tool->isIdle(), !scene->hasToolOverrideCursor()) << i;
         if (random() % 8 == 0) {
-            FocusEvent(EventType::FocusOutEvent, {canvas}).accept(*scene);
+            user.focusOut();
             ASSERT_TRUE(tool->isIdle()) << i;
         }
     }

@@ -13,10 +13,13 @@
 #include "vetra/saturate.h"
 
 #include <algorithm>
+#include <cmath>
 
 namespace Tova2 {
 
 namespace {
+
+constexpr double kSamePlace = 0.001; // pixels
 
 Vetra::GLPoint<double> middleOf(const Node& node)
 {
@@ -42,11 +45,13 @@ EventTestDriver::Place::Place(const Node& node) : point(middleOf(node)) {}
 
 EventTestDriver::EventTestDriver(EventHandler& receiver, EventCanvas* canvas)
     : m_receiver(receiver), m_canvas(canvas)
-{}
+{
+    pointAt({});
+}
 
 bool EventTestDriver::moveTo(const Place& place)
 {
-    m_pointer = place.point;
+    pointAt(place.point);
     return sendMouse(EventType::MouseMoveEvent, Vetra::MouseButton::NoButton);
 }
 
@@ -79,24 +84,28 @@ bool EventTestDriver::doubleClick(const Place& place, Vetra::MouseButton button)
 
 bool EventTestDriver::drag(const Place& from, const Place& to, int steps, Vetra::MouseButton button)
 {
+    // Towards where `to` is now: the hand that moves the view itself does not run after it.
+    const auto begin = viewPoint(from.point), end = viewPoint(to.point);
     moveTo(from);
     press(button);
     const int count = std::max(steps, 1);
-    for (int i = 1; i < count; ++i)
-        moveTo(between(from.point, to.point, double(i) / count));
-    moveTo(to);
+    for (int i = 1; i <= count; ++i) {
+        m_pointer = between(from.point, to.point, double(i) / count);
+        m_place = between(begin, end, double(i) / count);
+        sendMouse(EventType::MouseMoveEvent, Vetra::MouseButton::NoButton);
+    }
     return release(button);
 }
 
 bool EventTestDriver::wheel(const Place& place, int delta)
 {
-    m_pointer = place.point;
+    pointAt(place.point);
     return sendMouse(EventType::WheelEvent, Vetra::MouseButton::NoButton, delta);
 }
 
 bool EventTestDriver::contextMenu(const Place& place, Vetra::ContextMenuReason reason)
 {
-    m_pointer = place.point;
+    pointAt(place.point);
     ContextMenuEvent event(EventType::ContextMenuEvent,
                            {m_canvas, pixel(), pixel(), m_modifiers, reason});
     return send(event);
@@ -192,17 +201,29 @@ Vetra::GLPoint<double> EventTestDriver::viewPoint(const Vetra::GLPoint<double>& 
     return m_canvas ? m_canvas->scenePointToViewPoint(scenePoint) : scenePoint;
 }
 
+void EventTestDriver::pointAt(const Vetra::GLPoint<double>& scenePoint)
+{
+    m_pointer = scenePoint;
+    m_place = viewPoint(scenePoint);
+}
+
+Vetra::GLPoint<double> EventTestDriver::pointedAt() const
+{
+    const auto moved = viewPoint(m_pointer) - m_place;
+    const bool isThere = std::abs(moved.x) < kSamePlace && std::abs(moved.y) < kSamePlace;
+    return isThere || !m_canvas ? m_pointer : m_canvas->viewPointToScenePoint(m_place);
+}
+
 Vetra::GLPoint<int> EventTestDriver::pixel() const
 {
-    return Vetra::saturatedInts(viewPoint(m_pointer));
+    return Vetra::saturatedInts(m_place);
 }
 
 bool EventTestDriver::sendMouse(EventType type, Vetra::MouseButton button, int delta)
 {
     // Not by the pixel, which a scene point need not lie on.
-    const auto view = viewPoint(m_pointer);
-    MouseEvent event(type, m_canvas, m_pointer, view, view, delta, button, m_buttons, m_modifiers,
-                     false, true);
+    MouseEvent event(type, m_canvas, pointedAt(), m_place, m_place, delta, button, m_buttons,
+                     m_modifiers, false, true);
     return send(event);
 }
 

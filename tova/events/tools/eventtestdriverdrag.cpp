@@ -34,7 +34,7 @@ void EventTestDriver::beginDrag(const Place& from, Vetra::EventSource* source,
     moveTo(from);
     press();
     moveTo(Vetra::GLPoint<double>{from.point.x + kDragStart, from.point.y + kDragStart});
-    m_pointer = from.point;
+    pointAt(from.point);
     sendMouse(EventType::UserDragInitEvent, Vetra::MouseButton::LeftButton);
     m_isDragging = true;
     m_dragSource = source;
@@ -45,7 +45,7 @@ void EventTestDriver::beginDrag(const Place& from, Vetra::EventSource* source,
 Vetra::DropAction EventTestDriver::dragTo(const Place& place)
 {
     requireDrag();
-    m_pointer = place.point;
+    pointAt(place.point);
     if (!m_isDragOverCanvas) {
         m_isDragOverCanvas = true;
         sendDrag(EventType::DragEnterEvent);

@@ -18,9 +18,9 @@ class EventHandler;
 enum class EventType : std::uint32_t;
 
 /// Plays the user in a test: makes the events that a canvas would make of real input, marked as
-/// test events, and hands them to a scene or to any other handler. It keeps the pointer's place,
-/// the buttons and the modifiers as a user would; its calls say whether the last event they sent
-/// came back consumed. Receiver and canvas are not owned.
+/// test events, and hands them to a scene or to any other handler. It keeps the pointer's place in
+/// the view, the buttons and the modifiers as a user would; its calls say whether the last event
+/// they sent came back consumed. Receiver and canvas are not owned.
 class TOVA_EXPORT EventTestDriver {
 public:
     /// Where to point: a scene point, or the middle of a node's bounding rectangle.
@@ -98,6 +98,9 @@ public:
 private:
     bool send(Event& event);
     Vetra::GLPoint<double> viewPoint(const Vetra::GLPoint<double>& scenePoint) const;
+    void pointAt(const Vetra::GLPoint<double>& scenePoint);
+    /// The scene may have been moved under the pointer.
+    Vetra::GLPoint<double> pointedAt() const;
     Vetra::GLPoint<int> pixel() const;
     bool sendMouse(EventType type, Vetra::MouseButton button, int delta = 0);
     bool sendKey(EventType type, Vetra::Key key, const std::u16string& text, bool isAutoRepeat);
@@ -108,7 +111,8 @@ private:
 
     EventHandler& m_receiver;
     EventCanvas* m_canvas;
-    Vetra::GLPoint<double> m_pointer; // in the scene
+    Vetra::GLPoint<double> m_pointer; // in the scene, when it was placed
+    Vetra::GLPoint<double> m_place;   // in the view
     Vetra::MouseButtons m_buttons;
     Vetra::Modifiers m_modifiers;
     Vetra::EventSource* m_dragSource = nullptr;
