@@ -2,18 +2,14 @@
 
 #include "support/rows.h"
 #include "tova/nodes/rectnode.h"
-#include "tova/scene/sceneerrors.h"
 #include "tova/widget/glcanvas.h"
 #include "widgets/qt.h"
 
 #include <QApplication>
-#include <QEventLoop>
 #include <QLineEdit>
 #include <QMimeData>
-#include <QTimer>
 
 #include <random>
-#include <stdexcept>
 
 namespace Tova2 {
 
@@ -21,7 +17,6 @@ namespace {
 
 using testing::ElementsAre;
 using testing::ElementsAreArray;
-using testing::IsEmpty;
 
 constexpr auto kPress = QEvent::MouseButtonPress;
 constexpr auto kMove = QEvent::MouseMove;
@@ -86,14 +81,6 @@ const EventRow kEvents[]{
      },
      true,
      {}},
-    {{"ADoubleClickIsAPress"},
-     [](auto& b) {
-         b.mouse(QEvent::MouseButtonDblClick, {20, 40}, Qt::LeftButton, Qt::LeftButton);
-         return b.mouse(kRelease, {20, 40}, Qt::LeftButton);
-     },
-     true,
-     {button("MouseDoubleClickEvent", "LeftButton", "(20, 40)"),
-      button("MouseReleaseEvent", "LeftButton", "(20, 40)")}},
     {{"OneMenuARightClick"},
      [](auto& b) {
          const auto ask = [&] {
@@ -107,10 +94,6 @@ const EventRow kEvents[]{
      true,
      {button("MousePressEvent", "RightButton", "(20, 40)"), "ContextMenuEvent at: (20, 40)",
       button("MouseReleaseEvent", "RightButton", "(20, 40)")}},
-    {{"AnUnwantedTabStaysWithTheToolkit"},
-     [](auto& b) { return b.send(QKeyEvent(QEvent::KeyPress, Qt::Key_Tab, {})); },
-     false,
-     {"KeyPressEvent for key: Key_Tab with modifiers ()"}},
     {{"AKeyHeldWhileTheFocusGoesIsReleased"},
      [](auto& b) {
          b.send(QFocusEvent(QEvent::FocusIn, Qt::TabFocusReason));
@@ -120,10 +103,6 @@ const EventRow kEvents[]{
      false,
      {"FocusInEvent because: TabReason", "KeyPressEvent for key: Key_Space with modifiers ()",
       "KeyReleaseEvent for key: Key_Space with modifiers ()", "FocusOutEvent because: TabReason"}},
-    {{"ComposedText"},
-     [](auto& b) { return b.send(QInputMethodEvent(QStringLiteral("x"), {})); },
-     false,
-     {"InputMethodEvent"}},
     {{"ADisabledCanvasIsLeftOnceAndHearsNothing"},
      [](auto& b) {
          b.send(QEnterEvent({1, 1}, {1, 1}, {1, 1}));
@@ -232,50 +211,6 @@ TEST(EventDispatcherTest, KeepsPressesPairedWhateverReleasesAreLost)
         EXPECT_FALSE(bench.scene->hasActiveOrAlertTool());
         EXPECT_THAT(bench.log, testing::Not(testing::Contains(testing::HasSubstr("too many"))));
     }
-}
-
-TEST(EventDispatcherTest, ReportsAnExceptionOnceAndGoesOn)
-{
-    const std::function<void()> throws[]{[] { throw std::runtime_error("handler"); },
-                                         [] { raise(SceneError::NoCreationDrawStyleToPop); },
-                                         [] { throw 7; }};
-    for (const auto& fail : throws) {
-        DispatchBench bench;
-        DragTool& tool = bench.addDragTool();
-        tool.onPress = [&](MouseEvent&) { fail(); };
-        EXPECT_TRUE(bench.mouse(kPress, {20, 40}, Qt::LeftButton, Qt::LeftButton));
-        EXPECT_EQ(bench.reported, 1);
-        EXPECT_TRUE(tool.isIdle());
-        bench.mouse(kRelease, {20, 40}, Qt::LeftButton);
-        tool.onPress = nullptr;
-        bench.log.clear();
-        bench.mouse(kPress, {20, 40}, Qt::LeftButton, Qt::LeftButton);
-        EXPECT_EQ(bench.log.front(), "press");
-        EXPECT_EQ(bench.reported, 1);
-    }
-}
-
-TEST(EventDispatcherTest, SurvivesAHandlerThatEndsEverythingInsideItsOwnEventLoop)
-{
-    DispatchBench bench;
-    bench.addDragTool().onPress = [&](MouseEvent& event) {
-        QEventLoop loop;
-        QTimer::singleShot(0, &loop, [&] {
-            bench.mouse(kPress, {1, 1}, Qt::RightButton, Qt::RightButton | Qt::LeftButton);
-            bench.scene->clearToolStack();
-            bench.dispatcher.reset();
-            bench.canvas.reset();
-            bench.viewport.reset();
-            bench.scene.reset();
-            loop.quit();
-        });
-        if (bench.log.size() > 1) // the press in there
-            return;
-        loop.exec();
-        EXPECT_EQ(event.canvas(), nullptr);
-    };
-    EXPECT_TRUE(bench.mouse(kPress, {20, 40}, Qt::LeftButton, Qt::LeftButton));
-    EXPECT_EQ(bench.reported, 0);
 }
 
 /// Counts how often it is read.
