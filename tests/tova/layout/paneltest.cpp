@@ -111,6 +111,22 @@ TEST_F(PanelTest, StaysDefinedForHugeValues)
     EXPECT_EQ(panel->getRootNode().getTransform(), Vetra::Transform());
 }
 
+TEST_F(PanelTest, GivesMembersTheRoomThatTheyShow)
+{
+    EllipseNode round(Ellipse({-5, -5, 10, 10}));
+    Stroke wide(StrokeStyle::SolidLine);
+    wide.setLogicalWidth(2);
+    round.setStroke(wide);
+    round.scale(2); // 20 across, and 24 with its stroke
+    RectNode unseen = boxNode({90, 90});
+    unseen.setParent(parts);
+    unseen.setVisible(false);
+    panel->addNodeAt(0, round);
+    EXPECT_EQ(round.getPosition(), (Point{11, -15})) << "the geometry's corner is placed";
+    EXPECT_EQ(a.getPosition(), (Point{26, -7}));
+    EXPECT_EQ(c.getPosition(), (Point{46, -7}));
+}
+
 TEST_F(PanelTest, WaitsWhileSuspendedAndThenLaysOutOnce)
 {
     panel->resumeLayout(); // one too many
@@ -144,9 +160,11 @@ TEST_F(PanelTest, FindsMembersByNameAndIndex)
 TEST_F(PanelTest, GoesOnWithWhatItIsToldDuringALayout)
 {
     scene->beginChangeTracking(&tracker);
-    tracker.then = [&] { panel->setPadding(2); };
+    const auto isLayingOut = [&] { return scale.asked > 0; };
+    tracker.then = [&] { isLayingOut() ? panel->setPadding(2) : void(); };
     a.setRect({0, 0, 20, 6});
     EXPECT_EQ(a.getPosition(), (Point{2, -8}));
+    EXPECT_EQ(scale.asked, 2);
     tracker.then = [&] { panel->setPadding(panel->getPadding() + 1); };
     a.setRect({0, 0, 30, 6}); // must end at all
     tracker.then = [&] { throw std::runtime_error("host"); };
