@@ -27,7 +27,7 @@ namespace TovaView {
 namespace {
 
 constexpr double largestShare = 0.8; ///< of the screen, at first
-constexpr QSize smallestWindow(480, 320);
+constexpr QSize smallestWindow(480, 320), firstWindow(960, 640);
 constexpr double viewMargin = 12;     ///< pixels around the diagram
 constexpr int countingInterval = 100; ///< milliseconds
 constexpr int noteDuration = 8000;    ///< milliseconds
@@ -87,6 +87,8 @@ MainWindow::MainWindow(const Options& options)
     QObject::connect(&m_crossingTimer, &QTimer::timeout, this, [this] { countCrossings(); });
     connectCanvas();
     updateTitle();
+    resize(firstWindow);
+    m_hasRestoredSize = restoreGeometry(QSettings().value(geometryKey()).toByteArray());
 }
 
 MainWindow::~MainWindow()
@@ -196,8 +198,7 @@ void MainWindow::showDocument(const QString& file, std::unique_ptr<DiagramDocume
     m_actions->setDiagramShown(true);
     m_status->setEnabled(true);
     updateTitle();
-    if (!isVisible())
-        restoreWindow();
+    sizeFor(m_editor->document().shown().area);
     m_view->showAll();
 }
 
@@ -222,6 +223,8 @@ void MainWindow::countCrossings()
 void MainWindow::setDecorator(const QString& name)
 {
     m_options.decorator = name;
+    if (!m_editor)
+        return;
     m_editor->document().scene().usePathIntersectionsDecorator(name.toStdString());
     m_crossingTimer.start();
 }
@@ -229,7 +232,8 @@ void MainWindow::setDecorator(const QString& name)
 void MainWindow::setBackground(const std::optional<Vetra::Color>& color)
 {
     m_options.background = color;
-    attempt([&] { m_editor->setGround(color); });
+    if (m_editor)
+        attempt([&] { m_editor->setGround(color); });
 }
 
 void MainWindow::chooseBackground()
@@ -265,11 +269,11 @@ void MainWindow::print()
     attempt([&] { askAndPrint(*this, m_editor->document().shown(), nameOf(m_file)); });
 }
 
-void MainWindow::restoreWindow()
+/// As it was left the last time; the very first time the diagram says how large.
+void MainWindow::sizeFor(const Rect& area)
 {
-    if (restoreGeometry(QSettings().value(geometryKey()).toByteArray()))
+    if (isVisible() || m_hasRestoredSize)
         return;
-    const Rect area = m_editor->document().shown().area;
     const QSize screen = QGuiApplication::primaryScreen()->availableSize() * largestShare;
     const QSize chrome(0, menuBar()->sizeHint().height() + statusBar()->sizeHint().height());
     resize((QSizeF(area.width, area.height).toSize() + chrome)

@@ -43,7 +43,7 @@ private:
     StatusLine::Handlers statusHandlers();
     void connectCanvas();
     void showDocument(const QString& file, std::unique_ptr<DiagramDocument> document);
-    void restoreWindow();
+    void sizeFor(const Rect& area);
     /// Runs what may fail, and says so in the window.
     bool attempt(const std::function<void()>& action);
 
@@ -67,6 +67,7 @@ private:
     std::unique_ptr<StatusLine> m_status;
     std::unique_ptr<WindowActions> m_actions;
     std::unique_ptr<RecentFiles> m_recent;
+    bool m_hasRestoredSize = false;
     QTimer m_crossingTimer; ///< runs while crossings are being counted
 };
 

@@ -11,9 +11,13 @@ namespace TovaView {
 StatusLine::StatusLine(QStatusBar& bar, Handlers handlers)
     : m_pointer(new QLabel(&bar)), m_crossings(new QLabel(&bar))
 {
-    m_pointer->setContentsMargins(6, 0, 0, 0);
-    bar.addWidget(m_pointer);
+    // What is on the left is in the way of messages. The width keeps what is beside it at rest.
+    m_pointer->setMinimumWidth(
+        bar.fontMetrics().horizontalAdvance(QStringLiteral("-10000, -10000")));
+    m_pointer->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     m_pointer->setToolTip(QStringLiteral("Where the pointer is, in points"));
+    m_crossings->setContentsMargins(12, 0, 12, 0);
+    bar.addPermanentWidget(m_pointer);
     bar.addPermanentWidget(m_crossings);
     m_out = addButton(bar, "−", "Zoom out", std::move(handlers.zoomOut));
     m_zoom = new ZoomBox(std::move(handlers.zoom), &bar);

@@ -7,6 +7,7 @@
 
 #include <tova/widget/glcanvas.h>
 
+#include <QAction>
 #include <QApplication>
 #include <QDropEvent>
 #include <QLabel>
@@ -47,6 +48,19 @@ TEST_F(MainWindowTest, FailedOpenLeavesTheDiagramAndSaysWhy)
     EXPECT_EQ(std::count_if(labels.begin(), labels.end(), isAbout), 0) << "it is out of date";
     EXPECT_EQ(RecentFiles::list(),
               (QStringList{m_folder.path("other.plain"), m_folder.path("good.plain")}));
+}
+
+/// Whatever is in the menus, with a diagram and without.
+TEST_F(MainWindowTest, MenuActionsThatAskNothingDoNoHarm)
+{
+    MainWindow empty{Options()};
+    for (MainWindow* window : {&m_window, &empty})
+        for (QAction* action : window->findChildren<QAction*>())
+            if (action->isEnabled() && !action->text().contains(QChar(0x2026)) && !action->menu() &&
+                !action->text().contains(QLatin1String("Quit")))
+                action->trigger();
+    EXPECT_TRUE(m_window.windowTitle().startsWith(QLatin1String("good.plain")));
+    EXPECT_TRUE(empty.open(m_folder.path("good.plain")));
 }
 
 TEST_F(MainWindowTest, AFileDroppedOnTheCanvasOpens)
