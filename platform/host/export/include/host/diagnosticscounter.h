@@ -34,6 +34,7 @@ private:
     std::atomic<std::int64_t> m_value{0};
 };
 
+/// What a counter showed when all were read.
 struct CounterReading {
     std::string name;
     std::int64_t value = 0;

@@ -20,6 +20,7 @@ public:
     /// fractions of the painted thing's bounding box.
     enum class CoordinateMode { Logical, StretchToDevice, ObjectBounding };
 
+    /// A colour at a place of the ramp.
     struct Stop {
         double offset = 0; ///< 0 to 1
         Color color;

@@ -51,6 +51,7 @@ public:
         virtual int depth() const { return 1; }
     };
 
+    /// One of several nodes that are drawn over each other.
     struct Layer {
         Holder<Node> node;
         GLPoint<double> offset; ///< of its top left corner, in pixels of the composition

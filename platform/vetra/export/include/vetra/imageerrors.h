@@ -22,6 +22,7 @@ enum class ImageError {
     CannotEncode     ///< out of memory while saving
 };
 
+/// Throws Vetra::Error; `detail` is for readers of logs.
 [[noreturn]] VETRA_EXPORT void raise(ImageError error, const std::string& detail = {});
 
 } // namespace Vetra

@@ -16,6 +16,7 @@ class EventSource;
 // Input as the toolkit tells of it, without the toolkit. `widget` is what it arrived on, null for
 // input that a program makes up; positions are in that widget's pixels.
 
+/// A press, release, double click or move of the mouse, or a turn of its wheel.
 struct GLMouseEvent2 {
     EventSource* widget = nullptr;
     GLPoint<int> position{};
@@ -29,6 +30,7 @@ struct GLMouseEvent2 {
     bool operator==(const GLMouseEvent2&) const = default;
 };
 
+/// A press or release of a key.
 struct GLKeyEvent2 {
     EventSource* widget = nullptr;
     Key key = Key::Unknown;
@@ -42,6 +44,7 @@ struct GLKeyEvent2 {
     bool operator==(const GLKeyEvent2&) const = default;
 };
 
+/// Text of an input method, finished and unfinished.
 struct GLInputMethodEvent2 {
     EventSource* widget = nullptr;
     std::u16string commitString{};
@@ -53,6 +56,7 @@ struct GLInputMethodEvent2 {
     bool isTestEvent = false;
 };
 
+/// The keyboard focus comes or goes.
 struct GLFocusEvent2 {
     EventSource* widget = nullptr;
     FocusReason reason = FocusReason::OtherReason;
@@ -60,6 +64,7 @@ struct GLFocusEvent2 {
     bool operator==(const GLFocusEvent2&) const = default;
 };
 
+/// A wish for a context menu, by mouse or key.
 struct GLContextMenuEvent2 {
     EventSource* widget = nullptr;
     GLPoint<int> position{};
@@ -70,6 +75,7 @@ struct GLContextMenuEvent2 {
     bool operator==(const GLContextMenuEvent2&) const = default;
 };
 
+/// A drag enters, moves or drops.
 struct GLDragEvent2 {
     EventSource* widget = nullptr;
     EventSource* sourceWidget = nullptr; ///< null for a drag from another program
@@ -83,6 +89,7 @@ struct GLDragEvent2 {
     bool operator==(const GLDragEvent2&) const = default;
 };
 
+/// Fingers that move together.
 struct GLPanGestureEvent2 {
     EventSource* widget = nullptr;
     GestureType gestureType = GestureType::Pan;
@@ -93,6 +100,7 @@ struct GLPanGestureEvent2 {
     bool operator==(const GLPanGestureEvent2&) const = default;
 };
 
+/// Fingers that spread, close or turn.
 struct GLPinchGestureEvent2 {
     EventSource* widget = nullptr;
     GestureType gestureType = GestureType::Pinch;
@@ -104,6 +112,7 @@ struct GLPinchGestureEvent2 {
     bool operator==(const GLPinchGestureEvent2&) const = default;
 };
 
+/// The pointer enters or leaves the widget.
 struct GLWidgetEvent2 {
     EventSource* widget = nullptr;
 

@@ -1,7 +1,7 @@
 #pragma once
 
-/// Conversions between Vetra's values and the toolkit's. With `vetra/qtevents.h`, which does
-/// the same for input, the only public header here that names toolkit types.
+// Conversions between Vetra's values and the toolkit's. With `vetra/qtevents.h`, which does
+// the same for input, the only public header here that names toolkit types.
 
 #include "vetra/color.h"
 #include "vetra/cursor.h"
@@ -135,11 +135,13 @@ VETRA_EXPORT Holder<Image> fromQt(const QImage& image);
 /// not valid or not finite.
 VETRA_EXPORT void paint(QPainter& painter, const Image& image, const GLRect<double>& target,
                         const GLRect<double>& source);
+/// Fills `target` with the whole image.
 VETRA_EXPORT void paint(QPainter& painter, const Image& image, const GLRect<double>& target);
 
-// The same for a composition.
+/// Fills `target` with the part `source` of a composition.
 VETRA_EXPORT void paint(QPainter& painter, const ImageCompositor::Node& node,
                         const GLRect<double>& target, const GLRect<double>& source);
+/// Fills `target` with the whole composition.
 VETRA_EXPORT void paint(QPainter& painter, const ImageCompositor::Node& node,
                         const GLRect<double>& target);
 

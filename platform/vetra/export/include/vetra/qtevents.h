@@ -1,7 +1,7 @@
 #pragma once
 
-/// Conversions between Vetra's input and the toolkit's. Apart from `vetra/qt.h` the only public
-/// header here that names toolkit types.
+// Conversions between Vetra's input and the toolkit's. Apart from `vetra/qt.h` the only public
+// header here that names toolkit types.
 
 #include "vetra/inputevents.h"
 #include "vetra/vetra_export.h"
@@ -87,6 +87,7 @@ VETRA_EXPORT GLMimeData fromQt(const QMimeData& data, std::span<const std::strin
 
 // What a tool hands on to a toolkit widget. `type` is the toolkit's, which the value does not know.
 VETRA_EXPORT QMouseEvent toQt(const GLMouseEvent2& event, QEvent::Type type);
+/// The turn of a wheel, for which the value has no kind of its own.
 VETRA_EXPORT QWheelEvent toQtWheel(const GLMouseEvent2& event);
 VETRA_EXPORT QKeyEvent toQt(const GLKeyEvent2& event, QEvent::Type type);
 VETRA_EXPORT QInputMethodEvent toQt(const GLInputMethodEvent2& event);

@@ -18,6 +18,7 @@ constexpr int saturatedInt(double value) noexcept
     return value >= highest ? std::numeric_limits<int>::max() : static_cast<int>(value);
 }
 
+/// saturatedInt() of each coordinate.
 constexpr GLPoint<int> saturatedInts(const GLPoint<double>& point) noexcept
 {
     return {saturatedInt(point.x), saturatedInt(point.y)};

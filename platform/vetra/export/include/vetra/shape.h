@@ -22,6 +22,7 @@ public:
     /// A curve is one `CubicTo` (first control point) and two `CubicData` (second control point,
     /// end point).
     enum class ElementType { MoveTo, LineTo, CubicTo, CubicData };
+    /// A step of the path, where one ends and the next begins included.
     struct Element {
         ElementType type = ElementType::MoveTo;
         GLPoint<double> point;

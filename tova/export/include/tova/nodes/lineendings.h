@@ -4,15 +4,14 @@
 
 #include <optional>
 
+/// Ready decorations. Each call makes an ordinary node, drawn in the colour and width of the line's
+/// stroke and `length` scene units along it, with its foremost point at the line's end, and a
+/// backoff that ends the line inside the node or at its edge. A length that is not above 0 counts
+/// as the one given here. Strokes without a line count as solid.
+///
+/// Where `fill` may be left out, the node is solid in the line's colour without one; with one, the
+/// line's stroke runs round it, and `fill` covers what is below.
 namespace Tova2::LineEndings {
-
-// Ready decorations. Each call makes an ordinary node, drawn in the colour and width of the line's
-// stroke and `length` scene units along it, with its foremost point at the line's end, and a
-// backoff that ends the line inside the node or at its edge. A length that is not above 0 counts
-// as the one given here. Strokes without a line count as solid.
-//
-// Where `fill` may be left out, the node is solid in the line's colour without one; with one, the
-// line's stroke runs round it, and `fill` covers what is below.
 
 /// A solid head with a notch at its back.
 TOVA_EXPORT LineEndDecoration createFilledArrow(const Stroke& line, double length = 8);
@@ -25,10 +24,13 @@ createTriangle(const Stroke& line, double length = 8,
 /// Its base lies at the line's end.
 TOVA_EXPORT LineEndDecoration createInvertedTriangle(const Stroke& line, double length = 8,
                                                      const std::optional<Vetra::Color>& fill = {});
+/// A square on its corner.
 TOVA_EXPORT LineEndDecoration createDiamond(const Stroke& line, double length = 10,
                                             const std::optional<Vetra::Color>& fill = {});
+/// A disc.
 TOVA_EXPORT LineEndDecoration createDot(const Stroke& line, double length = 5,
                                         const std::optional<Vetra::Color>& fill = {});
+/// A square with a side across the line.
 TOVA_EXPORT LineEndDecoration createBox(const Stroke& line, double length = 6,
                                         const std::optional<Vetra::Color>& fill = {});
 /// Across the line; `length` is that of the bar.

@@ -254,6 +254,7 @@ public:
                                  Vetra::GLPoint<double>& offset) const;
 
 protected:
+    /// Slot of what makes an element on first need; a kind of node asks its private half for it.
     struct FactoryIndex {
         std::uint64_t index;
     };

@@ -7,7 +7,9 @@ namespace Tova2 {
 
 class Node;
 
+/// Milliseconds of rest before a tool tip shows.
 inline constexpr int DEFAULT_TOOLTIP_TIMEIN = 500;
+/// Milliseconds that a tool tip stays.
 inline constexpr int DEFAULT_TOOLTIP_TIMEOUT = 10000;
 
 /// How long the pointer rests on a node before its tool tip shows, and how long that stays, in

@@ -24,6 +24,7 @@ public:
     virtual void setScale(double scale) = 0;
 };
 
+/// Makes a block in the widget that is to show it.
 using WebBlockFactory = std::function<std::unique_ptr<WebBlock>(QWidget& parent)>;
 
 /// Of the blocks made from now on. An empty function, as it is at first, makes none. GUI thread.

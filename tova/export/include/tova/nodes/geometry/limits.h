@@ -32,11 +32,13 @@ inline constexpr int textLines = 16'384;
 
 /// Nested nodes that are still painted.
 inline constexpr int paintedNodeDepth = 2'000;
-/// One node's cached picture, and all of them together.
+/// One node's cached picture.
 inline constexpr std::size_t nodeCacheBytes = std::size_t{64} << 20;
+/// All cached pictures of nodes together.
 inline constexpr std::size_t allCachesBytes = std::size_t{256} << 20;
-/// An off-screen picture; above it there is none.
+/// Width and height of an off-screen picture; above it there is none.
 inline constexpr int offScreenSide = 32'767;
+/// Pixels of an off-screen picture; above it there is none.
 inline constexpr std::size_t offScreenBytes = std::size_t{1} << 30;
 
 } // namespace Tova2::Limits
