@@ -18,7 +18,7 @@ RoundedRectNode makeButton(const std::string& kind)
     button.setDrawStyle(smooth(Stroke::NoStroke(), Fill(Color(1, 1, 1, 0.08))));
     button.addTag(ShapeTool::kindTag(), kind);
     ShapeNode icon(shapeOf(kind, {9, 9, 26, 16}));
-    icon.setDrawStyle(smooth(line(1.5, Color(1, 1, 1, 0.92)), Fill(Color(1, 1, 1, 0.16))));
+    icon.setDrawStyle(smooth(line(2, Color(1, 1, 1, 0.92)), Fill(Color(1, 1, 1, 0.16))));
     icon.setParent(button);
     return button;
 }
