@@ -191,7 +191,7 @@ void MainWindow::showDocument(const QString& file, std::unique_ptr<DiagramDocume
     m_file = file;
     m_history.addStack(&m_editor->history());
     m_history.setActiveStack(&m_editor->history());
-    m_editor->changed().connect(this, [this] { m_crossingTimer.start(); });
+    m_editor->changed().connect(this, [this] { crossingsChanged(); });
     QObject::connect(&m_editor->history(), &QUndoStack::cleanChanged, this,
                      [this](bool clean) { setWindowModified(!clean); });
     setDecorator(m_options.decorator);
@@ -209,15 +209,20 @@ void MainWindow::updateTitle()
     setWindowModified(false);
 }
 
+/// A number that is out of date for a moment is less of a disturbance than one that comes and goes.
 void MainWindow::countCrossings()
 {
-    if (!m_editor)
-        return m_crossingTimer.stop();
-    Tova2::Scene& scene = m_editor->document().scene();
-    const bool isDone = scene.pathIntersectionsAllFound();
-    if (isDone)
-        m_crossingTimer.stop();
-    m_status->showCrossings(isDone ? std::optional(scene.pathIntersectionsCount()) : std::nullopt);
+    if (m_editor && !m_editor->document().scene().pathIntersectionsAllFound())
+        return;
+    m_crossingTimer.stop();
+    if (m_editor)
+        m_status->showCrossings(m_editor->document().scene().pathIntersectionsCount());
+}
+
+void MainWindow::crossingsChanged()
+{
+    if (!m_crossingTimer.isActive())
+        m_crossingTimer.start();
 }
 
 void MainWindow::setDecorator(const QString& name)
@@ -226,7 +231,7 @@ void MainWindow::setDecorator(const QString& name)
     if (!m_editor)
         return;
     m_editor->document().scene().usePathIntersectionsDecorator(name.toStdString());
-    m_crossingTimer.start();
+    crossingsChanged();
 }
 
 void MainWindow::setBackground(const std::optional<Vetra::Color>& color)

@@ -55,6 +55,7 @@ private:
     void setBackground(const std::optional<Vetra::Color>& color);
     void setDecorator(const QString& name);
     void countCrossings();
+    void crossingsChanged();
     void updateTitle();
 
     Options m_options;

@@ -47,13 +47,10 @@ void StatusLine::showPointer(const std::optional<Vetra::GLPoint<double>>& positi
             : QString());
 }
 
-void StatusLine::showCrossings(const std::optional<std::size_t>& count)
+void StatusLine::showCrossings(std::size_t count)
 {
-    if (!count)
-        m_crossings->setText(QStringLiteral("counting crossings …"));
-    else
-        m_crossings->setText(*count == 1 ? QStringLiteral("1 crossing")
-                                         : QStringLiteral("%1 crossings").arg(*count));
+    m_crossings->setText(count == 1 ? QStringLiteral("1 crossing")
+                                    : QStringLiteral("%1 crossings").arg(count));
 }
 
 void StatusLine::setEnabled(bool enabled)

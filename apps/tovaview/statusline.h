@@ -25,8 +25,7 @@ public:
 
     /// In points of the scene; nothing when it is not over the diagram.
     void showPointer(const std::optional<Vetra::GLPoint<double>>& position);
-    /// Nothing while they are being counted.
-    void showCrossings(const std::optional<std::size_t>& count);
+    void showCrossings(std::size_t count);
     void showScale(double scale) { m_zoom->showScale(scale); }
     /// Disabled without a diagram.
     void setEnabled(bool enabled);
