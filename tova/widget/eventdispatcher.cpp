@@ -211,7 +211,7 @@ void EventDispatcher::Parts::focusOut(const QFocusEvent& event)
     keys.releaseHeld();
     core.loseFocus(Vetra::fromQt(event.reason()));
     if (!isForPopup(event) && core.isOpen())
-        core.cancelIfBusy();
+        core.cancelIfAnyoneBusy();
 }
 
 EventDispatcher::EventDispatcher(QWidget& viewport, EventCanvas& canvas, DispatchHost& host,
@@ -247,7 +247,7 @@ void EventDispatcher::deliver(MouseEvent& event)
 void EventDispatcher::cancelGesture()
 {
     const auto parts = m_parts;
-    parts->core.cancelIfBusy();
+    parts->core.cancelIfAnyoneBusy();
 }
 
 void EventDispatcher::sceneChanged()

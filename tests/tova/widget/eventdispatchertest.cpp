@@ -267,6 +267,23 @@ TEST(EventDispatcherTest, ShowsTheCursorThatToolsWantAndElseTheHosts)
     EXPECT_EQ(bench.viewport->cursor().shape(), Qt::CrossCursor);
 }
 
+TEST(EventDispatcherTest, LeavesTheGestureOnAnotherCanvasOfTheSceneAlone)
+{
+    DispatchBench bench;
+    DragTool& tool = bench.addDragTool();
+    FakeCanvas other(bench.scene.get());
+    FakeHost host;
+    QWidget viewport;
+    EventDispatcher dispatcher(viewport, other, host);
+    bench.mouse(kPress, {20, 40}, Qt::LeftButton, Qt::LeftButton);
+    QMouseEvent over(kMove, {5, 5}, {5, 5}, Qt::NoButton, {}, {});
+    dispatcher.dispatch(over);
+    dispatcher.close();
+    EXPECT_FALSE(tool.isIdle());
+    bench.send(QEvent(QEvent::Hide));
+    EXPECT_TRUE(tool.isIdle());
+}
+
 TEST(EventDispatcherTest, TabMovesTheFocusOnByOneWidget)
 {
     QWidget window;

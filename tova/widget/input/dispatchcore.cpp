@@ -88,6 +88,7 @@ void DispatchCore::unfollow()
     const bool wasBusy = isBusy();
     held = {};
     ++m_gestureNumber;
+    m_hasBegunWork = false;
     m_content = nullptr;
     const Vetra::Holder<Scene> scene = std::exchange(m_scene, nullptr);
     if (wasBusy && scene)
@@ -99,7 +100,10 @@ bool DispatchCore::send(Event& event)
     const Vetra::Holder<Scene> scene = m_scene;
     if (!isOpen() || !scene)
         return isOpen();
-    if (!guard([&] { event.accept(*scene); })) {
+    const bool wasIdle = !scene->hasActiveOrAlertTool();
+    const bool isDone = guard([&] { event.accept(*scene); });
+    m_hasBegunWork = (m_hasBegunWork || wasIdle) && scene->hasActiveOrAlertTool();
+    if (!isDone) {
         cancelGesture();
         return false;
     }
@@ -110,7 +114,7 @@ bool DispatchCore::send(Event& event)
 
 bool DispatchCore::isBusy() const
 {
-    return !held.isEmpty() || (m_scene && m_scene->hasActiveOrAlertTool());
+    return !held.isEmpty() || (m_hasBegunWork && m_scene && m_scene->hasActiveOrAlertTool());
 }
 
 void DispatchCore::cancelGesture()
@@ -132,6 +136,12 @@ void DispatchCore::cancelTools(Scene& scene)
 void DispatchCore::cancelIfBusy()
 {
     if (isBusy())
+        cancelGesture();
+}
+
+void DispatchCore::cancelIfAnyoneBusy()
+{
+    if (isBusy() || (m_scene && m_scene->hasActiveOrAlertTool()))
         cancelGesture();
 }
 

@@ -67,8 +67,11 @@ public:
     /// cancelled.
     unsigned gestureNumber() const { return m_gestureNumber; }
     void cancelGesture();
-    /// Only when a button is held or a tool is at work.
+    /// Only when a button is held, or a tool is at work that began on this canvas: another one may
+    /// show the scene, too.
     void cancelIfBusy();
+    /// Wherever it began, or when the host began it.
+    void cancelIfAnyoneBusy();
     void cancelIfPressed();
 
     // Handlers hear of each coming one going, and the other way round: also when the scene is
@@ -105,6 +108,7 @@ private:
     unsigned m_gestureNumber = 0;
     bool m_isPointerInside = false;
     bool m_hasFocus = false;
+    bool m_hasBegunWork = false; ///< that a tool is still at
     bool m_isOpen = true;
 };
 
