@@ -22,7 +22,7 @@ class GLCanvas;
 /// what the hand does; the glide goes on.
 class TOVA_EXPORT PanZoomTool : public Tool, public Vemit::Listener {
 public:
-    /// Which scene it works for is told by the stack; `scene` is only for who knows it beforehand.
+    /// The stack says which scene it works for: `scene` need not be given, and changes nothing.
     explicit PanZoomTool(Scene* scene = nullptr);
     ~PanZoomTool() override;
     static Vetra::StringID staticGetDefaultRole();
