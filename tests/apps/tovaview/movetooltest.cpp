@@ -139,5 +139,18 @@ TEST_F(MoveToolTest, UndoOfMovesOverEachOtherRestoresEachPictureOnTheWay)
     EXPECT_EQ(picture(), m_before);
 }
 
+TEST_F(MoveToolTest, AnotherGroundKeepsMovesAndTheirHistory)
+{
+    m_user.drag(middleOf("ba"), middleOf("ba") + Point{300, -90});
+    const QImage moved = picture();
+    m_document->scene().removeTool(m_tool.get());
+    m_document->setGround(Vetra::Color::fromPacked(0xffeef0f2));
+    EXPECT_NE(picture(), moved);
+    m_document->setGround({});
+    EXPECT_EQ(picture(), moved);
+    m_history.undo();
+    EXPECT_EQ(picture(), m_before);
+}
+
 } // namespace
 } // namespace TovaView
