@@ -21,16 +21,18 @@ Registry& registry()
 
 } // namespace
 
-DiagnosticsCounter::DiagnosticsCounter(std::string_view name) : m_name(name) {}
+DiagnosticsCounter::DiagnosticsCounter(std::string_view name, CounterKind kind)
+    : m_name(name), m_kind(kind)
+{}
 
-DiagnosticsCounter& DiagnosticsCounter::counter(std::string_view name)
+DiagnosticsCounter& DiagnosticsCounter::counter(std::string_view name, CounterKind kind)
 {
     Registry& all = registry();
     const std::lock_guard lock(all.mutex);
     const auto found = all.counters.find(name);
     if (found != all.counters.end())
         return found->second;
-    return all.counters.try_emplace(std::string(name), name).first->second;
+    return all.counters.try_emplace(std::string(name), name, kind).first->second;
 }
 
 std::vector<CounterReading> readDiagnosticsCounters()
@@ -40,7 +42,7 @@ std::vector<CounterReading> readDiagnosticsCounters()
     std::vector<CounterReading> readings;
     readings.reserve(all.counters.size());
     for (const auto& [name, counter] : all.counters)
-        readings.push_back({name, counter.value()});
+        readings.push_back({name, counter.value(), counter.kind()});
     return readings;
 }
 

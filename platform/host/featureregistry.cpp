@@ -86,7 +86,9 @@ std::vector<SwitchReading> listSwitches()
 bool setSwitch(std::string_view name, int value)
 {
     const auto states = SwitchRegister::instance().named(name);
-    const auto accepts = [&](const auto& state) { return !state->accepts || state->accepts(value); };
+    const auto accepts = [&](const auto& state) {
+        return !state->accepts || state->accepts(value);
+    };
     if (states.empty() || !std::all_of(states.begin(), states.end(), accepts))
         return false;
     for (const auto& state : states)

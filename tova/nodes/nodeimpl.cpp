@@ -9,23 +9,11 @@
 #include "nodes/reparentguard.h"
 #include "nodes/scenelink.h"
 
-#include "host/diagnosticscounter.h"
-
 #include <QPainter>
 
 #include <cstring>
 
 namespace Tova2 {
-
-namespace {
-
-Host::DiagnosticsCounter& instances()
-{
-    static auto& counter = Host::DiagnosticsCounter::counter("Node:Node raw instance count");
-    return counter;
-}
-
-} // namespace
 
 NodeChangeSink& NodeChangeSink::fallback()
 {
@@ -46,10 +34,7 @@ void NodeImpl::operator delete(void* block, std::size_t size) noexcept
     NodePool::release(block, size);
 }
 
-NodeImpl::NodeImpl()
-{
-    instances().increment();
-}
+NodeImpl::NodeImpl() = default;
 
 NodeImpl::~NodeImpl()
 {
@@ -57,7 +42,6 @@ NodeImpl::~NodeImpl()
     m_isReady = false;
     forgetEffectPictures();
     detachChildren();
-    instances().decrement();
 }
 
 void NodeImpl::destroy()

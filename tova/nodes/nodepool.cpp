@@ -1,6 +1,6 @@
 #include "nodes/nodepool.h"
 
-#include "host/diagnosticscounter.h"
+#include "nodes/nodecounters.h"
 
 #include <array>
 #include <deque>
@@ -16,10 +16,10 @@ namespace {
 constexpr std::size_t kGranularity = 16;
 constexpr std::size_t kLargestPooled = 512;
 
-Host::DiagnosticsCounter& pooled()
+/// By size alone, so that every kind of build shows the same figures.
+Host::DiagnosticsCounter& counterOf(std::size_t size)
 {
-    static auto& counter = Host::DiagnosticsCounter::counter("Node:Node pool instance count");
-    return counter;
+    return size > kLargestPooled ? NodeCounters::rawNodes() : NodeCounters::pooledNodes();
 }
 
 } // namespace
@@ -29,13 +29,13 @@ Host::DiagnosticsCounter& pooled()
 void* allocate(std::size_t size)
 {
     void* const block = ::operator new(size);
-    pooled().increment();
+    counterOf(size).increment();
     return block;
 }
 
 void release(void* block, std::size_t size) noexcept
 {
-    pooled().decrement();
+    counterOf(size).decrement();
     ::operator delete(block, size);
 }
 
@@ -119,13 +119,13 @@ void retire(void* block, std::size_t size) noexcept
 void* allocate(std::size_t size)
 {
     void* const block = take(size);
-    pooled().increment();
+    counterOf(size).increment();
     return block;
 }
 
 void release(void* block, std::size_t size) noexcept
 {
-    pooled().decrement();
+    counterOf(size).decrement();
 #if defined(NDEBUG)
     giveBack(block, size);
 #else

@@ -135,7 +135,8 @@ void addOutlines(QPainterPath& path, const QGlyphRun& run)
 TextLayout::TextLayout(const std::string& text, const Vetra::Font& font,
                        HorizontalAlignment alignment)
 {
-    static auto& made = Host::DiagnosticsCounter::counter("Node:Text layouts made");
+    static auto& made =
+        Host::DiagnosticsCounter::counter("Node:Text layouts made", Host::CounterKind::Total);
     made.increment();
     const int reference = referenceSizeOf(font);
     m_scale = font.size() / reference;

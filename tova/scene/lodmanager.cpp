@@ -17,7 +17,12 @@ LODManager& LODManager::instance()
 
 void registerStandardStrategies()
 {
-    LODManager::instance();
+    LODManager::instance().d->addStandard();
+}
+
+void unregisterStandardStrategies()
+{
+    LODManager::instance().d->removeStandard();
 }
 
 void LODManager::registerStrategy(const boost::shared_ptr<LODStrategy>& strategy)

@@ -12,11 +12,24 @@
 
 namespace Tova2 {
 
-LODManagerPrivate::LODManagerPrivate() : m_default(boost::make_shared<LODStrategy>())
+LODManagerPrivate::LODManagerPrivate()
+    : m_standard{boost::make_shared<LODStrategy>(), boost::make_shared<FullQualityLODStrategy>(),
+                 boost::make_shared<MassiveModelLODStrategy>()}
+    , m_default(m_standard.front())
 {
-    add(m_default);
-    add(boost::make_shared<FullQualityLODStrategy>());
-    add(boost::make_shared<MassiveModelLODStrategy>());
+    addStandard();
+}
+
+void LODManagerPrivate::addStandard()
+{
+    for (const StrategyPtr& strategy : m_standard)
+        m_registered.try_emplace(strategy->getID(), strategy);
+}
+
+void LODManagerPrivate::removeStandard()
+{
+    for (const StrategyPtr& strategy : m_standard)
+        remove(strategy);
 }
 
 void LODManagerPrivate::add(const StrategyPtr& strategy)

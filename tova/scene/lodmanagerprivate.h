@@ -4,6 +4,7 @@
 
 #include <boost/shared_ptr.hpp>
 
+#include <array>
 #include <cstddef>
 #include <map>
 #include <vector>
@@ -19,6 +20,10 @@ public:
     LODManagerPrivate();
 
     void add(const StrategyPtr& strategy);
+    /// Where a host has not put one of its own under the same id.
+    void addStandard();
+    /// What a scene is drawn by then is the default one.
+    void removeStandard();
     bool remove(const StrategyPtr& strategy);
     bool remove(const Vetra::StringID& id) { return m_registered.erase(id) > 0; }
     bool activate(const Vetra::StringID& id);
@@ -44,6 +49,7 @@ private:
     void leavePaint();
 
     std::map<Vetra::StringID, StrategyPtr> m_registered;
+    const std::array<StrategyPtr, 3> m_standard;
     const StrategyPtr m_default;
     StrategyPtr m_active;
     std::vector<Paint> m_paints; ///< under way, the innermost last
@@ -52,5 +58,7 @@ private:
 /// Brings the manager up with all strategies of the library; for start-up, which need not wait for
 /// the first paint.
 void registerStandardStrategies();
+/// Scenes may be drawn all the same.
+void unregisterStandardStrategies();
 
 } // namespace Tova2

@@ -3,9 +3,9 @@
 #include "nodes/cachebudget.h"
 #include "nodes/nodeimpl.h"
 #include "nodes/paintcontext.h"
+#include "scene/scenecounters.h"
 #include "scene/sceneprivate.h"
 
-#include "host/diagnosticscounter.h"
 #include "vetra/qt.h"
 
 #include <QImage>
@@ -40,12 +40,6 @@ namespace {
 // Item caches serve several canvases at several zooms.
 constexpr std::size_t kPicturesOfItemCache = 4;
 constexpr int kMargin = 2; // pixels, for antialiasing
-
-Host::DiagnosticsCounter& repaints()
-{
-    static auto& counter = Host::DiagnosticsCounter::counter("Scene:Node offscreen repaint count");
-    return counter;
-}
 
 /// Whole pixels that are whole units as well, or 1. A picture that begins at a multiple of them
 /// rounds the rows of letters as the device does.
@@ -104,7 +98,7 @@ QImage draw(NodeImpl& node, const PaintContext& context, const QRect& frame)
     own.flush();
     painter.end();
     image.setDevicePixelRatio(1); // it is drawn pixel by pixel
-    repaints().increment();
+    SceneCounters::offscreenRepaints().increment();
     return image;
 }
 

@@ -15,6 +15,7 @@
 #include "tova/scene/sceneerrors.h"
 #include "vetra/qt.h"
 
+#include <QApplication>
 #include <QPolygonF>
 
 #include <cmath>
@@ -73,7 +74,8 @@ Vetra::Holder<Scene> Scene::createScene()
 
 Scene* Scene::createScenePtr()
 {
-    if (!Host::svGraphicsHasDisplay())
+    // The toolkit's scenes enter themselves into the application object's list.
+    if (!Host::svGraphicsHasDisplay() || !qobject_cast<QApplication*>(QCoreApplication::instance()))
         raise(SceneError::NoSceneWhenDisplayOff);
     // Tools may hold the scene for a moment as they are added.
     Vetra::Holder<Scene> scene(new Scene);

@@ -7,9 +7,9 @@
 #include "scene/backgroundpainter.h"
 #include "scene/crossingmanager.h"
 #include "scene/nodecache.h"
+#include "scene/scenecounters.h"
 #include "scene/scenetools.h"
 
-#include "host/diagnosticscounter.h"
 #include "tova/scene/scenechangetracker.h"
 #include "vetra/qt.h"
 
@@ -22,12 +22,6 @@ namespace Tova2 {
 namespace {
 
 using Snapshot = std::vector<Vetra::Holder<NodeImpl>>;
-
-Host::DiagnosticsCounter& nodesInScenes()
-{
-    static auto& counter = Host::DiagnosticsCounter::counter("Scene:Nodes in scene");
-    return counter;
-}
 
 /// The subtree as it is now, kept alive while a host is told of it.
 Snapshot snapshotOf(NodeImpl& root)
@@ -166,7 +160,7 @@ void ScenePrivate::enter(NodeImpl& node)
     m_bounds.reset();
     ++m_editCounter;
     node.sceneRecord().isCounted = true;
-    nodesInScenes().increment();
+    SceneCounters::nodesInScenes().increment();
     if (isWatched())
         requestRepaint(computeBoxOfSubtree(node));
 }
@@ -198,7 +192,7 @@ void ScenePrivate::leave(NodeImpl& node)
     for (NodeImpl* const left : subtree) {
         // One for each addition: some may have been added by themselves and parented since.
         if (left->sceneRecord().isCounted)
-            nodesInScenes().decrement();
+            SceneCounters::nodesInScenes().decrement();
         if (left->sceneRecord().isUnsettled)
             std::erase(m_unsettled, left);
         m_displayList.strikeOut(*left);

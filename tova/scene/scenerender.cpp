@@ -7,6 +7,7 @@
 #include "tova/scene/scene.h"
 #include "vetra/qt.h"
 
+#include <QCoreApplication>
 #include <QImage>
 #include <QPainter>
 #include <QPicture>
@@ -66,6 +67,12 @@ void paint(ScenePrivate& scene, QPainter& painter, const Rect& target, const Rec
     renderScene(scene, painter, request);
 }
 
+/// Statics may outlive the application object, without which the toolkit's painters crash.
+bool isToolkitGone()
+{
+    return QCoreApplication::closingDown();
+}
+
 } // namespace
 
 Vetra::Holder<Vetra::Image> Scene::render(int margin, const Rect& area, double scale)
@@ -89,7 +96,7 @@ Vetra::Holder<Vetra::Image> Scene::render(int margin, const Rect& area, double s
 
 void Scene::render(QImage& image, const Rect& target, const Rect& source)
 {
-    if (image.isNull())
+    if (image.isNull() || isToolkitGone())
         return;
     QPainter painter(&image);
     const QSizeF size = QSizeF(image.size()) / image.devicePixelRatioF();
@@ -105,6 +112,8 @@ void Scene::render(QPainter& painter, const Rect& target, const Rect& source)
 
 void Scene::render(QPicture& picture, const Rect& target, const Rect& source)
 {
+    if (isToolkitGone())
+        return;
     QPainter painter(&picture);
     // A picture has no size of its own: unscaled unless the caller says otherwise.
     const QRectF natural = source.isValid() ? QRectF(QPointF(), Vetra::toQt(source).size())

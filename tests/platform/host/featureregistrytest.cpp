@@ -82,7 +82,8 @@ TEST(FeatureRegistryTest, ACallbackMaySetItsSwitchDestroyItOrThrow)
 TEST(FeatureRegistryTest, APlainFeatureStaysAsItWasFirstMadeAndMayRefuse)
 {
     told.clear();
-    registerFeature("Plain", 1, [](int value) { return value < 2; }, tell);
+    registerFeature(
+        "Plain", 1, [](int value) { return value < 2; }, tell);
     EXPECT_TRUE(setSwitch("Plain", 0));
     EXPECT_FALSE(setSwitch("Plain", 2));
     registerFeature("Plain", 1, nullptr, nullptr);

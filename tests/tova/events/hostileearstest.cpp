@@ -128,7 +128,7 @@ class HostileEarsTest : public testing::TestWithParam<std::tuple<const char*, Ho
 
 std::int64_t instances()
 {
-    return Host::DiagnosticsCounter::counter("Node:Node raw instance count").value();
+    return Host::DiagnosticsCounter::counter("Node:Node pool instance count").value();
 }
 
 TEST_P(HostileEarsTest, WhateverAListenerDoesTheNextEventWorks)

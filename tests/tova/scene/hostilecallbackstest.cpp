@@ -254,7 +254,7 @@ void World::checkWhole()
 
 std::int64_t instances()
 {
-    return Host::DiagnosticsCounter::counter("Node:Node raw instance count").value();
+    return Host::DiagnosticsCounter::counter("Node:Node pool instance count").value();
 }
 
 TEST(HostileCallbacksTest, AnyCallFromAnyCallbackLeavesScenesWhole)

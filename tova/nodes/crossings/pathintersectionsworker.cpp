@@ -14,7 +14,8 @@ namespace {
 
 Host::DiagnosticsCounter& passes()
 {
-    static auto& counter = Host::DiagnosticsCounter::counter("Paths:Crossing passes");
+    static auto& counter =
+        Host::DiagnosticsCounter::counter("Paths:Crossing passes", Host::CounterKind::Total);
     return counter;
 }
 

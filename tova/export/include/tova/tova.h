@@ -110,3 +110,5 @@
 
 #include "tova/layout/autolayoutpanel.h"
 #include "tova/layout/canvasaffinity.h"
+
+#include "tova/main/initialize.h"

@@ -18,7 +18,7 @@ class Scene;
 /// for the process; lives as long as it does. GUI thread only.
 ///
 /// The default strategy, `FullQualityLODStrategy` and `MassiveModelLODStrategy` are registered from
-/// the start.
+/// the start until `terminate_tova`.
 class TOVA_EXPORT LODManager {
 public:
     static LODManager& instance();
@@ -49,6 +49,8 @@ public:
 private:
     friend class DetailScope;
     friend class Scene;
+    friend void registerStandardStrategies();
+    friend void unregisterStandardStrategies();
     LODManager();
     ~LODManager();
 

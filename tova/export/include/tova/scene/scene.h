@@ -44,7 +44,7 @@ class ToolFactory;
 /// it walks a result.
 class TOVA_EXPORT Scene : public Vetra::Referenced, public IToolStack, public EventHandler {
 public:
-    /// Throws tova:scene/NoSceneWhenDisplayOff when the host has no display.
+    /// Throws tova:scene/NoSceneWhenDisplayOff when the host has no display or no QApplication.
     static Vetra::Holder<Scene> createScene();
     /// A copy is one more owner of the same content.
     Scene(const Scene& other);
@@ -222,6 +222,7 @@ public:
     int getDpiY() const { return 72; }
 
     // Rendering off screen. Whatever a node's own painter throws reaches the caller.
+    // Once the application object is gone nothing is painted any more.
 
     /// The area at `scale` pixels a point with `margin` pixels on each side, on a white ground; an
     /// empty area stands for the scene's bounds. A null image when it would exceed the library's
