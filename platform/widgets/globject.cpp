@@ -2,7 +2,6 @@
 
 #include "vetra/errorreporter.h"
 
-#include <algorithm>
 #include <cstring>
 #include <exception>
 
@@ -32,13 +31,6 @@ GLObject::~GLObject()
     if (m_stage == Stage::Alive)
         end();
     m_life->object = nullptr;
-}
-
-GLObject* GLObject::findChild(const Vetra::StringID& name) const
-{
-    const auto found = std::find_if(m_children.begin(), m_children.end(),
-                                    [&](const GLObject* child) { return child->m_name == name; });
-    return found == m_children.end() ? nullptr : *found;
 }
 
 void GLObject::destroy()

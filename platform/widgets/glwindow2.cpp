@@ -76,17 +76,6 @@ void GLWindow2::setContent(GLWidget2* content)
         filling->destroy(); // refused
 }
 
-void GLWindow2::raise()
-{
-    QWidget* const window = toQt(*this);
-    if (!window)
-        return;
-    window->setWindowState(window->windowState() & ~Qt::WindowMinimized);
-    window->show();
-    window->raise();
-    window->activateWindow();
-}
-
 void GLWindow2::close()
 {
     if (QWidget* const window = toQt(*this))

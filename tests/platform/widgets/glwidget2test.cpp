@@ -6,8 +6,8 @@
 #include "widgets/glwindow2.h"
 #include "widgets/objectwatch.h"
 
+#include <QApplication>
 #include <QPointer>
-#include <QTimer>
 
 #include <stdexcept>
 
@@ -30,6 +30,34 @@ TEST(GLWidget2Test, DoesNothingOnceTheToolkitHasDeletedItsWidget)
     EXPECT_FALSE(plain->isVisible() || plain->isEnabled() || plain->hasFocus());
     EXPECT_EQ(plain->getCursor(), Vetra::Cursor());
     plain->destroy();
+}
+
+TEST(GLWidget2Test, StandsForTheToolkitsWidget)
+{
+    auto* const window = new GLWindow2("window", nullptr);
+    auto* const part = new Plain("part", window);
+    window->setGeometry({100, 200, 90, 80});
+    part->setGeometry({10, 20, 30, 40});
+    EXPECT_EQ(part->getGlobalPosition(), Rect(110, 220, 30, 40));
+    EXPECT_EQ(part->getPosition(), (Vetra::GLPoint<int>{10, 20}));
+    window->setTitle(u"title");
+    EXPECT_EQ(window->getTitle(), u"title");
+    window->setCursor(Vetra::CursorShape::Cross);
+    EXPECT_EQ(part->getCursor(), Vetra::CursorShape::Cross);
+    part->setCursor(Vetra::CursorShape::IBeam);
+    part->unsetCursor();
+    EXPECT_EQ(part->getCursor(), Vetra::CursorShape::Cross);
+    window->setEnabled(false);
+    EXPECT_FALSE(part->isEnabled());
+    window->setEnabled(true);
+    window->show();
+    QApplication::setActiveWindow(toQt(*window));
+    part->setFocus();
+    EXPECT_TRUE(part->hasFocus());
+    part->clearFocus();
+    EXPECT_FALSE(part->hasFocus());
+    EXPECT_TRUE(window->isa("Widgets.Widget") && !part->isa("Widgets.Window"));
+    window->destroy();
 }
 
 TEST(GLWidget2Test, KeepsItsGeometryWithinReach)

@@ -43,8 +43,6 @@ public:
     GLObject* getParent() const noexcept { return m_parent; }
     /// In the order in which they were made.
     const std::vector<GLObject*>& getChildren() const noexcept { return m_children; }
-    /// The first child of that name, or null.
-    GLObject* findChild(const Vetra::StringID& name) const;
 
     /// Leaves the parent, announces the end, ends the children, the youngest first, and has the
     /// object deleted. Allowed at any time, inside its own callbacks and twice, too.

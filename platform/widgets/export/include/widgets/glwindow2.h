@@ -24,8 +24,6 @@ public:
     /// content before is hidden and left without a place.
     void setContent(GLWidget2* content);
 
-    /// Shows it in front of the others, no longer minimised.
-    void raise();
     /// As if the user had closed it.
     void close();
 
