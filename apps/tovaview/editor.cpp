@@ -20,6 +20,8 @@ Editor::Editor(Tova2::GLCanvas& canvas, std::unique_ptr<DiagramDocument> documen
 {
     m_selection.changed().connect(this, [this] { showSelection(); });
     m_tool->banded().connect(this, [this](const Rect& band) { m_canvas.setMarquee(band); });
+    m_canvas.connectTo(&Tova2::GLCanvasEmitters::scaleChange, this,
+                       [this](double, Tova2::ZoomReason) { placeFrames(); });
     m_tool->moved().connect(this, [this] {
         placeFrames();
         m_changed.send();
@@ -97,7 +99,7 @@ void Editor::showSelection()
 void Editor::placeFrames()
 {
     for (std::size_t i = 0; i < m_frames.size(); ++i)
-        m_frames[i].place(m_document->frameOf(m_selection.blocks()[i]));
+        m_frames[i].place(m_document->frameOf(m_selection.blocks()[i]), m_canvas.getScale());
 }
 
 } // namespace TovaView

@@ -2,6 +2,8 @@
 
 #include <tova/nodes/style/lodscale.h>
 
+#include <algorithm>
+
 namespace TovaView {
 namespace {
 
@@ -38,8 +40,11 @@ SelectionFrame::~SelectionFrame()
         handle.removeAndRelease();
 }
 
-void SelectionFrame::place(const Rect& block)
+void SelectionFrame::place(const Rect& block, double viewScale)
 {
+    const bool hasRoom = std::min(block.width, block.height) * viewScale > 3 * handleSize;
+    for (Tova2::RectNode& handle : m_handles)
+        handle.setVisible(hasRoom);
     const Rect frame = block.grown(gap);
     m_outline.setRect(frame);
     m_handles[0].setPosition(frame.topLeft());

@@ -18,7 +18,8 @@ public:
     SelectionFrame& operator=(SelectionFrame&&) = default;
     ~SelectionFrame();
 
-    void place(const Rect& block);
+    /// At a view scale at which the squares would cover a small block, they do not show.
+    void place(const Rect& block, double viewScale);
 
 private:
     Tova2::RectNode m_outline;

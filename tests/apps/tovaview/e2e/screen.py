@@ -79,8 +79,10 @@ class Screen:
     def __init__(self, folder):
         self.processes = []
         reader, writer = os.pipe()
-        self._start(["Xvfb", "-displayfd", str(writer), "-screen", "0",
-                     "%dx%dx24" % self.size, "-nolisten", "tcp"], dict(os.environ), (writer,))
+        # By default the server starts anew, and throws out who is just coming, whenever the last
+        # client leaves.
+        self._start(["Xvfb", "-displayfd", str(writer), "-noreset", "-nolisten", "tcp", "-screen",
+                     "0", "%dx%dx24" % self.size], dict(os.environ), (writer,))
         os.close(writer)
         with os.fdopen(reader) as pipe:
             display = pipe.readline().strip()
