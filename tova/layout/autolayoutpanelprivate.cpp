@@ -145,7 +145,7 @@ Node AutoLayoutPanelPrivate::remove(const Node& member)
     if (!member.isValid() || m_members.indexOf(member) < 0)
         return {};
     const auto keep = keptAlive();
-    const Node removed = member; // the list's own may be what was given
+    Node removed = member; // the list's own may be what was given
     DeferredError error;
     take(removed, error);
     error.run([this] { requestLayout(); });

@@ -9,12 +9,14 @@
 #include "vemit/listener.h"
 #include "vetra/referenced.h"
 
+#include <QRectF>
+
 #include <optional>
+#include <vector>
 
 namespace Tova2 {
 
 class DeferredError;
-struct MemberBox;
 
 /// State and work of a panel, which listens here to all that makes it lay out again.
 class AutoLayoutPanelPrivate final : public Vemit::Listener {

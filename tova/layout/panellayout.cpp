@@ -7,7 +7,6 @@
 
 #include "vetra/qt.h"
 
-#include <algorithm>
 #include <cmath>
 
 namespace Tova2 {
