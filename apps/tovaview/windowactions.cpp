@@ -1,5 +1,7 @@
 #include "windowactions.h"
 
+#include <vetra/errorreporter.h>
+
 #include <QAction>
 #include <QActionGroup>
 #include <QMainWindow>
@@ -66,7 +68,14 @@ QAction* WindowActions::add(QMenu& menu, const char* text, const char* keys,
 {
     QAction* action = menu.addAction(QString::fromUtf8(text));
     action->setShortcuts(QKeySequence::listFromString(QString::fromLatin1(keys)));
-    QObject::connect(action, &QAction::triggered, action, [command] { command(); });
+    QObject::connect(action, &QAction::triggered, action, [command] {
+        // Nothing may be thrown through the toolkit, and a lack of memory can come from anywhere.
+        try {
+            command();
+        } catch (...) {
+            Vetra::reportError(std::current_exception(), "Menu");
+        }
+    });
     return action;
 }
 
