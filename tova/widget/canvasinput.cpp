@@ -10,7 +10,10 @@
 #include "vetra/qtevents.h"
 
 #include <QKeyEvent>
+#include <QMetaObject>
 #include <QMouseEvent>
+
+#include <utility>
 
 namespace Tova2 {
 
@@ -51,6 +54,22 @@ bool CanvasInput::dispatch(QEvent& event)
     if (isTaken) // otherwise it is for the toolkit to say, which moves the focus by keys
         event.accept();
     return isTaken;
+}
+
+void CanvasInput::viewChanged()
+{
+    if (!std::exchange(m_isHoverDue, true))
+        QMetaObject::invokeMethod(
+            &m_turn, [this] { hoverAnew(); }, Qt::QueuedConnection);
+}
+
+void CanvasInput::hoverAnew()
+{
+    m_isHoverDue = false;
+    const Widgets::GLObject::Use use(m_canvas);
+    // While it glides, what passes under the pointer is not meant.
+    if (!use.hasEnded() && !m_canvas.movingWithMomentum())
+        m_dispatcher.viewChanged();
 }
 
 bool CanvasInput::takesInput() const

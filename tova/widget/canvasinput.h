@@ -3,6 +3,8 @@
 #include "widget/eventdispatcher.h"
 #include "widget/input/dispatchhost.h"
 
+#include <QObject>
+
 class QWidget;
 
 namespace Tova2 {
@@ -18,6 +20,8 @@ public:
     /// Whether the toolkit is done with the event. If so, canvas and widget may have gone.
     bool dispatch(QEvent& event);
     EventDispatcher& dispatcher() { return m_dispatcher; }
+    /// Brings up to date what is hovered, with the next turn of the event loop.
+    void viewChanged();
 
 private:
     Vetra::GLRect<double> autoscrollArea() const override;
@@ -28,7 +32,11 @@ private:
     Vetra::GLMimeData dragData() const override;
     void setDragData(const Vetra::GLMimeData& data) override;
 
+    void hoverAnew();
+
     GLCanvas& m_canvas;
+    QObject m_turn; ///< receives what waits for the next turn of the event loop
+    bool m_isHoverDue = false;
     EventDispatcher m_dispatcher;
 };
 

@@ -244,6 +244,13 @@ void EventDispatcher::deliver(MouseEvent& event)
     parts->core.send(event);
 }
 
+void EventDispatcher::viewChanged()
+{
+    const auto parts = m_parts;
+    if (parts->core.isOpen() && parts->core.host().takesInput())
+        parts->mouse.repeatMove();
+}
+
 void EventDispatcher::cancelGesture()
 {
     const auto parts = m_parts;

@@ -36,6 +36,8 @@ public:
     bool dispatch(QEvent& event);
     /// One that was made up, as by the autoscroller.
     void deliver(MouseEvent& event);
+    /// The view shows another part of the scene, so that something else may lie under the pointer.
+    void viewChanged();
     /// Cancels what goes on, such as before a drag that swallows the release.
     void cancelGesture();
     /// To be called once the canvas shows another scene, or none.

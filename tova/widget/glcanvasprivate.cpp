@@ -74,6 +74,7 @@ void GLCanvasPrivate::viewChanged(double scaleBefore, ZoomReason reason)
     if (m_widget)
         m_widget->update();
     webBlock.place(m_view);
+    m_input->viewChanged();
     placeScrollbars();
     if (!use.hasEnded() && m_view.scale() != scaleBefore)
         m_emitters.scaleChange.send(m_view.scale(), reason);
@@ -200,6 +201,7 @@ void GLCanvasPrivate::setMovingWithMomentum(bool on)
         return;
     // The exact place, which the moving picture was less than a pixel off.
     placePicture();
+    m_input->viewChanged();
     if (m_widget)
         m_widget->update(m_picture.due());
 }

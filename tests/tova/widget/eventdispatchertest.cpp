@@ -1,6 +1,7 @@
 #include "widget/dispatchbench.h"
 
 #include "support/rows.h"
+#include "tova/nodes/nodeemitters.h"
 #include "tova/nodes/rectnode.h"
 #include "tova/widget/glcanvas.h"
 #include "widgets/qt.h"
@@ -282,6 +283,24 @@ TEST(EventDispatcherTest, LeavesTheGestureOnAnotherCanvasOfTheSceneAlone)
     EXPECT_FALSE(tool.isIdle());
     bench.send(QEvent(QEvent::Hide));
     EXPECT_TRUE(tool.isIdle());
+}
+
+TEST(EventDispatcherTest, HoversAnewWhenTheViewMovesUnderAPointerThatRests)
+{
+    auto* const canvas = new GLCanvas(Vetra::StringID("canvas"));
+    const auto scene = Scene::createScene();
+    Node node = scene->addNode(RectNode({100, 100, 50, 50}));
+    int entered = 0;
+    node.connectTo(&NodeEmitters::hoverEnter,
+                   [&](Event&, const NodeEmitters::Tags&) { ++entered; });
+    canvas->setScene(scene.get());
+    QMouseEvent over(kMove, {10, 10}, {10, 10}, Qt::NoButton, {}, {});
+    QCoreApplication::sendEvent(Widgets::toQt(*canvas), &over);
+    EXPECT_EQ(entered, 0);
+    canvas->showScenePointAtViewPointAtScale({100, 100}, {0, 0}, 1);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(entered, 1);
+    canvas->destroy();
 }
 
 TEST(EventDispatcherTest, TabMovesTheFocusOnByOneWidget)

@@ -77,6 +77,7 @@ public:
     // Handlers hear of each coming one going, and the other way round: also when the scene is
     // exchanged meanwhile.
 
+    bool isPointerInside() const { return isOpen() && m_isPointerInside; }
     void enterCanvas();
     void leaveCanvas();
     void takeFocus(Vetra::FocusReason reason);

@@ -69,10 +69,21 @@ void MouseInput::move(const Vetra::GLMouseEvent2& event)
         m_core.enterCanvas();
     if (!m_core.isOpen())
         return;
+    m_lastMove = event;
     tellAutoscroller(event);
     MouseEvent move(EventType::MouseMoveEvent, event);
     if (m_core.send(move))
         beginDrag(event);
+}
+
+void MouseInput::repeatMove()
+{
+    if (!m_lastMove || !m_core.isPointerInside() || !m_core.held.isEmpty() ||
+        (m_core.scene() && m_core.scene()->hasActiveOrAlertTool()))
+        return;
+    m_lastMove->buttons = {};
+    MouseEvent move(EventType::MouseMoveEvent, *m_lastMove);
+    m_core.send(move);
 }
 
 void MouseInput::beginDrag(const Vetra::GLMouseEvent2& event)

@@ -19,6 +19,9 @@ public:
     void press(EventType type, const Vetra::GLMouseEvent2& event);
     void move(const Vetra::GLMouseEvent2& event);
     void release(const Vetra::GLMouseEvent2& event);
+    /// The view has moved under a pointer that rests: another node may be hovered. Nothing in the
+    /// middle of a gesture.
+    void repeatMove();
     void contextMenu(const Vetra::GLContextMenuEvent2& event);
     /// Cancels the gesture when a button that it counts on is not among these.
     void settle(Vetra::MouseButtons reallyHeld);
@@ -28,7 +31,8 @@ private:
     void beginDrag(const Vetra::GLMouseEvent2& event);
 
     DispatchCore& m_core;
-    std::optional<MouseEvent> m_dragStart;            ///< the press that a drag may still come of
+    std::optional<MouseEvent> m_dragStart; ///< the press that a drag may still come of
+    std::optional<Vetra::GLMouseEvent2> m_lastMove;
     std::optional<Vetra::GLPoint<int>> m_menuShownAt; ///< on the desktop, since the last press
 };
 
