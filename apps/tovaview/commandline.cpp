@@ -76,6 +76,13 @@ bool readInspect(const QString& text, Options& options)
     return options.inspect > 0;
 }
 
+/// Only who knows the switches can tell what is wrong with one.
+bool readSetting(const QString& text, Options& options)
+{
+    options.settings << text;
+    return true;
+}
+
 /// Links resolved, as far as the file exists.
 QString wholePath(const QString& path)
 {
@@ -103,6 +110,7 @@ constexpr ValueOption valueOptions[] = {
     {"--decorator", "one of hop, pin, grad_pin, light_pin, none", readDecorator},
     {"--background", "the name of a colour, #rrggbb or #rrggbbaa", readBackground},
     {"--lod", "one of default, fullquality, massivemodel", readDetail},
+    {"--set", "the name of a switch, = and a whole number", readSetting},
 };
 
 struct Flag {
@@ -111,8 +119,13 @@ struct Flag {
 };
 
 constexpr Flag flags[] = {
-    {"--stats", &Options::stats}, {"--version", &Options::version}, {"-v", &Options::version},
-    {"--help", &Options::help},   {"-h", &Options::help},
+    {"--features", &Options::features},
+    {"--counters", &Options::counters},
+    {"--stats", &Options::stats},
+    {"--version", &Options::version},
+    {"-v", &Options::version},
+    {"--help", &Options::help},
+    {"-h", &Options::help},
 };
 
 /// One pass over the arguments; stops at the first fault.
@@ -202,6 +215,11 @@ bool Options::isBatch() const
     return !exportTo.isEmpty() || !dumpTo.isEmpty() || inspect || stats;
 }
 
+bool Options::isListing() const
+{
+    return features && file.isEmpty() && !isBatch();
+}
+
 Options parseArguments(const QStringList& arguments)
 {
     return Parser(arguments).parse();
@@ -212,7 +230,8 @@ QString usage()
     return QStringLiteral(
         "Usage: tovaview [FILE] [--export OUT.png|OUT.pdf] [--scale S | --size WxH]\n"
         "                [--decorator NAME] [--lod NAME] [--background COLOR]\n"
-        "                [--dump OUT.json] [--inspect ID] [--stats] [--version] [--help]\n"
+        "                [--dump OUT.json] [--inspect ID] [--stats] [--set NAME=VALUE ...]\n"
+        "                [--features] [--counters] [--version] [--help]\n"
         "\n"
         "Shows a Graphviz diagram: DOT (.dot, .gv; laid out by dot) or plain output (.plain).\n"
         "Its blocks can be moved, and the connectors follow; F1 lists the keys. Without a FILE it\n"
@@ -227,7 +246,12 @@ QString usage()
         "  --lod NAME        draw small zooms by default, fullquality or massivemodel (default)\n"
         "  --dump OUT        write one JSON object a node\n"
         "  --inspect ID      print what is known of the node that has this id in the dump\n"
-        "  --stats           print counts, bounds and times as one line of JSON\n");
+        "  --stats           print counts, bounds and times as one line of JSON\n"
+        "  --set NAME=VALUE  give a switch of the library a whole number; may be repeated\n"
+        "  --features        list the switches, their values and how often each was read; with a\n"
+        "                    FILE when all is done\n"
+        "  --counters        in the end list what is left of what the library counts, which is 0,\n"
+        "                    and how much it has done\n");
 }
 
 } // namespace TovaView

@@ -20,11 +20,15 @@ struct Options {
     QString detail = QStringLiteral("default");     ///< how small zooms are drawn
     std::optional<Vetra::Color> background;         ///< instead of the diagram's own
     int inspect = 0;                                ///< id in the dump; 0: none
+    QStringList settings;                           ///< of switches, each as NAME=VALUE
+    bool features = false, counters = false;        ///< to be listed in the end
     bool stats = false, version = false, help = false;
     QString error; ///< what is wrong with the command line; empty when nothing is
 
     /// Whether something is to be written or printed, and nothing shown.
     bool isBatch() const;
+    /// Whether the switches are all that was asked for.
+    bool isListing() const;
 };
 
 /// `arguments` without the program's name.

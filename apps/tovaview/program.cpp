@@ -6,6 +6,7 @@
 #include "diagramfile.h"
 #include "exporter.h"
 #include "fileerror.h"
+#include "hostservices.h"
 #include "mainwindow.h"
 #include "scenebuilder.h"
 #include "scenedump.h"
@@ -15,6 +16,7 @@
 #include <QFile>
 #include <QFileInfo>
 
+#include <algorithm>
 #include <clocale>
 #include <cstdio>
 #include <cstdlib>
@@ -217,6 +219,33 @@ int runGuarded(const Options& options)
     return faultyFile;
 }
 
+int runApplication(const Options& options, char** argv)
+{
+    choosePlatform(options);
+    // Only our own arguments count: Qt's, such as -platform, have been refused by the parser.
+    int noArguments = 1;
+    const QApplication application(noArguments, argv);
+    if (!options.isBatch() && hasScreen())
+        return showWindow(options);
+    if (options.file.isEmpty())
+        return sayUsageError(QStringLiteral("no file given, and no display to show one"));
+    return runGuarded(options);
+}
+
+int runWithLibrary(const Options& options, char** argv)
+{
+    const LibraryRun library;
+    for (const QString& failure : library.failures())
+        sayError(oneLine(failure));
+    const QString error = setSwitches(options.settings);
+    if (!error.isEmpty()) {
+        sayError(oneLine(error));
+        return faultyUsage;
+    }
+    const int code = options.isListing() ? 0 : runApplication(options, argv);
+    return !options.features || print(switchTable()) ? code : std::max(code, faultyFile);
+}
+
 QStringList decode(int argc, char** argv)
 {
     QStringList arguments;
@@ -238,15 +267,10 @@ int runProgram(int argc, char** argv)
         return print(usage().toUtf8()) ? 0 : faultyFile;
     if (options.version)
         return print("tovaview " TOVAVIEW_VERSION "\n") ? 0 : faultyFile;
-    choosePlatform(options);
-    // Only our own arguments count: Qt's, such as -platform, have been refused above.
-    int noArguments = 1;
-    const QApplication application(noArguments, argv);
-    if (!options.isBatch() && hasScreen())
-        return showWindow(options);
-    if (options.file.isEmpty())
-        return sayUsageError(QStringLiteral("no file given, and no display to show one"));
-    return runGuarded(options);
+    const int code = runWithLibrary(options, argv);
+    if (!options.counters)
+        return code;
+    return print(counterTable()) && livingThings() == 0 ? code : std::max(code, faultyFile);
 }
 
 } // namespace TovaView

@@ -5,10 +5,9 @@ namespace Tova2::Features {
 const Host::FrFeature& metafileVersionOverride()
 {
     // Hosts look the description up as it is, misspelt.
-    static const Host::FrFeature feature("FRMetafileVersionOverride",
-                                         "Ferro Feature: Export EMF only metafilen",
-                                         "emf/emfdevice", "Ferro UI [Printing]", 1009938, 0,
-                                         nullptr);
+    static const Host::FrFeature feature(
+        "FRMetafileVersionOverride", "Ferro Feature: Export EMF only metafilen", "emf/emfdevice",
+        "Ferro UI [Printing]", 1009938, 0, nullptr);
     return feature;
 }
 
@@ -21,10 +20,9 @@ const Host::FrFeature& segvLogging()
 
 const Host::FrFeature& mathGraphicsInRichAnnotations()
 {
-    static const Host::FrFeature feature("MathGraphicsInRichAnnotations",
-                                         "MathGraphics support in Rich Text Annotations",
-                                         "nodes/richtextnodeimplstate", "Oxstudio [Editors]",
-                                         1222209, 0, nullptr);
+    static const Host::FrFeature feature(
+        "MathGraphicsInRichAnnotations", "MathGraphics support in Rich Text Annotations",
+        "nodes/richtextnodeimplstate", "Oxstudio [Editors]", 1222209, 0, nullptr);
     return feature;
 }
 

@@ -1,3 +1,4 @@
+#include "support/rows.h"
 #include "temporaryfolder.h"
 
 #include <gmock/gmock.h>
@@ -11,6 +12,7 @@
 namespace TovaView {
 namespace {
 
+using testing::ContainsRegex;
 using testing::HasSubstr;
 
 struct Outcome {
@@ -144,6 +146,62 @@ TEST(ProgramTest, WithoutADisplayWritesBesideAndSaysWhere)
     EXPECT_EQ(outcome.code, 0);
     EXPECT_THAT(outcome.messages, HasSubstr("a.dot.png"));
     EXPECT_FALSE(QImage(folder.path("a.dot.png")).isNull());
+}
+
+TEST(ProgramTest, SetsAndListsSwitches)
+{
+    const Outcome outcome =
+        runViewer({QStringLiteral("--set"), QStringLiteral("SegvLogging=0"),
+                   QStringLiteral("--set=MathGraphicsTextNode=-3"), QStringLiteral("--features")});
+    EXPECT_EQ(outcome.code, 0) << outcome.messages;
+    EXPECT_THAT(outcome.output,
+                ContainsRegex("\nSegvLogging +0 +1 +0  Ferro UI +Log user interactions"));
+    EXPECT_THAT(
+        outcome.output,
+        ContainsRegex("\nMathGraphicsTextNode +-3 +0 +0  Oxstudio .Editors. +MathGraphics"));
+    EXPECT_THAT(outcome.output, ContainsRegex("\nRichTextToolBar +1 +1 +0\n"));
+}
+
+struct SettingCase : NamedRow {
+    const char *setting, *complaint;
+};
+
+class BadSettingTest : public testing::TestWithParam<SettingCase> {};
+
+TEST_P(BadSettingTest, IsRefusedInOneLine)
+{
+    const Outcome outcome = runViewer({QStringLiteral("--features"), QStringLiteral("--set"),
+                                       QString::fromUtf8(GetParam().setting)});
+    EXPECT_EQ(outcome.code, 2);
+    EXPECT_EQ(outcome.output, "");
+    EXPECT_EQ(outcome.messages, std::string("tovaview: ") + GetParam().complaint + "\n");
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Program, BadSettingTest,
+    testing::Values(
+        SettingCase{{"UnknownName"}, "Segv=1", "there is no switch Segv; --features lists them"},
+        SettingCase{{"NoValue"},
+                    "SegvLogging",
+                    "--set needs NAME=VALUE with a whole number, not SegvLogging"},
+        SettingCase{{"NoName"}, "=1", "--set needs NAME=VALUE with a whole number, not =1"},
+        SettingCase{{"ValueWithRest"},
+                    "SegvLogging=1x",
+                    "--set needs NAME=VALUE with a whole number, not SegvLogging=1x"},
+        SettingCase{{"ValueBeyondInt"},
+                    "SegvLogging=2147483648",
+                    "--set needs NAME=VALUE with a whole number, not SegvLogging=2147483648"}),
+    rowName);
+
+TEST(ProgramTest, CountersAreBackAtZeroInTheEnd)
+{
+    const Outcome outcome = runViewer(
+        {diagram("modules.plain"), QStringLiteral("--inspect=1"), QStringLiteral("--counters")});
+    EXPECT_EQ(outcome.code, 0) << outcome.output;
+    for (const char* name : {"Node:Node raw instance count", "Node:Node pool instance count",
+                             "Scene:Nodes in scene", "Scene:Node offscreen repaint count"})
+        EXPECT_THAT(outcome.output, ContainsRegex(std::string(name) + " +0\n"));
+    EXPECT_THAT(outcome.output, ContainsRegex("Paths:Outlines built +[1-9]"));
 }
 
 TEST(ProgramTest, FullStandardOutputIsAnError)
