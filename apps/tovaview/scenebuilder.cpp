@@ -76,21 +76,6 @@ Figure strikeOf(const TextPiece& text)
             LineStyle{text.color, text.size / 16}};
 }
 
-/// Of the letters: spaces at either end need no room.
-Rect inkOf(const TextPiece& text)
-{
-    Rect rect = TextFitter(text).rect();
-    if (text.text == text.text.trimmed())
-        return rect;
-    TextPiece rest = text;
-    rest.text = text.text.trimmed();
-    const double width = TextFitter(rest).rect().width;
-    rest.text += text.text.mid(text.text.indexOf(rest.text) + rest.text.size());
-    rect.x = rect.right() - TextFitter(rest).rect().width;
-    rect.width = width;
-    return rect;
-}
-
 Tova2::Node containerAt(const Point& origin)
 {
     Tova2::ContainerNode container;

@@ -77,4 +77,18 @@ Tova2::TextNode TextFitter::makeNode(const Point& origin) const
     return node;
 }
 
+Rect inkOf(const TextPiece& text)
+{
+    Rect rect = TextFitter(text).rect();
+    if (text.text == text.text.trimmed())
+        return rect;
+    TextPiece rest = text;
+    rest.text = text.text.trimmed();
+    const double width = TextFitter(rest).rect().width;
+    rest.text += text.text.mid(text.text.indexOf(rest.text) + rest.text.size());
+    rect.x = rect.right() - TextFitter(rest).rect().width;
+    rect.width = width;
+    return rect;
+}
+
 } // namespace TovaView

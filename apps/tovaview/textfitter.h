@@ -24,4 +24,7 @@ private:
     double m_squeeze = 1; ///< horizontal scale; 1 when the text is no wider than its room
 };
 
+/// Of the letters: spaces at either end need no room.
+Rect inkOf(const TextPiece& text);
+
 } // namespace TovaView
