@@ -28,9 +28,8 @@ QString setSwitch(const QString& setting)
     if (Host::setSwitch(name.toStdString(), value))
         return {};
     const auto all = Host::listSwitches();
-    const bool isKnown = std::any_of(all.begin(), all.end(), [&](const auto& known) {
-        return text(known.name) == name;
-    });
+    const bool isKnown = std::any_of(all.begin(), all.end(),
+                                     [&](const auto& known) { return text(known.name) == name; });
     return isKnown ? QStringLiteral("%1 does not take %2").arg(name).arg(value)
                    : QStringLiteral("there is no switch %1; --features lists them").arg(name);
 }

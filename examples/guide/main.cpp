@@ -17,6 +17,7 @@ struct Page {
 constexpr Page kPages[] = {
     {"ownership", ownershipPage}, {"coordinates", coordinatesPage}, {"change", changePage},
     {"crossings", crossingsPage}, {"level-of-detail", detailPage},  {"writing-a-node", nodePage},
+    {"start-up", startUpPage},
 };
 
 QImage sheetOf(const std::vector<QImage>& pictures)

@@ -10,3 +10,4 @@ QImage changePage();
 QImage crossingsPage();
 QImage detailPage();
 QImage nodePage();
+QImage startUpPage(); // the last: it ends the library

@@ -1,5 +1,6 @@
 // What a host needs from the installed libraries: headers that stand alone, a picture with the
 // right pixels, and errors that can be caught on this side of a shared library.
+#include <host/featureregistry.h>
 #include <tova/tova.h>
 #include <vetra/error.h>
 
@@ -33,6 +34,13 @@ bool errorsCrossTheLibrary()
     return false;
 }
 
+/// Made when the library was loaded; nothing here asks for them.
+bool listsItsSwitches()
+{
+    return Host::readSwitch("SegvLogging") == 1 &&
+           Host::readSwitch("UseZeroOffsetForNewEditors") == 0;
+}
+
 bool check(const char* what, bool passed)
 {
     std::printf("consumer: %s: %s\n", what, passed ? "yes" : "NO");
@@ -43,8 +51,9 @@ bool check(const char* what, bool passed)
 
 int main(int argc, char** argv)
 {
+    const bool listed = check("the library lists its switches", listsItsSwitches());
     const QApplication application(argc, argv);
     const bool painted = check("a block is painted in its colour", paintsItsFill());
     const bool caught = check("an error can be caught by its type", errorsCrossTheLibrary());
-    return painted && caught ? 0 : 1;
+    return listed && painted && caught ? 0 : 1;
 }

@@ -1,5 +1,7 @@
 #include "tova/events/tooltip.h"
 
+#include "events/testinghooks.h"
+
 #include <QApplication>
 #include <QToolTip>
 
@@ -16,7 +18,7 @@ public:
 
     void show(const std::string& text, const Vetra::GLPoint<int>& globalPos) override
     {
-        if (!hasWidgets())
+        if (!hasWidgets() || !isAllowedAt({globalPos.x, globalPos.y}))
             return;
         // The toolkit guesses whether a text is markup, and markup may name files: say it is, and
         // leave nothing in it that could be.
@@ -34,6 +36,14 @@ public:
     }
 
 private:
+    /// As for the toolkit's own widgets, unless a test cannot have the active window.
+    static bool isAllowedAt(const QPoint& pos)
+    {
+        const QWidget* const widget = QApplication::widgetAt(pos);
+        return !widget || widget->isActiveWindow() ||
+               widget->window()->testAttribute(Qt::WA_AlwaysShowToolTips) ||
+               TestingHooks::inactiveWindowForToolTips().value() != 0;
+    }
     static bool hasWidgets() { return qobject_cast<QApplication*>(qApp) != nullptr; }
 
     bool m_isShown = false;

@@ -4,10 +4,10 @@
 
 #include <functional>
 
-/// Typesetting of formulas, which a host may lend. GUI thread.
 namespace MathGraphics {
 
 /// What `initialize_math_graphics_kernel` is to call; empty, as at first, for a host without one.
+/// GUI thread.
 HOST_EXPORT void setKernel(std::function<void()> start);
 
 /// Starts the kernel unless it is ready. Throws what the host's function throws; the kernel is then

@@ -21,7 +21,8 @@ public:
     virtual void show(const std::string& text, const Vetra::GLPoint<int>& globalPos) = 0;
     virtual void hide() = 0;
 
-    /// As the toolkit's tool tip.
+    /// As the toolkit's tool tip, which shows over active windows; over others as well while the
+    /// testing hook "InactiveWindowForToolTips" is on.
     static std::unique_ptr<ToolTipPresenter> asPopup();
 };
 
