@@ -21,10 +21,9 @@ void say(const std::string& text)
 /// A host whose editors need something that is missing.
 void lendEditors()
 {
-    Host::setEditorFramework({[](Vetra::ErrorHolder& errors) {
-                                  errors.add(Vetra::Error("editors", "NoDictionary"));
-                              },
-                              [] { say("editors end"); }});
+    Host::setEditorFramework(
+        {[](Vetra::ErrorHolder& errors) { errors.add(Vetra::Error("editors", "NoDictionary")); },
+         [] { say("editors end"); }});
 }
 
 bool startsAndEnds()
