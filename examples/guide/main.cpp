@@ -15,9 +15,9 @@ struct Page {
 };
 
 constexpr Page kPages[] = {
-    {"ownership", ownershipPage}, {"coordinates", coordinatesPage}, {"change", changePage},
-    {"crossings", crossingsPage}, {"level-of-detail", detailPage},  {"writing-a-node", nodePage},
-    {"start-up", startUpPage},
+    {"ownership", ownershipPage},  {"coordinates", coordinatesPage}, {"change", changePage},
+    {"crossings", crossingsPage},  {"level-of-detail", detailPage},  {"writing-a-node", nodePage},
+    {"input-of-nodes", inputPage}, {"pan-and-zoom", viewPage},       {"start-up", startUpPage},
 };
 
 QImage sheetOf(const std::vector<QImage>& pictures)

@@ -10,4 +10,6 @@ QImage changePage();
 QImage crossingsPage();
 QImage detailPage();
 QImage nodePage();
+QImage inputPage();
+QImage viewPage();
 QImage startUpPage(); // the last: it ends the library

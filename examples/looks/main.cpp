@@ -27,7 +27,7 @@ DrawStyle smooth(const Stroke& stroke, const Fill& fill, const Effect& effect = 
     DrawStyle style(stroke, fill);
     style.setEffect(effect);
     style.setIsAntiAliased(true);
-    style.setIsPixelAligned(true);
+    style.setIsPixelAligned(true); // crisp level lines, whatever the zoom and the screen
     return style;
 }
 
