@@ -78,7 +78,7 @@ LibraryRun::~LibraryRun()
 QString setSwitches(const QStringList& settings)
 {
     for (const QString& setting : settings) {
-        const QString error = setSwitch(setting);
+        QString error = setSwitch(setting);
         if (!error.isEmpty())
             return error;
     }
