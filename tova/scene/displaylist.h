@@ -25,6 +25,8 @@ class PlacementCache;
 /// scene.
 class DisplayList {
 public:
+    static constexpr std::size_t kBlock = 64; ///< slots
+
     enum Flag : std::uint8_t {
         Hidden = 1,  ///< itself or by an ancestor
         Special = 2, ///< opacity, a clip, or a size that depends on the view, also from an ancestor
@@ -54,6 +56,8 @@ public:
     const Box& box(std::size_t slot) const { return m_boxes[slot]; }
     std::uint8_t flags(std::size_t slot) const { return m_flags[slot]; }
     const ViewReach& reach() const { return m_reach; }
+    /// Boxes that all the nodes of `size() / kBlock` runs of slots lie in.
+    std::span<const Box> blockBoxes() const { return m_blockBoxes; }
     bool hasTooDeep() const { return m_hasTooDeep; }
 
     /// The box last known of a node; nowhere when it was never computed or is stale.
@@ -67,8 +71,6 @@ public:
     void candidates(const Box& area, std::uint8_t without, Slots& slots) const;
 
 private:
-    static constexpr std::size_t kBlock = 64;
-
     struct Description {
         Box box;
         std::uint8_t flags = 0;

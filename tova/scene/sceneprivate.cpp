@@ -282,15 +282,14 @@ const DisplayList& ScenePrivate::displayList()
     return m_displayList;
 }
 
-QRectF ScenePrivate::bounds()
+namespace {
+
+/// Unites `all` with the nodes of a block that count in the scene's bounds.
+void includeBlock(const DisplayList& list, std::size_t block, Box& all)
 {
-    const DestructionDelay delay;
-    followAnnounced();
-    if (m_bounds)
-        return *m_bounds;
-    const DisplayList& list = displayList();
-    Box all;
-    for (std::size_t slot = 0; slot < list.size(); ++slot) {
+    const std::size_t first = block * DisplayList::kBlock;
+    const std::size_t end = std::min(first + DisplayList::kBlock, list.size());
+    for (std::size_t slot = first; slot < end; ++slot) {
         if (list.flags(slot) & (DisplayList::Hidden | DisplayList::Uncounted))
             continue;
         const NodeImpl& node = *list.node(slot);
@@ -300,6 +299,41 @@ QRectF ScenePrivate::bounds()
         if (isFinite(box.rect())) // huge transforms of huge rectangles overflow
             all.unite(box);
     }
+}
+
+/// Once the blocks that reach farthest are in, most others lie within and are passed by.
+Box countedBox(const DisplayList& list)
+{
+    const auto boxes = list.blockBoxes();
+    const auto farthest = [&](auto edge) {
+        return static_cast<std::size_t>(
+            std::max_element(boxes.begin(), boxes.end(),
+                             [edge](const Box& a, const Box& b) { return edge(a) < edge(b); }) -
+            boxes.begin());
+    };
+    Box all;
+    if (boxes.empty())
+        return all;
+    includeBlock(list, farthest([](const Box& b) { return -b.left; }), all);
+    includeBlock(list, farthest([](const Box& b) { return -b.top; }), all);
+    includeBlock(list, farthest([](const Box& b) { return b.right; }), all);
+    includeBlock(list, farthest([](const Box& b) { return b.bottom; }), all);
+    for (std::size_t block = 0; block < boxes.size(); ++block) {
+        if (!all.contains(boxes[block]))
+            includeBlock(list, block, all);
+    }
+    return all;
+}
+
+} // namespace
+
+QRectF ScenePrivate::bounds()
+{
+    const DestructionDelay delay;
+    followAnnounced();
+    if (m_bounds)
+        return *m_bounds;
+    const Box all = countedBox(displayList());
     m_bounds = all.isNowhere() || !isFinite(all.rect()) ? QRectF() : all.rect();
     return *m_bounds;
 }

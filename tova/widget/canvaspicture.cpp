@@ -18,7 +18,7 @@ namespace {
 // many small moves does not make a new picture each.
 constexpr double kGrid = 256;
 constexpr double kSamePhase = 0.75 / kGrid;
-constexpr std::size_t kAlignment = 64; // bytes, of rows: see DirtyTiles
+constexpr std::size_t kAlignment = 64; // bytes, of rows: that of the toolkit's vector code
 
 double onGrid(double value)
 {
@@ -50,47 +50,37 @@ void copyRows(const QImage& from, QImage& to)
 
 /// Keeps painting within a part of an image without a trace of it at the part's edges. The toolkit
 /// cuts lines off at the bounds of the clip, which shifts their pixels by a rounding; so the clip
-/// gets the bounds of the whole image by two corners, whose pixels are put back afterwards.
+/// gets the bounds of the whole image by two corners. The pixel of the first is put back
+/// afterwards, that of the last is nobody's.
 ///
 /// Device pixels are the unit of nobody but the paint engine; this is its own way to be told.
 class PartClip {
 public:
     PartClip(QImage& image, const QRect& part)
         : m_engine(image.paintEngine())
-        , m_part(part)
-        , m_corners{pixel(image, 0, 0), pixel(image, image.width() - 1, image.height() - 1)}
+        , m_isFirstOurs(part.contains(0, 0))
+        , m_first(*reinterpret_cast<QRgb*>(image.scanLine(0)))
+        , m_before(m_first)
     {
         QRegion clip(part);
-        for (const Corner& corner : m_corners)
-            clip += QRect(corner.at, QSize(1, 1));
+        clip += QRect(0, 0, 1, 1);
+        clip += QRect(image.width() - 1, image.height() - 1, 1, 1);
         m_engine->setSystemClip(clip);
     }
     ~PartClip()
     {
         m_engine->setSystemClip({});
-        for (const Corner& corner : m_corners) {
-            if (!m_part.contains(corner.at))
-                *corner.pixel = corner.value;
-        }
+        if (!m_isFirstOurs)
+            m_first = m_before;
     }
     PartClip(const PartClip&) = delete;
     PartClip& operator=(const PartClip&) = delete;
 
 private:
-    struct Corner {
-        QPoint at;
-        QRgb* pixel;
-        QRgb value;
-    };
-    static Corner pixel(QImage& image, int x, int y)
-    {
-        auto* const found = reinterpret_cast<QRgb*>(image.scanLine(y)) + x;
-        return {{x, y}, found, *found};
-    }
-
     QPaintEngine* m_engine;
-    QRect m_part;
-    Corner m_corners[2];
+    bool m_isFirstOurs;
+    QRgb& m_first;
+    QRgb m_before;
 };
 
 class PixelRatio {
@@ -195,9 +185,10 @@ void CanvasPicture::paintDue(const PaintPart& paint)
 
 void CanvasPicture::adoptSize()
 {
-    if (m_pixels.size() == m_size)
+    const QSize size = m_size.isEmpty() ? m_size : m_size + QSize(1, 1);
+    if (m_pixels.size() == size)
         return;
-    QImage larger = makePixels(m_size);
+    QImage larger = makePixels(size);
     copyRows(m_pixels, larger);
     m_pixels = std::move(larger);
 }

@@ -45,7 +45,7 @@ public:
     /// part in view pixels.
     using PaintPart = std::function<void(QPainter&, const QRectF&)>;
     void paintDue(const PaintPart& paint);
-    /// As painted last, with a pixel ratio of 1.
+    /// As painted last, with a pixel ratio of 1; the last row and column are no part of the view.
     const QImage& pixels() const { return m_pixels; }
 
 private:

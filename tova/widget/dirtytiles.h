@@ -12,13 +12,9 @@ namespace Tova2 {
 
 /// What of a picture is due for painting, in tiles of a fixed size. Marking costs the same however
 /// many areas were marked before.
-///
-/// The edges of the tiles are those of the toolkit's vector instructions, which round otherwise
-/// than its code for odd ends: so a tile painted alone gets the pixels that it has in the whole
-/// picture.
 class DirtyTiles {
 public:
-    static constexpr int kSide = 32; ///< pixels
+    static constexpr int kSide = 16; ///< pixels
 
     /// Everything is due.
     void resize(const QSize& pixels);

@@ -99,6 +99,16 @@ void GLCanvas::setRenderingEnabled(bool on)
     d->setRenderingEnabled(on);
 }
 
+bool GLCanvas::setOpenGLViewport(bool on)
+{
+    return d->setOpenGL(on);
+}
+
+bool GLCanvas::hasOpenGLViewport() const
+{
+    return d->hasOpenGL();
+}
+
 bool GLCanvas::gridVisible() const
 {
     return d->isGridVisible();

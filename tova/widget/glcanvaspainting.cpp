@@ -36,6 +36,8 @@ void GLCanvasPrivate::placePicture()
 
 void GLCanvasPrivate::paint(const QRegion& exposed)
 {
+    if (m_surface) // covers it all
+        return;
     const Widgets::GLObject::Use use(m_canvas);
     QRegion painted;
     if (m_isRenderingEnabled && !m_isPainting)
@@ -47,7 +49,7 @@ void GLCanvasPrivate::paint(const QRegion& exposed)
     paintDecor(painter);
     // What has become due after the toolkit was asked for the rest.
     if (const QRegion missed = painted - exposed; !missed.isEmpty())
-        m_widget->update(missed);
+        update(missed);
 }
 
 /// Answers what is new, in view pixels.
@@ -73,7 +75,7 @@ void GLCanvasPrivate::show(QPainter& painter, const QRegion& exposed)
 {
     const double ratio = m_picture.ratio();
     const QImage& pixels = m_picture.pixels();
-    const QSizeF painted = QSizeF(pixels.size()) / ratio;
+    const QSizeF painted = QSizeF(pixels.size() - QSize(1, 1)) / ratio;
     // Only while rendering is off: the picture is that of a smaller view.
     if (painted.width() < m_widget->width() || painted.height() < m_widget->height())
         painter.fillRect(m_widget->rect(), m_widget->palette().window());
@@ -91,6 +93,39 @@ void GLCanvasPrivate::paintDecor(QPainter& painter) const
         m_busy.paint(painter, m_view.toView(m_busy.scenePoint()));
     if (m_widget->showsFocus())
         paintFocusRing(painter, m_widget->rect(), m_widget->palette());
+}
+
+// By a surface, which repaints all of itself.
+void GLCanvasPrivate::update(const QRegion& part)
+{
+    if (m_surface)
+        m_surface->update();
+    else
+        m_widget->update(part);
+}
+
+bool GLCanvasPrivate::setOpenGL(bool on)
+{
+    if (on == hasOpenGL())
+        return true;
+    if (!m_widget || (on && !OpenGLSurface::isAvailable()))
+        return false;
+    if (on) {
+        m_surface = new OpenGLSurface(*m_widget, [this](QPainter& painter) { paintOn(painter); });
+    } else {
+        delete m_surface;
+        m_picture.markAll();
+        m_widget->update();
+    }
+    return true;
+}
+
+void GLCanvasPrivate::paintOn(QPainter& painter)
+{
+    const Widgets::GLObject::Use use(m_canvas);
+    const QRectF whole(QPointF(), view().size());
+    m_layers.paint(painter, m_view.transform(), whole, whole, m_grid ? &*m_grid : nullptr);
+    paintDecor(painter);
 }
 
 } // namespace Tova2

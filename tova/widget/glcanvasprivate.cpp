@@ -39,6 +39,9 @@ void GLCanvasPrivate::end()
 {
     if (m_widget)
         m_widget->setCanvas(nullptr);
+    if (m_surface)
+        m_surface->retire();
+    m_surface = nullptr;
     m_widget = nullptr;
     if (isDragging)
         QDrag::cancel();
@@ -85,6 +88,8 @@ void GLCanvasPrivate::viewChanged(double scaleBefore, ZoomReason reason)
 void GLCanvasPrivate::viewResized()
 {
     const Widgets::GLObject::Use use(m_canvas);
+    if (m_surface)
+        m_surface->setGeometry(m_widget->rect());
     viewChanged(view().scale(), ZoomReason());
     const auto keys = resizeKeys;
     for (const unsigned key : keys) {
@@ -159,7 +164,7 @@ void GLCanvasPrivate::settle()
     if (m_grid)
         markGrid(m_grid->follow(m_layers.sceneRect()));
     if (m_widget && m_isRenderingEnabled)
-        m_widget->update(m_picture.due());
+        update(m_picture.due());
     placeScrollbars();
 }
 
@@ -167,7 +172,9 @@ void GLCanvasPrivate::renderNow()
 {
     const Widgets::GLObject::Use use(m_canvas);
     settle();
-    if (m_widget)
+    if (m_surface)
+        m_surface->repaint();
+    else if (m_widget)
         m_widget->repaint();
 }
 
@@ -175,7 +182,7 @@ void GLCanvasPrivate::setRenderingEnabled(bool on)
 {
     m_isRenderingEnabled = on;
     if (on && m_widget)
-        m_widget->update();
+        update(m_widget->rect());
 }
 
 void GLCanvasPrivate::setGridVisible(bool on)
@@ -203,7 +210,7 @@ void GLCanvasPrivate::setMovingWithMomentum(bool on)
     placePicture();
     m_input->viewChanged();
     if (m_widget)
-        m_widget->update(m_picture.due());
+        update(m_picture.due());
 }
 
 void GLCanvasPrivate::setMarquee(const QRectF& sceneRect)
@@ -214,14 +221,14 @@ void GLCanvasPrivate::setMarquee(const QRectF& sceneRect)
         return;
     for (const QRectF& rect : {before, m_marquee}) {
         if (!rect.isEmpty())
-            m_widget->update(marqueeExtent(view().toView(rect)));
+            update(marqueeExtent(view().toView(rect)));
     }
 }
 
 void GLCanvasPrivate::repaintBusy()
 {
     if (m_widget)
-        m_widget->update(BusyAnimation::extent(view().toView(m_busy.scenePoint())));
+        update(BusyAnimation::extent(view().toView(m_busy.scenePoint())));
 }
 
 } // namespace Tova2

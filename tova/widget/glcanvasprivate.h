@@ -6,6 +6,7 @@
 #include "widget/canvaspicture.h"
 #include "widget/canvasscrollbars.h"
 #include "widget/canvaswebblock.h"
+#include "widget/openglsurface.h"
 #include "widget/scenegrid.h"
 #include "widget/toolkitcanvas.h"
 #include "widget/viewstate.h"
@@ -78,6 +79,8 @@ public:
     void setMovingWithMomentum(bool on);
     void setMarquee(const QRectF& sceneRect);
     BusyAnimation& busyAnimation() { return m_busy; }
+    bool hasOpenGL() const { return m_surface; }
+    bool setOpenGL(bool on);
     CanvasScrollbars* scrollbars() { return m_widget ? &*m_bars : nullptr; }
     void setScrollbarsWanted(bool wanted);
     void placeScrollbars();
@@ -101,6 +104,8 @@ private:
     void scrollByBar(double dx, double dy);
     void repaintBusy();
 
+    void update(const QRegion& part);
+    void paintOn(QPainter& painter);
     void placePicture();
     QRegion paintPicture();
     void show(QPainter& painter, const QRegion& exposed);
@@ -108,6 +113,7 @@ private:
 
     GLCanvas& m_canvas;
     QPointer<ToolkitCanvas> m_widget;
+    QPointer<OpenGLSurface> m_surface; ///< a child of the widget; null unless it is asked for
     mutable ViewState m_view;
     CanvasLayers m_layers;
     CanvasPicture m_picture;

@@ -1,5 +1,7 @@
 #include "support/rows.h"
 
+#include "scene/sceneprivate.h"
+
 #include "tova/nodes/rectnode.h"
 #include "tova/scene/scene.h"
 #include "tova/widget/glcanvas.h"
@@ -265,6 +267,21 @@ TEST_F(GLCanvasTest, MovesThePictureWithTheScene)
         canvas.renderNow();
         EXPECT_EQ(picture(), after);
     }
+}
+
+TEST_F(GLCanvasTest, TouchesNoNodeToPanAndZoom)
+{
+    for (int i = 0; i < 60; ++i)
+        scene->addNode(RectNode({i * 37.0, i % 7 * 41.0, 23, 17}));
+    canvas.setScene(scene.get());
+    picture();
+    const auto edits = scene->d_func()->editCounter();
+    for (int i = 0; i < 20; ++i) {
+        canvas.translate(5, -3);
+        canvas.zoomByStep(i % 2 ? in : out, ZoomReason::Source::Wheel);
+        picture();
+    }
+    EXPECT_EQ(scene->d_func()->editCounter(), edits);
 }
 
 TEST_F(GLCanvasTest, KeepsItsPictureWhileRenderingIsOff)

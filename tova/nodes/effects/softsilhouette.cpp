@@ -126,12 +126,15 @@ void SoftSilhouette::paint()
         return;
     const double shrink = m_masks ? 1 : m_shrink;
     QPainter& painter = m_context.pixelPainter();
-    if (shrink == 1)
+    if (shrink == 1) {
         painter.drawImage(m_anchor + found.corner, found.image);
-    else
-        painter.drawImage(QRectF(QPointF(found.corner) * shrink + m_anchor - m_shift,
-                                 QSizeF(found.image.size()) * shrink),
-                          found.image);
+        return;
+    }
+    // Not beyond the reach, which enlarged pixels are too coarse for.
+    const QPointF corner = QPointF(found.corner) * shrink + m_anchor - m_shift;
+    const QRectF part = QRectF(corner, QSizeF(found.image.size()) * shrink) & m_reach;
+    painter.drawImage(part, found.image,
+                      QRectF((part.topLeft() - corner) / shrink, part.size() / shrink));
 }
 
 SoftSilhouette::Picture SoftSilhouette::picture() const

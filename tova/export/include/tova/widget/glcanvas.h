@@ -152,6 +152,11 @@ public:
     bool getRenderingEnabled() const;
     /// While off, the view keeps its last picture.
     void setRenderingEnabled(bool on);
+    /// Lets the graphics processor paint, the whole view each time, instead of the parts that have
+    /// changed being painted by the processor. False, and all stays as it is, where the platform
+    /// has no OpenGL.
+    bool setOpenGLViewport(bool on);
+    bool hasOpenGLViewport() const;
     /// No part of the scene, its bounds, queries or pictures.
     bool gridVisible() const;
     void setGridVisible(bool on);
