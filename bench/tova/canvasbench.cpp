@@ -207,11 +207,7 @@ BENCHMARK(BM_PanPercentile)
     ->Arg(40000)
     ->Iterations(400)
     ->Unit(benchmark::kMillisecond);
-BENCHMARK(BM_FrameOfPart)
-    ->ArgName("nodes")
-    ->Arg(1000)
-    ->Arg(40000)
-    ->Unit(benchmark::kMillisecond);
+BENCHMARK(BM_FrameOfPart)->ArgName("nodes")->Arg(1000)->Arg(40000)->Unit(benchmark::kMillisecond);
 
 } // namespace
 

@@ -32,6 +32,16 @@ QScrollBar* makeBar(QWidget& view, Qt::Orientation orientation)
     return bar;
 }
 
+QWidget* makeCorner(QWidget& view)
+{
+    auto* const corner = new QWidget(&view);
+    corner->setAutoFillBackground(true);
+    corner->setAttribute(Qt::WA_NoMousePropagation);
+    corner->setCursor(Qt::ArrowCursor);
+    corner->hide();
+    return corner;
+}
+
 int toBarUnits(double pixels)
 {
     return static_cast<int>(std::clamp(pixels, -kLongestRange, kLongestRange));
@@ -42,6 +52,7 @@ int toBarUnits(double pixels)
 CanvasScrollbars::CanvasScrollbars(QWidget& view, Scrolled scrolled)
     : m_scrolled(std::move(scrolled))
     , m_bars{makeBar(view, Qt::Horizontal), makeBar(view, Qt::Vertical)}
+    , m_corner(makeCorner(view))
 {
     for (const auto orientation : {Orientation::Horizontal, Orientation::Vertical}) {
         QObject::connect(bar(orientation), &QScrollBar::valueChanged, &view,
@@ -71,6 +82,8 @@ unsigned CanvasScrollbars::place(const QRectF& content, const QSizeF& size)
         {0, height - across, isHigh ? width - along : width, across});
     put(Orientation::Vertical, isHigh,
         {width - along, 0, along, isWide ? height - across : height});
+    m_corner->setGeometry(width - along, height - across, along, across);
+    m_corner->setVisible(isWide && isHigh);
     if (isWide)
         setRange(Orientation::Horizontal, {content.left(), content.right(), size.width()});
     if (isHigh)

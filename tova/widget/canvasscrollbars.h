@@ -42,6 +42,7 @@ private:
 
     Scrolled m_scrolled;
     QScrollBar* m_bars[2];
+    QWidget* m_corner;         ///< between the two
     int m_shown[2] = {0, 0};   ///< values of what is shown
     double m_unit[2] = {1, 1}; ///< view pixels a step of the value
     bool m_isWanted = true;
