@@ -153,9 +153,9 @@ QTransform CanvasPicture::transform() const
 void CanvasPicture::mark(const QRectF& sceneRect)
 {
     const double scale = m_scale * m_ratio;
-    // A pixel for antialiasing.
+    // A pixel for antialiasing, and one for soft pictures, which begin with a whole one.
     m_due.mark(QRectF(sceneRect.topLeft() * scale + m_offset, sceneRect.size() * scale)
-                   .adjusted(-1, -1, 1, 1));
+                   .adjusted(-2, -2, 2, 2));
 }
 
 QRegion CanvasPicture::due() const

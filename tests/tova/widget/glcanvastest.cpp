@@ -284,6 +284,15 @@ TEST_F(GLCanvasTest, TouchesNoNodeToPanAndZoom)
     EXPECT_EQ(scene->d_func()->editCounter(), edits);
 }
 
+TEST_F(GLCanvasTest, ShowsItsSceneWhetherOrNotThePlatformHasOpenGL)
+{
+    fill({20, 20, 300, 200});
+    EXPECT_EQ(canvas.setOpenGLViewport(true), canvas.hasOpenGLViewport());
+    EXPECT_NE(picture().pixelColor(100, 100), QColor(Qt::white));
+    EXPECT_TRUE(canvas.setOpenGLViewport(false));
+    EXPECT_NE(picture().pixelColor(100, 100), QColor(Qt::white));
+}
+
 TEST_F(GLCanvasTest, KeepsItsPictureWhileRenderingIsOff)
 {
     fill({20, 20, 100, 100});
