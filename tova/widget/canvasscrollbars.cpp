@@ -1,5 +1,7 @@
 #include "widget/canvasscrollbars.h"
 
+#include "vetra/saturate.h"
+
 #include <QScopedValueRollback>
 #include <QScrollBar>
 
@@ -44,7 +46,7 @@ QWidget* makeCorner(QWidget& view)
 
 int toBarUnits(double pixels)
 {
-    return static_cast<int>(std::clamp(pixels, -kLongestRange, kLongestRange));
+    return Vetra::saturatedInt(std::clamp(pixels, -kLongestRange, kLongestRange));
 }
 
 } // namespace
