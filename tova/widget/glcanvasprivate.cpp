@@ -10,10 +10,7 @@
 
 #include <QDrag>
 #include <QMetaObject>
-#include <QPainter>
-#include <QScopedValueRollback>
 
-#include <cmath>
 #include <utility>
 
 namespace Tova2 {
