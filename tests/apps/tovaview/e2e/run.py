@@ -38,7 +38,7 @@ class User:
     def see(self):
         return self.screen.shot().cropped(*self.view)
 
-    def settled(self, what, is_right=lambda picture: True, seconds=12):
+    def settled(self, what, is_right=lambda picture: True, seconds=60):
         """The view once it shows what is expected and moves no more."""
         def still():
             before = self.now
