@@ -20,17 +20,27 @@ constexpr double kSlope = 0.4, kDiamondSlope = 0.6;
 /// How deep the notch of a filled arrow is.
 constexpr double kNotch = 0.25;
 
-double usable(double length, double otherwise)
+/// What of the stroke's width grows with the node: a line of one pixel at every zoom has none.
+double widthOf(const Stroke& line)
 {
-    return length > 0 && std::isfinite(length) ? length : otherwise;
+    return line.logicalWidth() > 0 ? line.width(1.0) : 0;
 }
 
+double usable(double length, double otherwise, const Stroke& line)
+{
+    if (length > 0 && std::isfinite(length))
+        return length;
+    constexpr double kFits = 2; // of widths
+    return otherwise * std::max(1.0, widthOf(line) / kFits);
+}
+
+/// Mitres of a line of one pixel would reach far beyond the end when zoomed out.
 Stroke solid(const Stroke& line, StrokeJoinStyle join)
 {
     Stroke stroke = line;
     stroke.setStyle(StrokeStyle::SolidLine);
     stroke.setCapStyle(StrokeCapStyle::FlatCap);
-    stroke.setJoinStyle(join);
+    stroke.setJoinStyle(widthOf(line) > 0 ? join : StrokeJoinStyle::BevelJoin);
     return stroke;
 }
 
@@ -65,7 +75,7 @@ DrawStyle stroked(const Stroke& line, StrokeJoinStyle join)
 /// How far a mitred tip reaches beyond where its two lines meet.
 double tipReach(const Stroke& line, double slope = kSlope)
 {
-    return line.width(1.0) / 2 * std::hypot(1, slope) / slope;
+    return widthOf(line) / 2 * std::hypot(1, slope) / slope;
 }
 
 DrawStyle solidOrOutlined(const Stroke& line, const std::optional<Vetra::Color>& fill)
@@ -73,11 +83,18 @@ DrawStyle solidOrOutlined(const Stroke& line, const std::optional<Vetra::Color>&
     return fill ? DrawStyle(solid(line, StrokeJoinStyle::MiterJoin), Fill(*fill)) : filled(line);
 }
 
-/// The outline's share of the length at either end, so that strokes stay within it too. Some of
-/// the length is left to what is inside.
-double inset(const std::optional<Vetra::Color>& fill, double reach, double length)
+/// How much of the length an outline takes at the line's end and at the other one, so that it stays
+/// within; the length is what was asked for, or more if little would be left inside.
+struct Insets {
+    double front = 0, back = 0, length;
+};
+
+Insets insets(const std::optional<Vetra::Color>& fill, const Stroke& line, double front,
+              double back, double length)
 {
-    return fill ? std::min(reach, 0.45 * length) : 0;
+    if (!fill)
+        return {0, 0, length};
+    return {front, back, std::max(length, front + back + widthOf(line))};
 }
 
 } // namespace
@@ -85,14 +102,14 @@ double inset(const std::optional<Vetra::Color>& fill, double reach, double lengt
 // The line ends a little inside the head, so that no gap shows between two antialiased edges.
 LineEndDecoration createFilledArrow(const Stroke& line, double length)
 {
-    const double l = usable(length, 8);
+    const double l = usable(length, 8, line);
     const Points head{{0, 0}, {-l, -kSlope * l}, {(kNotch - 1) * l, 0}, {-l, kSlope * l}};
     return decorated(polygon(head), filled(line), (0.9 - kNotch) * l);
 }
 
 LineEndDecoration createOpenArrow(const Stroke& line, double length)
 {
-    const double l = usable(length, 8), tip = -tipReach(line);
+    const double l = usable(length, 8, line), tip = -tipReach(line);
     const Points head{{tip - l, -kSlope * l}, {tip, 0}, {tip - l, kSlope * l}};
     return decorated(polygon(head, false), stroked(line, StrokeJoinStyle::MiterJoin), -tip);
 }
@@ -100,50 +117,55 @@ LineEndDecoration createOpenArrow(const Stroke& line, double length)
 LineEndDecoration createTriangle(const Stroke& line, double length,
                                  const std::optional<Vetra::Color>& fill)
 {
-    const double l = usable(length, 8), tip = -inset(fill, tipReach(line), l);
-    const double base = inset(fill, line.width(1.0) / 2, l) - l, across = kSlope * (tip - base);
-    const Points head{{tip, 0}, {base, -across}, {base, across}};
+    const auto [front, back, l] =
+        insets(fill, line, tipReach(line), widthOf(line) / 2, usable(length, 8, line));
+    const double base = back - l, across = kSlope * -(front + base);
+    const Points head{{-front, 0}, {base, -across}, {base, across}};
     return decorated(polygon(head), solidOrOutlined(line, fill), fill ? -base : 0.9 * l);
 }
 
 LineEndDecoration createInvertedTriangle(const Stroke& line, double length,
                                          const std::optional<Vetra::Color>& fill)
 {
-    const double l = usable(length, 8), base = -inset(fill, line.width(1.0) / 2, l);
-    const double apex = inset(fill, tipReach(line), l) - l, across = kSlope * (base - apex);
-    const Points head{{apex, 0}, {base, -across}, {base, across}};
+    const auto [front, back, l] =
+        insets(fill, line, widthOf(line) / 2, tipReach(line), usable(length, 8, line));
+    const double apex = back - l, across = kSlope * -(front + apex);
+    const Points head{{apex, 0}, {-front, -across}, {-front, across}};
     return decorated(polygon(head), solidOrOutlined(line, fill), fill ? -apex : l / 2);
 }
 
 LineEndDecoration createDiamond(const Stroke& line, double length,
                                 const std::optional<Vetra::Color>& fill)
 {
-    const double l = usable(length, 10), tip = -inset(fill, tipReach(line, kDiamondSlope), l);
-    const double across = kDiamondSlope * (l / 2 + tip);
-    const Points diamond{{tip, 0}, {-l / 2, -across}, {-l - tip, 0}, {-l / 2, across}};
-    return decorated(polygon(diamond), solidOrOutlined(line, fill), fill ? l + tip : 0.75 * l);
+    const double reach = tipReach(line, kDiamondSlope);
+    const auto [front, back, l] = insets(fill, line, reach, reach, usable(length, 10, line));
+    const double across = kDiamondSlope * (l / 2 - front);
+    const Points diamond{{-front, 0}, {-l / 2, -across}, {back - l, 0}, {-l / 2, across}};
+    return decorated(polygon(diamond), solidOrOutlined(line, fill), fill ? l - back : 0.75 * l);
 }
 
 LineEndDecoration createDot(const Stroke& line, double length,
                             const std::optional<Vetra::Color>& fill)
 {
-    const double l = usable(length, 5), edge = inset(fill, line.width(1.0) / 2, l);
-    const Ellipse dot({edge - l, edge - l / 2, l - 2 * edge, l - 2 * edge});
+    const double half = widthOf(line) / 2;
+    const auto [edge, back, l] = insets(fill, line, half, half, usable(length, 5, line));
+    const Ellipse dot({back - l, edge - l / 2, l - 2 * edge, l - 2 * edge});
     return decorated(EllipseNode(dot), solidOrOutlined(line, fill), fill ? l - edge : l / 2);
 }
 
 LineEndDecoration createBox(const Stroke& line, double length,
                             const std::optional<Vetra::Color>& fill)
 {
-    const double l = usable(length, 6), edge = inset(fill, line.width(1.0) / 2, l);
-    const RectNode box({edge - l, edge - l / 2, l - 2 * edge, l - 2 * edge});
+    const double half = widthOf(line) / 2;
+    const auto [edge, back, l] = insets(fill, line, half, half, usable(length, 6, line));
+    const RectNode box({back - l, edge - l / 2, l - 2 * edge, l - 2 * edge});
     return decorated(box, solidOrOutlined(line, fill), fill ? l - edge : 0.9 * l);
 }
 
 // In the middle of the bar's own stroke.
 LineEndDecoration createBar(const Stroke& line, double length)
 {
-    const double l = usable(length, 8), x = -line.width(1.0) / 2;
+    const double l = usable(length, 8, line), x = -widthOf(line) / 2;
     return decorated(LineNode({x, -l / 2}, {x, l / 2}), stroked(line, StrokeJoinStyle::MiterJoin),
                      -x);
 }
@@ -151,8 +173,8 @@ LineEndDecoration createBar(const Stroke& line, double length)
 // The line itself is the middle toe's root.
 LineEndDecoration createCrowsFoot(const Stroke& line, double length)
 {
-    const double l = usable(length, 8);
-    const double x = -line.width(1.0) / 4; // the slanted toes end in flat caps
+    const double l = usable(length, 8, line);
+    const double x = -0.28 * widthOf(line); // the slanted toes end in flat caps
     Vetra::Shape toes;
     toes.addPolygon({{x, -l / 2}, {-l, 0}, {x, l / 2}}, false);
     toes.addPolygon({{-l, 0}, {0, 0}}, false);

@@ -4,11 +4,16 @@
 #include "nodes/effects/silhouettestroke.h"
 #include "nodes/outlinereach.h"
 #include "nodes/paintcontext.h"
+#include "nodes/segmenttests.h"
 #include "nodes/values.h"
 
 #include "vetra/qt.h"
 
+#include <QPainterPath>
+#include <QTransform>
+
 #include <algorithm>
+#include <utility>
 
 namespace Tova2 {
 
@@ -90,10 +95,16 @@ LineNodeImpl::Band LineNodeImpl::band() const
 {
     const Stroke& stroke = drawStyle().stroke();
     const double length = std::hypot(m_line.dx(), m_line.dy()), half = halfStroke(stroke);
-    const double cap = stroke.capStyle() == StrokeCapStyle::FlatCap ? 0.0 : half;
+    const double cap = stroke.capStyle() == StrokeCapStyle::SquareCap ? half : 0.0;
     const bool hasDirection = length > 0 && std::isfinite(length);
     return {hasDirection ? QPointF(m_line.dx() / length, m_line.dy() / length) : QPointF(1, 0),
-            m_ends.backoff(Which::Start) - cap, length - m_ends.backoff(Which::End) + cap, half};
+            m_ends.backoff(Which::Start) - cap, length - m_ends.backoff(Which::End) + cap, half,
+            stroke.capStyle() == StrokeCapStyle::RoundCap};
+}
+
+QLineF LineNodeImpl::middleOf(const Band& band) const
+{
+    return {m_line.p1() + band.along * band.first, m_line.p1() + band.along * band.last};
 }
 
 double LineNodeImpl::strokeReach() const
@@ -109,9 +120,16 @@ Bounds LineNodeImpl::outline() const
     if (!isDrawn())
         return Bounds();
     const Band band = this->band();
+    if (band.isRound) {
+        const QRectF level(band.first - band.half, -band.half,
+                           band.last - band.first + 2 * band.half, 2 * band.half);
+        QPainterPath path;
+        path.addRoundedRect(level, band.half, band.half);
+        const auto [x, y] = std::pair(band.along.x(), band.along.y());
+        return Bounds(QTransform(x, y, -y, x, m_line.x1(), m_line.y1()).map(path));
+    }
     const QPointF aside = QPointF(-band.along.y(), band.along.x()) * band.half;
-    const QPointF start = m_line.p1() + band.along * band.first;
-    const QPointF end = m_line.p1() + band.along * band.last;
+    const auto [start, end] = std::pair(middleOf(band).p1(), middleOf(band).p2());
     return Bounds(Vetra::fromQt(start - aside), Vetra::fromQt(end - aside),
                   Vetra::fromQt(end + aside), Vetra::fromQt(start + aside));
 }
@@ -121,6 +139,9 @@ bool LineNodeImpl::outlineContains(const QPointF& point) const
     if (!isDrawn() || !isFinite(point))
         return false;
     const Band band = this->band();
+    const QLineF middle = middleOf(band);
+    if (band.isRound)
+        return Segments::squaredDistance(point, middle.p1(), middle.p2()) <= band.half * band.half;
     const QPointF offset = point - m_line.p1();
     const double position = dot(offset, band.along), distance = cross(band.along, offset);
     return position >= band.first && position <= band.last && std::abs(distance) <= band.half;
@@ -131,10 +152,13 @@ bool LineNodeImpl::outlineIntersects(const Bounds& area) const
     const QRectF rect = Vetra::toQt(area.boundingRect());
     if (!area.isOnlyRect() || !isFinite(rect) || !isDrawn())
         return NodeImpl::outlineIntersects(area);
+    const Band band = this->band();
+    const QLineF middle = middleOf(band);
+    if (band.isRound)
+        return Segments::isNear(middle.p1(), middle.p2(), rect, band.half);
     // Two rectangles are apart when they are along a side of either.
     if (!outline().boundingRect().intersects(area.boundingRect()))
         return false;
-    const Band band = this->band();
     const QPointF center = rect.center() - m_line.p1();
     const double width = std::abs(rect.width()) / 2, height = std::abs(rect.height()) / 2;
     const double x = std::abs(band.along.x()), y = std::abs(band.along.y());

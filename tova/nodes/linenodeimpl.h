@@ -29,13 +29,16 @@ public:
     QByteArray silhouetteKey() const override;
 
 private:
-    /// The line with its stroke as a rectangle along it.
+    /// The line with its stroke as a rectangle along it, with a half circle at either end where
+    /// caps are round.
     struct Band {
         QPointF along;
         double first, last; ///< along the line from its start
         double half;        ///< of its width
+        bool isRound;
     };
     Band band() const;
+    QLineF middleOf(const Band& band) const;
     void finishDecorations(bool isDrawnElsewhere);
     void placeDecorations();
     /// False without a stroke, and where decorations take the place of the whole line.

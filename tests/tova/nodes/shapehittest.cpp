@@ -182,15 +182,21 @@ INSTANTIATE_TEST_SUITE_P(
                     LineHitCase{"BeyondHalfTheWidth", StrokeCapStyle::FlatCap, {19.1, 16.9}, false},
                     LineHitCase{"FlatStopsAtTheEnd", StrokeCapStyle::FlatCap, {31, 41}, false},
                     LineHitCase{"SquareGoesOn", StrokeCapStyle::SquareCap, {32.9, 43.9}, true},
-                    LineHitCase{"SquareStops", StrokeCapStyle::SquareCap, {33.1, 44.1}, false}),
+                    LineHitCase{"SquareStops", StrokeCapStyle::SquareCap, {33.1, 44.1}, false},
+                    LineHitCase{"SquareHasCorners", StrokeCapStyle::SquareCap, {36, 41}, true},
+                    LineHitCase{"RoundGoesOn", StrokeCapStyle::RoundCap, {32.9, 43.9}, true},
+                    LineHitCase{"RoundHasNoCorners", StrokeCapStyle::RoundCap, {36, 41}, false}),
     rowName);
 
-TEST(ShapeHit, RectanglesMeetWhatTheBandOfALineMeets)
+class LineBandTest : public testing::TestWithParam<StrokeCapStyle> {};
+
+TEST_P(LineBandTest, RectanglesMeetWhatTheLineCovers)
 {
+    const bool isRound = GetParam() == StrokeCapStyle::RoundCap;
     LineNode line({-30, -20}, {25, 10});
-    line.setDrawStyle(
-        styleOf(8, StrokeStyle::SolidLine, StrokeCapStyle::SquareCap, StrokeJoinStyle::MiterJoin));
-    QPainterPathStroker stroker(QPen(Qt::black, 8, Qt::SolidLine, Qt::SquareCap));
+    line.setDrawStyle(styleOf(8, StrokeStyle::SolidLine, GetParam(), StrokeJoinStyle::MiterJoin));
+    QPainterPathStroker stroker(
+        QPen(Qt::black, 8, Qt::SolidLine, isRound ? Qt::RoundCap : Qt::SquareCap));
     const QPainterPath band =
         stroker.createStroke(polygonOf({{-30, -20}, {25, 10}}, false)).simplified();
     int met = 0;
@@ -204,6 +210,9 @@ TEST(ShapeHit, RectanglesMeetWhatTheBandOfALineMeets)
     }
     EXPECT_GT(met, 100);
 }
+
+INSTANTIATE_TEST_SUITE_P(Lines, LineBandTest,
+                         testing::Values(StrokeCapStyle::SquareCap, StrokeCapStyle::RoundCap));
 
 TEST(ShapeHit, RadiiThatDoNotFitShrinkTogether)
 {

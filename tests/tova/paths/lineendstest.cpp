@@ -223,16 +223,21 @@ ReadyCase hollow(const char* name, HollowEnding* make)
 TEST_P(ReadyEndingTest, EndsWhereTheLineEndsAndLeavesNoGap)
 {
     constexpr QSize kSheet(200, 100);
-    for (const double width : {1.0, 3.0}) {
+    struct Size {
+        double width, length, zoom;
+    };
+    for (const auto [width, length, zoom] :
+         {Size{1, 20, 1}, Size{3, 20, 1}, Size{4, 0, 1}, Size{6, 8, 1}, Size{0, 5, 4}}) {
         OpenLinearPathNode path({{-60, 0}, {60, 0}});
         path.setDrawStyle(lineStyle(width));
-        path.setEndDecoration(GetParam().make(path.getStroke(), 20));
+        path.setEndDecoration(GetParam().make(path.getStroke(), length));
         auto scene = Scene::createScene();
         scene->addNode(path);
         QImage image(kSheet, QImage::Format_ARGB32_Premultiplied);
         image.fill(Qt::white);
-        scene->render(image, {0, 0, 200, 100}, {-100, -50, 200, 100});
-        EXPECT_LE(touched(image).right(), 60.5) << width;
+        scene->render(image, {0, 0, 200, 100},
+                      {60 - 160 / zoom, -50 / zoom, 200 / zoom, 100 / zoom});
+        EXPECT_LE(touched(image).right(), width > 0 ? 60.5 : 61) << width;
         EXPECT_GE(touched(image).right(), 58.5) << width;
         for (int x = 50; x < 157; ++x) {
             const bool isDark = qGray(image.pixel(x, 49)) < 160 || qGray(image.pixel(x, 50)) < 160;

@@ -24,7 +24,8 @@ public:
     /// nothing then.
     void setStartDecoration(const LineEndDecoration& decoration);
     void setEndDecoration(const LineEndDecoration& decoration);
-    /// Puts the decorations' nodes back where they belong, in case they were moved or taken away.
+    /// Takes the decorations' nodes back under this one and gives them the transform of the curve's
+    /// ends again. A position that the host gave such a node is its own, and stays.
     void updateDecorations();
 
     static const char* staticGetFullyQualifiedKobjTypeName();
