@@ -37,6 +37,12 @@ void CanvasView::fit()
     setFit(Fit::Whole);
 }
 
+void CanvasView::lookAt(const Vetra::GLRect<double>& area)
+{
+    setFit(Fit::None);
+    m_canvas.showSceneRect(area);
+}
+
 void CanvasView::zoomTo(double scale)
 {
     const Vetra::GLRect<double> shown = m_canvas.getSceneRectInView();

@@ -2,6 +2,7 @@
 
 #include <tova/widget/zoomdirection.h>
 #include <vemit/listener.h>
+#include <vetra/glrect.h>
 #include <vetra/size.h>
 
 namespace Tova2 {
@@ -21,6 +22,8 @@ public:
     /// A diagram that is small is shown at its own size.
     void showAll();
     void fit();
+    /// The part of the scene that was seen before; nothing stays fitted.
+    void lookAt(const Vetra::GLRect<double>& area);
     void zoomTo(double scale);
     void step(Tova2::ZoomDirection direction);
     void actualSize();

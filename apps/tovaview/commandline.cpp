@@ -58,6 +58,12 @@ bool readDecorator(const QString& text, Options& options)
     return isOneOf(text, {"hop", "pin", "grad_pin", "light_pin", "none"});
 }
 
+bool readConnectors(const QString& text, Options& options)
+{
+    options.ownConnectors = text == QLatin1String("file");
+    return isOneOf(text, {"upright", "file"});
+}
+
 bool readDetail(const QString& text, Options& options)
 {
     options.detail = text;
@@ -108,6 +114,7 @@ constexpr ValueOption valueOptions[] = {
     {"--dump", "the name of a file", readDump},
     {"--inspect", "the id of a node in the dump", readInspect},
     {"--decorator", "one of hop, pin, grad_pin, light_pin, none", readDecorator},
+    {"--connectors", "one of upright, file", readConnectors},
     {"--background", "the name of a colour, #rrggbb or #rrggbbaa", readBackground},
     {"--lod", "one of default, fullquality, massivemodel", readDetail},
     {"--set", "the name of a switch, = and a whole number", readSetting},
@@ -229,7 +236,8 @@ QString usage()
 {
     return QStringLiteral(
         "Usage: tovaview [FILE] [--export OUT.png|OUT.pdf] [--scale S | --size WxH]\n"
-        "                [--decorator NAME] [--lod NAME] [--background COLOR]\n"
+        "                [--connectors NAME] [--decorator NAME] [--lod NAME]\n"
+        "                [--background COLOR]\n"
         "                [--dump OUT.json] [--inspect ID] [--stats] [--set NAME=VALUE ...]\n"
         "                [--features] [--counters] [--version] [--help]\n"
         "\n"
@@ -240,6 +248,7 @@ QString usage()
         "  --export OUT      write the picture instead of showing it\n"
         "  --scale S         pixels a point in the picture (1)\n"
         "  --size WxH        fit the picture into W by H pixels\n"
+        "  --connectors NAME lead them upright, at right angles, or as the file asks (upright)\n"
         "  --decorator NAME  mark crossings by hop, pin, grad_pin, light_pin or none (grad_pin)\n"
         "  --background COLOR\n"
         "                    a name, #rrggbb or #rrggbbaa, instead of the diagram's ground\n"

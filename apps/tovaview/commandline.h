@@ -18,6 +18,7 @@ struct Options {
     QSize size;                                     ///< pixels; invalid: not given
     QString decorator = QStringLiteral("grad_pin"); ///< of crossings; "none" draws none
     QString detail = QStringLiteral("default");     ///< how small zooms are drawn
+    bool ownConnectors = false;                     ///< as the file has them
     std::optional<Vetra::Color> background;         ///< instead of the diagram's own
     int inspect = 0;                                ///< id in the dump; 0: none
     QStringList settings;                           ///< of switches, each as NAME=VALUE

@@ -24,7 +24,30 @@ double shareOf(const Point& point, const Point& a, const Point& b)
     return std::clamp((offset.x * piece.x + offset.y * piece.y) / square, 0.0, 1.0);
 }
 
+/// Cuts off the shares of a piece that lie outside of one pair of edges.
+bool cutBetween(double from, double by, double low, double high, double& first, double& last)
+{
+    if (by == 0)
+        return low <= from && from <= high;
+    const double a = (low - from) / by, b = (high - from) / by;
+    first = std::max(first, std::min(a, b));
+    last = std::min(last, std::max(a, b));
+    return first <= last;
+}
+
 } // namespace
+
+bool entersRect(const Points& course, const Rect& rect)
+{
+    for (std::size_t i = 1; i < course.size(); ++i) {
+        const Point from = course[i - 1], by = course[i] - from;
+        double first = 0, last = 1;
+        if (cutBetween(from.x, by.x, rect.x, rect.right(), first, last) &&
+            cutBetween(from.y, by.y, rect.y, rect.bottom(), first, last))
+            return true;
+    }
+    return false;
+}
 
 double distanceBetween(const Point& a, const Point& b)
 {

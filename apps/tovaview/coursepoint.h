@@ -15,6 +15,9 @@ struct CoursePoint {
 CoursePoint nearestOn(const Points& course, const Point& point);
 Point pointAlong(const Points& course, double share);
 
+/// Whether a piece of it passes through the rectangle, or ends in it.
+bool entersRect(const Points& course, const Rect& rect);
+
 double distanceBetween(const Point& a, const Point& b);
 
 } // namespace TovaView

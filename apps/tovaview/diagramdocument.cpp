@@ -1,9 +1,9 @@
 #include "diagramdocument.h"
 
-#include "diagramfile.h"
 #include "scenebuilder.h"
 
 #include <algorithm>
+#include <string>
 
 namespace TovaView {
 namespace {
@@ -24,13 +24,6 @@ Rect boxOf(const ConnectorEnd& end)
 }
 
 } // namespace
-
-std::unique_ptr<DiagramDocument> DiagramDocument::open(const QString& file, QStringList& notes,
-                                                       const std::optional<Vetra::Color>& ground)
-{
-    return std::make_unique<DiagramDocument>(
-        std::make_unique<const Diagram>(readDiagram(file, notes)), ground);
-}
 
 DiagramDocument::DiagramDocument(std::unique_ptr<const Diagram> diagram,
                                  const std::optional<Vetra::Color>& ground)
@@ -128,31 +121,88 @@ std::vector<std::size_t> DiagramDocument::connectorsOf(const std::vector<int>& b
     return found;
 }
 
+void DiagramDocument::Placement::completeWith(const Placement& other)
+{
+    aside.insert(other.aside.begin(), other.aside.end());
+}
+
 DiagramDocument::Placement DiagramDocument::placementOf(const std::vector<int>& blocks) const
 {
     Placement placement;
     for (const int index : blocks)
         placement.blocks.push_back({index, offsetOf(index)});
     for (const std::size_t i : connectorsOf(blocks))
-        placement.ways.emplace_back(i, m_connectors[i].way());
+        placement.followers.emplace(i, m_connectors[i].way());
     return placement;
+}
+
+DiagramDocument::Placement DiagramDocument::nowOf(const Placement& placement) const
+{
+    Placement now = placement;
+    for (Placement::BlockPlace& place : now.blocks)
+        place.offset = offsetOf(place.block);
+    for (Placement::Ways* ways : {&now.followers, &now.aside})
+        for (auto& [index, way] : *ways)
+            way = m_connectors[index].way();
+    return now;
 }
 
 void DiagramDocument::restore(const Placement& placement)
 {
     for (const auto& [index, offset] : placement.blocks)
         put(index, offset);
-    for (const auto& [connector, way] : placement.ways)
-        m_connectors[connector].lead(way);
+    for (const Placement::Ways* ways : {&placement.followers, &placement.aside})
+        for (const auto& [connector, way] : *ways)
+            m_connectors[connector].lead(way);
 }
 
-void DiagramDocument::moveFrom(const Placement& from, const Point& distance)
+void DiagramDocument::moveFrom(Placement& from, const Point& distance)
 {
     for (const auto& [index, offset] : from.blocks)
         put(index, offset + distance);
     std::vector<Points> courses;
-    for (const auto& entry : from.ways)
+    for (const auto& entry : from.followers)
         follow(m_connectors[entry.first], courses);
+    for (const auto& [index, way] : from.aside)
+        m_connectors[index].lead(way);
+    makeWay(from, courses);
+}
+
+void DiagramDocument::makeWay(Placement& from, std::vector<Points>& courses)
+{
+    std::vector<Rect> frames;
+    for (const auto& place : from.blocks)
+        frames.push_back(frameOf(place.block));
+    for (std::size_t i = 0; i < m_connectors.size(); ++i) {
+        LedConnector& connector = m_connectors[i];
+        if (from.followers.count(i) != 0 || !connector.runsThroughOneOf(frames))
+            continue;
+        from.aside.emplace(i, connector.way());
+        connector.lead(connector.wayAround(offsetOf(connector.tail().block),
+                                           offsetOf(connector.head().block),
+                                           surroundingsOf(connector, frames, courses)));
+        courses.push_back(connector.way().course);
+    }
+}
+
+void DiagramDocument::takeMovesOf(const DiagramDocument& other)
+{
+    std::unordered_map<std::string, Point> moves;
+    for (const int index : other.m_movable)
+        if (const Point offset = other.offsetOf(index); offset != Point{})
+            moves[other.nameOf(index).toStdString()] = offset;
+    for (const int index : m_movable) {
+        const auto move = moves.find(nameOf(index).toStdString());
+        if (move == moves.end())
+            continue;
+        Placement from = placementOf({index});
+        moveFrom(from, move->second);
+    }
+}
+
+DiagramCounts DiagramDocument::counts() const
+{
+    return {m_movable.size(), m_scene.connectors};
 }
 
 void DiagramDocument::put(int index, const Point& offset)
@@ -164,32 +214,37 @@ void DiagramDocument::put(int index, const Point& offset)
 /// Keeps clear of the courses that those before it have taken, and adds its own.
 void DiagramDocument::follow(LedConnector& connector, std::vector<Points>& courses)
 {
-    const Point tailBy = offsetOf(connector.tail().block);
-    const Point headBy = offsetOf(connector.head().block);
-    const auto obstacles =
-        obstaclesTo(connector.tail().moved(tailBy), connector.head().moved(headBy));
-    connector.lead(connector.wayFor(tailBy, headBy, {obstacles, courses}));
+    connector.lead(connector.wayFor(offsetOf(connector.tail().block),
+                                    offsetOf(connector.head().block),
+                                    surroundingsOf(connector, {}, courses)));
     if (!connector.way().course.empty())
         courses.push_back(connector.way().course);
 }
 
-/// Other blocks near the two ends, as long as they are few.
-std::vector<Rect> DiagramDocument::obstaclesTo(const ConnectorEnd& tail,
-                                               const ConnectorEnd& head) const
+/// Obstacles are `first` and other blocks near the two ends, as long as they are few.
+Surroundings DiagramDocument::surroundingsOf(const LedConnector& connector,
+                                             const std::vector<Rect>& first,
+                                             const std::vector<Points>& courses) const
 {
-    const Rect first = boxOf(tail), second = boxOf(head);
-    const Rect reach = first.united(second).grown(obstacleReach);
-    std::vector<Rect> obstacles;
-    for (const int index : m_movable) {
-        const Rect frame = frameOf(index);
-        if (!reach.intersects(frame) || first.intersects(frame.grown(obstacleGap)) ||
-            second.intersects(frame.grown(obstacleGap)))
-            continue;
-        obstacles.push_back(frame);
-        if (obstacles.size() == mostObstacles)
-            break;
-    }
-    return obstacles;
+    const Rect tail = boxOf(connector.tail().moved(offsetOf(connector.tail().block)));
+    const Rect head = boxOf(connector.head().moved(offsetOf(connector.head().block)));
+    const Rect reach = tail.united(head).grown(obstacleReach);
+    Surroundings surroundings{{}, courses};
+    std::vector<Rect>& obstacles = surroundings.obstacles;
+    const auto add = [&](const Rect& frame) {
+        if (obstacles.size() < mostObstacles && !tail.intersects(frame.grown(obstacleGap)) &&
+            !head.intersects(frame.grown(obstacleGap)))
+            obstacles.push_back(frame);
+    };
+    for (const Rect& frame : first)
+        if (reach.intersects(frame))
+            add(frame);
+    for (const int index : m_movable)
+        if (const Rect frame = frameOf(index);
+            reach.intersects(frame) &&
+            std::find(obstacles.begin(), obstacles.end(), frame) == obstacles.end())
+            add(frame);
+    return surroundings;
 }
 
 } // namespace TovaView

@@ -141,26 +141,39 @@ bool isUsable(const DotResult& result)
     return ended && !result.output.trimmed().isEmpty();
 }
 
-DotResult attempt(const Attempt& way, const QByteArray& text, const DotLimits& limits,
-                  const QString& program)
+/// The last of the ways is the one that takes no patience.
+DotResult attempt(const Attempt& way, bool isLast, const QByteArray& text, const DotLimits& limits,
+                  const QString& program, LayoutControl* control)
 {
+    const auto mayGoOn = [&] {
+        return !control || (!control->isCancelled() && (isLast || !control->isHurried()));
+    };
+    if (control)
+        control->setStage(QLatin1String(way.name));
     // Verbose, since only that tells the fonts and how far a layout came. The charset holds for
     // every graph: the text has been converted.
     QStringList arguments{QStringLiteral("-v"), QStringLiteral("-Tjson"),
                           QStringLiteral("-Gcharset=utf-8")};
-    return runDot(program, arguments + way.options, text, limits);
+    return runDot(program, arguments + way.options, text, limits, mayGoOn);
 }
 
 } // namespace
 
-DotLayout layOut(const QString& file, const QByteArray& text, const DotLimits& limits,
-                 const QString& program)
+DotLayout layOut(const QString& file, const QByteArray& text, const LayoutWish& wish,
+                 const DotLimits& limits, const QString& program)
 {
     DotLayout layout;
     const std::vector<Attempt> ways = attempts();
     QString reason;
-    for (std::size_t i = asksForConnectors(text) ? 1 : 0; i < ways.size();) {
-        const DotResult result = attempt(ways[i], text, limits, program);
+    for (std::size_t i = wish.ownConnectors || asksForConnectors(text) ? 1 : 0; i < ways.size();) {
+        const DotResult result =
+            attempt(ways[i], i + 1 == ways.size(), text, limits, program, wish.control);
+        if (wish.control && wish.control->isCancelled())
+            throw LayoutCancelled();
+        if (result.ending == Ending::GivenUp) {
+            i = ways.size() - 1;
+            continue;
+        }
         if (result.ending == Ending::NotStarted)
             throw FileError(file, 0,
                             QStringLiteral("cannot run %1 (package graphviz)").arg(program));

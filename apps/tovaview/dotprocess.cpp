@@ -78,7 +78,8 @@ DotResult::Ending endingOf(const QProcess& process)
     return process.exitCode() == 0 ? DotResult::Ending::Finished : DotResult::Ending::Failed;
 }
 
-DotResult::Ending watch(LimitedProcess& process, const DotLimits& limits, DotResult& result)
+DotResult::Ending watch(LimitedProcess& process, const DotLimits& limits,
+                        const std::function<bool()>& mayGoOn, DotResult& result)
 {
     const QDeadlineTimer deadline(limits.milliseconds);
     while (process.state() != QProcess::NotRunning) {
@@ -88,6 +89,8 @@ DotResult::Ending watch(LimitedProcess& process, const DotLimits& limits, DotRes
             return DotResult::Ending::TooMuch;
         if (deadline.hasExpired() && process.state() != QProcess::NotRunning)
             return DotResult::Ending::TimedOut;
+        if (!mayGoOn())
+            return DotResult::Ending::GivenUp;
     }
     return endingOf(process);
 }
@@ -95,7 +98,7 @@ DotResult::Ending watch(LimitedProcess& process, const DotLimits& limits, DotRes
 } // namespace
 
 DotResult runDot(const QString& program, const QStringList& arguments, const QByteArray& input,
-                 const DotLimits& limits)
+                 const DotLimits& limits, const std::function<bool()>& mayGoOn)
 {
     DotResult result;
     LimitedProcess process(limits);
@@ -105,7 +108,7 @@ DotResult runDot(const QString& program, const QStringList& arguments, const QBy
         return result;
     process.write(input);
     process.closeWriteChannel();
-    result.ending = watch(process, limits, result);
+    result.ending = watch(process, limits, mayGoOn, result);
     process.killGroup();
     collect(process, result);
     return result;

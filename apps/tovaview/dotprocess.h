@@ -4,6 +4,8 @@
 #include <QString>
 #include <QStringList>
 
+#include <functional>
+
 namespace TovaView {
 
 struct DotLimits {
@@ -19,6 +21,7 @@ struct DotResult {
         Crashed,    ///< by a signal
         TimedOut,   ///< killed by us
         TooMuch,    ///< killed by us: more output than allowed
+        GivenUp,    ///< killed by us: whoever waited has asked for it
         NotStarted, ///< there is no such program
     };
 
@@ -28,9 +31,9 @@ struct DotResult {
 };
 
 /// Runs `program` with `input` on its standard input, in a process group of its own that is killed
-/// as a whole when a limit is reached. The child may open no file that the input names, and dies
-/// with this process.
+/// as a whole when a limit is reached or `mayGoOn` says no. The child may open no file that the
+/// input names, and dies with the thread that called.
 DotResult runDot(const QString& program, const QStringList& arguments, const QByteArray& input,
-                 const DotLimits& limits);
+                 const DotLimits& limits, const std::function<bool()>& mayGoOn);
 
 } // namespace TovaView

@@ -20,16 +20,8 @@ Editor::Editor(Tova2::GLCanvas& canvas, std::unique_ptr<DiagramDocument> documen
 {
     m_selection.changed().connect(this, [this] { showSelection(); });
     m_tool->banded().connect(this, [this](const Rect& band) { m_canvas.setMarquee(band); });
-    m_canvas.connectTo(&Tova2::GLCanvasEmitters::scaleChange, this,
-                       [this](double, Tova2::ZoomReason) { placeFrames(); });
-    m_tool->moved().connect(this, [this] {
-        placeFrames();
-        m_changed.send();
-    });
-    QObject::connect(&m_history, &QUndoStack::indexChanged, &m_history, [this] {
-        placeFrames();
-        m_changed.send();
-    });
+    m_tool->moved().connect(this, [this] { placeFrames(); });
+    QObject::connect(&m_history, &QUndoStack::indexChanged, &m_history, [this] { placeFrames(); });
     attach();
 }
 
@@ -83,7 +75,16 @@ void Editor::setGround(const std::optional<Vetra::Color>& color)
     detach();
     m_document->setGround(color);
     attach();
-    m_changed.send();
+}
+
+void Editor::zoomToSelection()
+{
+    if (m_selection.isEmpty())
+        return;
+    Rect area = m_document->frameOf(m_selection.blocks().front());
+    for (const int block : m_selection.blocks())
+        area = area.united(m_document->frameOf(block));
+    m_canvas.showSceneRect(area.grown(visibleMargin));
 }
 
 void Editor::showSelection()
@@ -99,7 +100,7 @@ void Editor::showSelection()
 void Editor::placeFrames()
 {
     for (std::size_t i = 0; i < m_frames.size(); ++i)
-        m_frames[i].place(m_document->frameOf(m_selection.blocks()[i]), m_canvas.getScale());
+        m_frames[i].place(m_document->frameOf(m_selection.blocks()[i]));
 }
 
 } // namespace TovaView

@@ -27,14 +27,13 @@ public:
 
     DiagramDocument& document() { return *m_document; }
     QUndoStack& history() { return m_history; }
-    /// Blocks have moved, or are about to: a drag is under way.
-    Vemit::Emitter<>& changed() { return m_changed; }
 
     void selectAll();
     void selectNone() { m_selection.clear(); }
     /// The next block, or the one before, alone; scrolls it into view.
     void selectNext(int step);
-    bool hasSelection() const { return !m_selection.isEmpty(); }
+    /// All that is selected, as large as the canvas allows; without a selection nothing.
+    void zoomToSelection();
     /// Ends a drag that is under way.
     void cancelTools();
 
@@ -54,7 +53,6 @@ private:
     QUndoStack m_history;
     Vetra::Holder<MoveTool> m_tool;
     std::vector<SelectionFrame> m_frames;
-    Vemit::Emitter<> m_changed;
 };
 
 } // namespace TovaView

@@ -3,6 +3,7 @@
 #include "endingreader.h"
 #include "fileerror.h"
 #include "inputfile.h"
+#include "placeholder.h"
 #include "xdotreader.h"
 
 #include <QJsonArray>
@@ -133,6 +134,8 @@ private:
         block.cluster = m_clusterOf[static_cast<std::size_t>(index)];
         block.frame = {center.x - width / 2, center.y - height / 2, width, height};
         block.drawing = readDrawings(object, {"_draw_", "_ldraw_", "_xldraw_"});
+        if (const QString image = object[QLatin1String("image")].toString(); !image.isEmpty())
+            addPlaceholder(image, block);
         m_blockOf[static_cast<std::size_t>(index)] = static_cast<int>(m_diagram.blocks.size());
         m_diagram.blocks.push_back(std::move(block));
     }

@@ -4,9 +4,12 @@
 #include "coursepoint.h"
 #include "figurestyle.h"
 
+#include <algorithm>
+
 namespace TovaView {
 namespace {
 
+constexpr double touch = 1;      ///< so far into a block is not through it yet
 constexpr double onCourse = 0.5; ///< a label that lies as near to the line as before stays
 
 Rect boxOf(const std::vector<Tova2::Node>& nodes)
@@ -27,11 +30,31 @@ LedConnector::LedConnector(const Diagram& diagram, const Connector& connector,
 {
     if (!canFollow())
         return;
+    m_reach = boxOf(m_course);
     m_tail = tailEndOf(diagram, connector, m_course);
     m_head = headEndOf(diagram, connector, m_course);
     for (const auto* labels : {&m_nodes.labels, &m_nodes.endLabels})
         for (const Tova2::Node& label : *labels)
             m_labelPositions.push_back(label.getPosition());
+}
+
+bool LedConnector::runsThroughOneOf(const std::vector<Rect>& rects) const
+{
+    if (!canFollow())
+        return false;
+    const Points& course = m_way.course.empty() ? m_course : m_way.course;
+    return std::any_of(rects.begin(), rects.end(), [&](const Rect& rect) {
+        const Rect inside = rect.grown(-touch);
+        return inside.isValid() && m_reach.intersects(inside) &&
+               entersRect(course, inside.translated({-m_way.offset.x, -m_way.offset.y}));
+    });
+}
+
+LedConnector::Way LedConnector::wayAround(const Point& tailBy, const Point& headBy,
+                                          const Surroundings& surroundings) const
+{
+    const Points course = route(m_tail.moved(tailBy), m_head.moved(headBy), surroundings);
+    return course.size() > 1 ? Way{{}, course} : m_way;
 }
 
 LedConnector::Way LedConnector::wayFor(const Point& tailBy, const Point& headBy,
@@ -50,6 +73,7 @@ void LedConnector::lead(const Way& way)
     if (!canFollow() || way == m_way)
         return;
     m_way = way;
+    m_reach = way.course.empty() ? boxOf(m_course).translated(way.offset) : boxOf(way.course);
     const bool isLed = !way.course.empty();
     if (isLed)
         showCourse();

@@ -32,6 +32,10 @@ public:
     const Way& way() const { return m_way; }
     /// Where it should run when its ends have moved by that much since the layout.
     Way wayFor(const Point& tailBy, const Point& headBy, const Surroundings& surroundings) const;
+    /// The same, but never the layout's own way or one like it.
+    Way wayAround(const Point& tailBy, const Point& headBy, const Surroundings& surroundings) const;
+    /// Whether its present course enters one of them, by more than a touch.
+    bool runsThroughOneOf(const std::vector<Rect>& rects) const;
     void lead(const Way& way);
 
 private:
@@ -44,6 +48,7 @@ private:
     const Connector& m_connector;
     ConnectorNodes m_nodes;
     Points m_course; ///< the layout's
+    Rect m_reach;    ///< of the present course
     ConnectorEnd m_tail, m_head;
     Way m_way;
     std::optional<Tova2::OpenLinearPathNode>

@@ -6,6 +6,7 @@
 #include "filedialogs.h"
 #include "fileerror.h"
 #include "helptexts.h"
+#include "loadingbar.h"
 #include "messagebar.h"
 
 #include <tova/widget/glcanvas.h>
@@ -18,7 +19,6 @@
 #include <QGuiApplication>
 #include <QMenuBar>
 #include <QMimeData>
-#include <QScreen>
 #include <QSettings>
 #include <QStatusBar>
 #include <QVBoxLayout>
@@ -26,11 +26,9 @@
 namespace TovaView {
 namespace {
 
-constexpr double largestShare = 0.8; ///< of the screen, at first
-constexpr QSize smallestWindow(480, 320), firstWindow(960, 640);
-constexpr double viewMargin = 12;     ///< pixels around the diagram
-constexpr int countingInterval = 100; ///< milliseconds
-constexpr int noteDuration = 8000;    ///< milliseconds
+constexpr QSize firstWindow(960, 640);
+constexpr double viewMargin = 12;  ///< pixels around the diagram
+constexpr int noteDuration = 8000; ///< milliseconds
 
 QString geometryKey()
 {
@@ -61,7 +59,12 @@ struct WaitCursor {
 } // namespace
 
 MainWindow::MainWindow(const Options& options)
-    : m_options(options), m_canvas(new Tova2::GLCanvas("canvas")), m_messages(new MessageBar)
+    : m_options(options)
+    , m_canvas(new Tova2::GLCanvas("canvas"))
+    , m_messages(new MessageBar)
+    , m_loading(new LoadingBar({[this] { return m_loader.stage(); }, [this] { m_loader.hurry(); },
+                                [this] { cancelLoading(); }}))
+    , m_loader([this](DiagramLoader::Outcome outcome) { loaded(std::move(outcome)); })
 {
     auto* centre = new QWidget;
     auto* layout = new QVBoxLayout(centre);
@@ -69,6 +72,7 @@ MainWindow::MainWindow(const Options& options)
     layout->setSpacing(0);
     QWidget* canvas = Widgets::toQt(*m_canvas);
     layout->addWidget(canvas, 1);
+    layout->addWidget(m_loading);
     layout->addWidget(m_messages);
     setCentralWidget(centre);
     setAcceptDrops(true);
@@ -81,14 +85,13 @@ MainWindow::MainWindow(const Options& options)
     m_status->setEnabled(false);
     m_actions = std::make_unique<WindowActions>(*this, m_history, commands());
     m_actions->showDecorator(options.decorator);
+    m_actions->showConnectors(options.ownConnectors);
     m_recent = std::make_unique<RecentFiles>(m_actions->recentMenu(),
                                              [this](const QString& file) { open(file); });
-    m_crossingTimer.setInterval(countingInterval);
-    QObject::connect(&m_crossingTimer, &QTimer::timeout, this, [this] { countCrossings(); });
     connectCanvas();
     updateTitle();
     resize(firstWindow);
-    m_hasRestoredSize = restoreGeometry(QSettings().value(geometryKey()).toByteArray());
+    restoreGeometry(QSettings().value(geometryKey()).toByteArray());
 }
 
 MainWindow::~MainWindow()
@@ -126,11 +129,13 @@ WindowCommands MainWindow::commands()
     commands.zoomOut = [this] { m_view->step(Tova2::ZoomDirection::Out); };
     commands.actualSize = [this] { m_view->actualSize(); };
     commands.fit = [this] { m_view->fit(); };
+    commands.zoomToSelection = [this] { m_editor->zoomToSelection(); };
     commands.showGrid = [this](bool on) { m_canvas->setGridVisible(on); };
     commands.fullScreen = [this](bool on) {
         setWindowState(windowState().setFlag(Qt::WindowFullScreen, on));
     };
     commands.setDecorator = [this](const QString& name) { setDecorator(name); };
+    commands.useOwnConnectors = [this](bool own) { useOwnConnectors(own); };
     commands.setBackground = [this](const QString& name) {
         setBackground(name.isEmpty() ? std::nullopt : findColor(name));
     };
@@ -167,23 +172,49 @@ bool MainWindow::attempt(const std::function<void()>& action)
     return false;
 }
 
-bool MainWindow::open(const QString& file)
+void MainWindow::open(const QString& file)
 {
-    QStringList notes;
-    const bool isOpen = attempt([&] {
-        const WaitCursor wait;
-        showDocument(file, DiagramDocument::open(file, notes, m_options.background));
-    });
-    if (!isDemoDiagram(file))
-        isOpen ? m_recent->add(file) : m_recent->remove(file);
-    if (!notes.isEmpty())
-        statusBar()->showMessage(oneLine(notes.first()), noteDuration);
-    return isOpen;
+    m_messages->hide();
+    load(file);
 }
 
+void MainWindow::load(const QString& file)
+{
+    m_loader.load(file, m_options.ownConnectors);
+    m_loading->begin(nameOf(file));
+}
+
+void MainWindow::cancelLoading()
+{
+    m_loader.cancel();
+    m_loading->end();
+}
+
+void MainWindow::loaded(DiagramLoader::Outcome outcome)
+{
+    m_loading->end();
+    const bool isOpen =
+        outcome.diagram && attempt([&] {
+            const WaitCursor wait;
+            showDocument(outcome.file, std::make_unique<DiagramDocument>(std::move(outcome.diagram),
+                                                                         m_options.background));
+        });
+    if (!outcome.error.isEmpty())
+        m_messages->say(outcome.error);
+    if (!isDemoDiagram(outcome.file))
+        isOpen ? m_recent->add(outcome.file) : m_recent->remove(outcome.file);
+    if (!outcome.notes.isEmpty())
+        statusBar()->showMessage(oneLine(outcome.notes.first()), noteDuration);
+}
+
+/// The same file, with other connectors, keeps the moves of its blocks and what is seen of it.
 void MainWindow::showDocument(const QString& file, std::unique_ptr<DiagramDocument> document)
 {
+    const bool isSame = m_editor && file == m_file;
+    if (isSame)
+        document->takeMovesOf(m_editor->document());
     document->scene().setLODStrategyKey("tova2::" + m_options.detail.toStdString());
+    const Vetra::GLRect<double> seen = m_canvas->getSceneRectInView();
     m_editor.reset();
     const Vetra::Color accent =
         Vetra::Color::fromPacked(palette().color(QPalette::Highlight).rgba());
@@ -191,38 +222,30 @@ void MainWindow::showDocument(const QString& file, std::unique_ptr<DiagramDocume
     m_file = file;
     m_history.addStack(&m_editor->history());
     m_history.setActiveStack(&m_editor->history());
-    m_editor->changed().connect(this, [this] { crossingsChanged(); });
-    QObject::connect(&m_editor->history(), &QUndoStack::cleanChanged, this,
-                     [this](bool clean) { setWindowModified(!clean); });
     setDecorator(m_options.decorator);
     m_actions->setDiagramShown(true);
     m_status->setEnabled(true);
+    m_status->showSize(m_editor->document().counts());
     updateTitle();
-    sizeFor(m_editor->document().shown().area);
-    m_view->showAll();
+    if (isSame)
+        m_view->lookAt(seen);
+    else
+        m_view->showAll();
 }
 
 void MainWindow::updateTitle()
 {
-    setWindowTitle(m_editor ? QStringLiteral("%1[*] – tovaview").arg(nameOf(m_file))
+    setWindowTitle(m_editor ? QStringLiteral("%1 – tovaview").arg(nameOf(m_file))
                             : QStringLiteral("tovaview"));
-    setWindowModified(false);
 }
 
-/// A number that is out of date for a moment is less of a disturbance than one that comes and goes.
-void MainWindow::countCrossings()
+void MainWindow::useOwnConnectors(bool own)
 {
-    if (m_editor && !m_editor->document().scene().pathIntersectionsAllFound())
+    if (own == m_options.ownConnectors)
         return;
-    m_crossingTimer.stop();
+    m_options.ownConnectors = own;
     if (m_editor)
-        m_status->showCrossings(m_editor->document().scene().pathIntersectionsCount());
-}
-
-void MainWindow::crossingsChanged()
-{
-    if (!m_crossingTimer.isActive())
-        m_crossingTimer.start();
+        load(m_file);
 }
 
 void MainWindow::setDecorator(const QString& name)
@@ -231,7 +254,6 @@ void MainWindow::setDecorator(const QString& name)
     if (!m_editor)
         return;
     m_editor->document().scene().usePathIntersectionsDecorator(name.toStdString());
-    crossingsChanged();
 }
 
 void MainWindow::setBackground(const std::optional<Vetra::Color>& color)
@@ -272,18 +294,6 @@ void MainWindow::print()
 {
     m_editor->cancelTools();
     attempt([&] { askAndPrint(*this, m_editor->document().shown(), nameOf(m_file)); });
-}
-
-/// As it was left the last time; the very first time the diagram says how large.
-void MainWindow::sizeFor(const Rect& area)
-{
-    if (isVisible() || m_hasRestoredSize)
-        return;
-    const QSize screen = QGuiApplication::primaryScreen()->availableSize() * largestShare;
-    const QSize chrome(0, menuBar()->sizeHint().height() + statusBar()->sizeHint().height());
-    resize((QSizeF(area.width, area.height).toSize() + chrome)
-               .expandedTo(smallestWindow)
-               .boundedTo(screen));
 }
 
 void MainWindow::closeEvent(QCloseEvent* event)

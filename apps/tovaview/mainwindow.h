@@ -1,6 +1,7 @@
 #pragma once
 
 #include "commandline.h"
+#include "diagramloader.h"
 #include "editor.h"
 #include "recentfiles.h"
 #include "statusline.h"
@@ -9,7 +10,6 @@
 #include <vemit/listener.h>
 
 #include <QMainWindow>
-#include <QTimer>
 #include <QUndoGroup>
 
 namespace Tova2 {
@@ -19,6 +19,7 @@ class GLCanvas;
 namespace TovaView {
 
 class CanvasView;
+class LoadingBar;
 class MessageBar;
 
 /// The program's window: one diagram in a canvas, the menus above it, the status bar below.
@@ -28,9 +29,10 @@ public:
     explicit MainWindow(const Options& options);
     ~MainWindow() override;
 
-    /// Shows the diagram of a file. What goes wrong is said in the window, which then shows what it
-    /// did before.
-    bool open(const QString& file);
+    /// Begins to read a file, and shows its diagram when that is done; meanwhile, and when it goes
+    /// wrong, which is said in the window, the one before stays.
+    void open(const QString& file);
+    bool isLoading() const { return m_loader.isLoading(); }
 
 protected:
     void closeEvent(QCloseEvent* event) override;
@@ -42,8 +44,10 @@ private:
     WindowCommands commands();
     StatusLine::Handlers statusHandlers();
     void connectCanvas();
+    void loaded(DiagramLoader::Outcome outcome);
     void showDocument(const QString& file, std::unique_ptr<DiagramDocument> document);
-    void sizeFor(const Rect& area);
+    void load(const QString& file);
+    void cancelLoading();
     /// Runs what may fail, and says so in the window.
     bool attempt(const std::function<void()>& action);
 
@@ -54,8 +58,7 @@ private:
     void chooseBackground();
     void setBackground(const std::optional<Vetra::Color>& color);
     void setDecorator(const QString& name);
-    void countCrossings();
-    void crossingsChanged();
+    void useOwnConnectors(bool own);
     void updateTitle();
 
     Options m_options;
@@ -68,8 +71,9 @@ private:
     std::unique_ptr<StatusLine> m_status;
     std::unique_ptr<WindowActions> m_actions;
     std::unique_ptr<RecentFiles> m_recent;
-    bool m_hasRestoredSize = false;
-    QTimer m_crossingTimer; ///< runs while crossings are being counted
+    LoadingBar* m_loading;
+    /// Last, so that no diagram comes when the rest is gone.
+    DiagramLoader m_loader;
 };
 
 } // namespace TovaView

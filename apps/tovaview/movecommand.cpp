@@ -36,7 +36,10 @@ bool MoveCommand::mergeWith(const QUndoCommand* next)
     if (!std::equal(m_before.blocks.begin(), m_before.blocks.end(), other.m_before.blocks.begin(),
                     other.m_before.blocks.end(), isSameBlock))
         return false;
-    m_after = other.m_after;
+    m_before.completeWith(other.m_before);
+    DiagramDocument::Placement after = other.m_after;
+    after.completeWith(m_after);
+    m_after = std::move(after);
     setObsolete(m_after == m_before);
     return true;
 }

@@ -208,7 +208,7 @@ void MoveTool::endGesture()
 
 void MoveTool::record(MoveCommand::Kind kind, DiagramDocument::Placement before)
 {
-    DiagramDocument::Placement after = m_document.placementOf(m_selection.blocks());
+    DiagramDocument::Placement after = m_document.nowOf(before);
     if (after != before)
         m_history.push(new MoveCommand(m_document, std::move(before), std::move(after), kind));
     m_moved.send();

@@ -112,7 +112,8 @@ private:
     {
         QElapsedTimer timer;
         timer.start();
-        const Diagram diagram = readDiagram(m_options.file, m_notes);
+        const Diagram diagram =
+            readDiagram(m_options.file, m_notes, {m_options.ownConnectors, nullptr});
         sayNotes(m_options.file, m_notes);
         m_timings.load = lap(timer);
         m_scene = SceneBuilder(diagram, m_options.background).build();

@@ -325,9 +325,11 @@ void SceneBuilder::place(Tova2::Node& node, const Tova2::Node& parent)
         m_placed->push_back(node);
 }
 
-void SceneBuilder::name(const Tova2::Node& node, const QString& name)
+void SceneBuilder::name(Tova2::Node& node, const QString& name)
 {
     m_result.items[node].name = name;
+    if (node.isValid() && !name.isEmpty())
+        node.addTag("ToolTip", name.toStdString());
 }
 
 void SceneBuilder::includeInArea(const Rect& rect)

@@ -34,7 +34,7 @@ private:
     void place(Tova2::Node& node, const Tova2::Node& parent);
     void addLabelGround(const TextPiece& text);
     std::optional<Vetra::Color> groundAt(const Point& point) const;
-    void name(const Tova2::Node& node, const QString& name);
+    void name(Tova2::Node& node, const QString& name);
     void includeInArea(const Rect& rect);
 
     const Diagram& m_diagram;

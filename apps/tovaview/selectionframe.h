@@ -2,15 +2,12 @@
 
 #include "diagram.h"
 
-#include <tova/nodes/rectnode.h>
+#include <tova/nodes/roundedrectnode.h>
 #include <tova/scene/scene.h>
-
-#include <array>
 
 namespace TovaView {
 
-/// The outline of a selected block in the overlay, with a small square at each corner. Line and
-/// squares look the same at every zoom.
+/// The outline of a selected block in the overlay, as wide at every zoom.
 class SelectionFrame {
 public:
     SelectionFrame(Tova2::Scene& overlay, const Vetra::Color& accent);
@@ -18,12 +15,10 @@ public:
     SelectionFrame& operator=(SelectionFrame&&) = default;
     ~SelectionFrame();
 
-    /// At a view scale at which the squares would cover a small block, they do not show.
-    void place(const Rect& block, double viewScale);
+    void place(const Rect& block);
 
 private:
-    Tova2::RectNode m_outline;
-    std::array<Tova2::RectNode, 4> m_handles;
+    Tova2::RoundedRectNode m_outline;
 };
 
 } // namespace TovaView

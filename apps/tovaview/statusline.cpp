@@ -9,16 +9,16 @@
 namespace TovaView {
 
 StatusLine::StatusLine(QStatusBar& bar, Handlers handlers)
-    : m_pointer(new QLabel(&bar)), m_crossings(new QLabel(&bar))
+    : m_pointer(new QLabel(&bar)), m_size(new QLabel(&bar))
 {
     // What is on the left is in the way of messages. The width keeps what is beside it at rest.
     m_pointer->setMinimumWidth(
         bar.fontMetrics().horizontalAdvance(QStringLiteral("-10000, -10000")));
     m_pointer->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     m_pointer->setToolTip(QStringLiteral("Where the pointer is, in points"));
-    m_crossings->setContentsMargins(12, 0, 12, 0);
+    m_size->setContentsMargins(12, 0, 12, 0);
     bar.addPermanentWidget(m_pointer);
-    bar.addPermanentWidget(m_crossings);
+    bar.addPermanentWidget(m_size);
     m_out = addButton(bar, "−", "Zoom out", std::move(handlers.zoomOut));
     m_zoom = new ZoomBox(std::move(handlers.zoom), &bar);
     bar.addPermanentWidget(m_zoom);
@@ -47,10 +47,14 @@ void StatusLine::showPointer(const std::optional<Vetra::GLPoint<double>>& positi
             : QString());
 }
 
-void StatusLine::showCrossings(std::size_t count)
+void StatusLine::showSize(const DiagramCounts& counts)
 {
-    m_crossings->setText(count == 1 ? QStringLiteral("1 crossing")
-                                    : QStringLiteral("%1 crossings").arg(count));
+    const auto times = [](std::size_t count, const char* thing) {
+        return QStringLiteral("%1 %2%3").arg(count).arg(QLatin1String(thing),
+                                                        QLatin1String(count == 1 ? "" : "s"));
+    };
+    m_size->setText(times(counts.blocks, "block") + QStringLiteral(", ") +
+                    times(counts.connectors, "connector"));
 }
 
 void StatusLine::setEnabled(bool enabled)
@@ -59,7 +63,7 @@ void StatusLine::setEnabled(bool enabled)
          {static_cast<QWidget*>(m_out), static_cast<QWidget*>(m_zoom), static_cast<QWidget*>(m_in)})
         widget->setEnabled(enabled);
     if (!enabled)
-        m_crossings->clear();
+        m_size->clear();
 }
 
 } // namespace TovaView

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "diagramdocument.h"
 #include "zoombox.h"
 
 #include <vetra/glpoint.h>
@@ -12,7 +13,7 @@ class QToolButton;
 
 namespace TovaView {
 
-/// What the status bar tells: where the pointer is, how many crossings there are, and the zoom.
+/// What the status bar tells: where the pointer is, how large the diagram is, and the zoom.
 class StatusLine {
 public:
     struct Handlers {
@@ -25,7 +26,7 @@ public:
 
     /// In points of the scene; nothing when it is not over the diagram.
     void showPointer(const std::optional<Vetra::GLPoint<double>>& position);
-    void showCrossings(std::size_t count);
+    void showSize(const DiagramCounts& counts);
     void showScale(double scale) { m_zoom->showScale(scale); }
     /// Disabled without a diagram.
     void setEnabled(bool enabled);
@@ -35,7 +36,7 @@ private:
                            std::function<void()> command);
 
     QLabel* m_pointer;
-    QLabel* m_crossings;
+    QLabel* m_size;
     QToolButton* m_out;
     ZoomBox* m_zoom;
     QToolButton* m_in;

@@ -22,6 +22,7 @@ constexpr Choice decorators[] = {{"&Hop", "hop"},
                                  {"&Graded Pin", "grad_pin"},
                                  {"&Light Pin", "light_pin"},
                                  {"&None", "none"}};
+constexpr Choice connectors[] = {{"&Right-Angled", ""}, {"As in the &File", "own"}};
 constexpr Choice backgrounds[] = {
     {"&Diagram's Own", ""}, {"&White", "white"}, {"&Paper", "#fbf7ee"}, {"&Light Grey", "#eef0f2"}};
 
@@ -61,6 +62,11 @@ void WindowActions::showDecorator(const QString& name)
 {
     for (QAction* action : m_decorators->actions())
         action->setChecked(action->data() == name);
+}
+
+void WindowActions::showConnectors(bool own)
+{
+    m_connectors->actions()[own ? 1 : 0]->setChecked(true);
 }
 
 QAction* WindowActions::add(QMenu& menu, const char* text, const char* keys,
@@ -121,7 +127,9 @@ void WindowActions::addViewMenu(QMainWindow& window)
     addDiagramAction(menu, "Zoom &Out", "Ctrl+-", m_commands.zoomOut);
     addDiagramAction(menu, "&Actual Size", "Ctrl+0", m_commands.actualSize);
     addDiagramAction(menu, "&Fit", "F", m_commands.fit);
+    addDiagramAction(menu, "Zoom to &Selection", "Shift+F", m_commands.zoomToSelection);
     menu.addSeparator();
+    addConnectors(*menu.addMenu(QStringLiteral("C&onnectors")));
     addDecorators(*menu.addMenu(QStringLiteral("&Crossings")));
     addBackgrounds(*menu.addMenu(QStringLiteral("&Background")));
     const auto addSwitch = [&](const char* text, const char* keys,
@@ -135,6 +143,17 @@ void WindowActions::addViewMenu(QMainWindow& window)
     addSwitch("&Grid", "G", m_commands.showGrid);
     menu.addSeparator();
     addSwitch("F&ull Screen", "F11", m_commands.fullScreen);
+}
+
+void WindowActions::addConnectors(QMenu& menu)
+{
+    m_connectors = new QActionGroup(&menu);
+    for (const Choice& choice : connectors)
+        addChoice(menu, *m_connectors, choice);
+    QObject::connect(m_connectors, &QActionGroup::triggered, &menu,
+                     [command = m_commands.useOwnConnectors](QAction* action) {
+                         command(!action->data().toString().isEmpty());
+                     });
 }
 
 void WindowActions::addDecorators(QMenu& menu)

@@ -15,8 +15,9 @@ namespace TovaView {
 struct WindowCommands {
     std::function<void()> open, exportPicture, print, quit;
     std::function<void()> selectAll, selectNone, selectNext, selectPrevious;
-    std::function<void()> zoomIn, zoomOut, actualSize, fit;
+    std::function<void()> zoomIn, zoomOut, actualSize, fit, zoomToSelection;
     std::function<void(bool)> showGrid, fullScreen;
+    std::function<void(bool)> useOwnConnectors;        ///< as the file has them
     std::function<void(const QString&)> setDecorator;  ///< "none", "hop" and so on
     std::function<void(const QString&)> setBackground; ///< a colour; empty for the diagram's own
     std::function<void()> chooseBackground;
@@ -32,6 +33,7 @@ public:
     /// Those that need a diagram.
     void setDiagramShown(bool shown);
     void showDecorator(const QString& name);
+    void showConnectors(bool own);
 
 private:
     QAction* add(QMenu& menu, const char* text, const char* keys, std::function<void()> command);
@@ -40,6 +42,7 @@ private:
     void addFileMenu(QMainWindow& window);
     void addEditMenu(QMainWindow& window, QUndoGroup& history);
     void addViewMenu(QMainWindow& window);
+    void addConnectors(QMenu& menu);
     void addDecorators(QMenu& menu);
     void addBackgrounds(QMenu& menu);
     void addHelpMenu(QMainWindow& window);
@@ -48,6 +51,7 @@ private:
     QMenu* m_recent = nullptr;
     QActionGroup* m_needDiagram;
     QActionGroup* m_decorators = nullptr;
+    QActionGroup* m_connectors = nullptr;
 };
 
 } // namespace TovaView

@@ -20,7 +20,7 @@ protected:
         DotLimits limits;
         limits.milliseconds = 400;
         limits.outputBytes = 1000;
-        return layOut(QStringLiteral("f.dot"), text, limits, program);
+        return layOut(QStringLiteral("f.dot"), text, m_wish, limits, program);
     }
 
     static QByteArray unless(const char* option, const char* action)
@@ -30,6 +30,8 @@ protected:
     }
 
     TemporaryFolder m_folder;
+    LayoutControl m_control;
+    LayoutWish m_wish{false, &m_control};
 };
 
 TEST_F(DotLayoutTest, FirstTriesRightAnglesUnlessTheFileAsksForOthers)
@@ -46,6 +48,16 @@ TEST_F(DotLayoutTest, FirstTriesRightAnglesUnlessTheFileAsksForOthers)
         EXPECT_EQ(layout.json.contains("-Gsplines=ortho"), straight) << text;
         EXPECT_TRUE(layout.notes.isEmpty()) << text;
     }
+}
+
+TEST_F(DotLayoutTest, WhoIsInAHurryGetsThePlacementByForces)
+{
+    m_control.hurry();
+    const DotLayout layout = layOutWith(unless("sfdp", "sleep 60"));
+    EXPECT_TRUE(layout.notes.isEmpty());
+    EXPECT_THAT(m_control.stage().toStdString(), HasSubstr("by forces"));
+    m_control.cancel();
+    EXPECT_THROW(layOutWith("sleep 60\n"), LayoutCancelled);
 }
 
 TEST_F(DotLayoutTest, CrashLeadsToTheNextWayAndIsTold)
@@ -118,7 +130,7 @@ TEST_F(DotLayoutTest, FamiliesAreThoseThatDotMeasuredWith)
 TEST(DotProgramTest, MissingProgramNamesItsPackage)
 {
     const auto run = [] {
-        layOut(QStringLiteral("f.dot"), "graph {}", {}, QStringLiteral("no-such-dot"));
+        layOut(QStringLiteral("f.dot"), "graph {}", {}, {}, QStringLiteral("no-such-dot"));
     };
     EXPECT_THAT(complaintOf(run), HasSubstr("package graphviz"));
 }

@@ -1,8 +1,12 @@
 #include "movetool.h"
 
+#include "diagramfile.h"
+#include "plainreader.h"
+
 #include <gtest/gtest.h>
 
 #include <tova/events/eventtestdriver.h>
+#include <tova/nodes/openlinearpathnode.h>
 
 #include <QUndoStack>
 
@@ -38,8 +42,9 @@ protected:
     }
 
     QStringList m_notes;
-    std::unique_ptr<DiagramDocument> m_document =
-        DiagramDocument::open(QStringLiteral(DIAGRAMS "/statemachine.dot"), m_notes);
+    const std::unique_ptr<DiagramDocument> m_document =
+        std::make_unique<DiagramDocument>(std::make_unique<const Diagram>(
+            readDiagram(QStringLiteral(DIAGRAMS "/statemachine.dot"), m_notes)));
     Selection m_selection;
     QUndoStack m_history;
     const Vetra::Holder<MoveTool> m_tool{new MoveTool(*m_document, m_selection, m_history)};
@@ -137,6 +142,48 @@ TEST_F(MoveToolTest, UndoOfMovesOverEachOtherRestoresEachPictureOnTheWay)
         m_history.undo();
     }
     EXPECT_EQ(picture(), m_before);
+}
+
+/// A block under a wire, which the wire has to run around when the block comes to lie on it.
+TEST(MakingWayTest, WiresOfOthersRunAroundAMovedBlockAndComeBack)
+{
+    DiagramDocument document(std::make_unique<const Diagram>(
+        readPlain(QStringLiteral("f.plain"), "graph 1 10 4\n"
+                                             "node a 1 3 1 1 a solid box black white\n"
+                                             "node b 9 3 1 1 b solid box black white\n"
+                                             "node c 5 1 1 1 c solid box black white\n"
+                                             "edge a b 4 1.5 3 4 3 6 3 8.5 3 solid black\n"
+                                             "stop\n")));
+    Selection selection;
+    QUndoStack history;
+    const Vetra::Holder<MoveTool> tool(new MoveTool(document, selection, history));
+    document.scene().addTool(tool.get());
+    const auto wiresThrough = [&](int block) {
+        int count = 0;
+        for (const Tova2::Node& node :
+             document.scene().getNodesIntersectingRect(document.frameOf(block).grown(-2)))
+            count += node.isVisible() && node.as<Tova2::OpenLinearPathNode>().isValid();
+        return count;
+    };
+    const int block = 2;
+    const Rect first = document.scene().getBounds();
+    selection.set({block});
+    for (int step = 1; step <= 60; ++step) {
+        tool->nudge({0, -5});
+        EXPECT_EQ(wiresThrough(block), 0) << "after step " << step;
+    }
+    EXPECT_EQ(history.count(), 1);
+    history.undo();
+    EXPECT_EQ(document.scene().getBounds(), first);
+    Tova2::EventTestDriver user(document.scene());
+    const Point from = document.frameOf(block).center();
+    user.drag(from, from - Point{0, 144});
+    EXPECT_EQ(wiresThrough(block), 0);
+    user.drag(document.frameOf(block).center(), from);
+    history.undo();
+    history.undo();
+    EXPECT_EQ(document.scene().getBounds(), first);
+    document.scene().removeTool(tool.get());
 }
 
 TEST_F(MoveToolTest, AnotherGroundKeepsMovesAndTheirHistory)
