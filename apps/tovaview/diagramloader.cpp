@@ -53,7 +53,8 @@ void DiagramLoader::load(const QString& file, bool ownConnectors)
     work->thread = std::thread([this, work, ownConnectors] {
         read(work->outcome, {ownConnectors, &work->control});
         // The loader joins the thread before it ends itself, so it is there.
-        QMetaObject::invokeMethod(this, [this, work] { finish(work); }, Qt::QueuedConnection);
+        QMetaObject::invokeMethod(
+            this, [this, work] { finish(work); }, Qt::QueuedConnection);
         work->hasEnded = true;
     });
 }

@@ -19,7 +19,7 @@ constexpr Row rows[] = {
     {"Arrow keys", "move what is selected by 5 points, with Shift by 1; else scroll"},
     {"N, Shift+N", "select the next block, the previous one"},
     {"Page Up, Page Down", "scroll by pages"},
-    {"+, −, 0, F", "zoom in, zoom out, actual size, fit"},
+    {"+, −, 0, F, Shift+F", "zoom in, zoom out, actual size, fit, zoom to what is selected"},
     {"Esc", "cancel, then select nothing"},
 };
 

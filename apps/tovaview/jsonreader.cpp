@@ -2,7 +2,9 @@
 
 #include "endingreader.h"
 #include "fileerror.h"
+#include "fontfamily.h"
 #include "inputfile.h"
+#include "label.h"
 #include "placeholder.h"
 #include "xdotreader.h"
 
@@ -10,6 +12,7 @@
 #include <QJsonDocument>
 #include <QJsonObject>
 
+#include <algorithm>
 #include <cmath>
 
 namespace TovaView {
@@ -18,6 +21,8 @@ namespace {
 constexpr double pointsPerInch = 72;
 constexpr int mostElements = 200'000;
 constexpr int deepestNesting = 256;
+constexpr double widthOfLetter = 0.6; ///< of the font's size, on average
+constexpr double farAway = 1000;      ///< from every line, in points
 
 /// "x1,y1,x2,y2" as a page whose y grows downwards from `top`.
 Rect readBox(const QJsonValue& value, double top)
@@ -49,6 +54,7 @@ public:
         , m_objects(graph[QLatin1String("objects")].toArray())
         , m_subgraphs(graph[QLatin1String("_subgraph_cnt")].toInt())
         , m_top(topOf(graph))
+        , m_families(families)
         , m_xdot(m_top, families)
     {}
 
@@ -163,8 +169,34 @@ private:
         readEndings(object, m_top, readDrawings(object, {"_tdraw_"}).figures,
                     readDrawings(object, {"_hdraw_"}).figures, connector);
         connector.labels = readDrawings(object, {"_ldraw_", "_xldraw_"});
+        if (connector.labels.empty())
+            addLostLabel(object, connector);
         connector.endLabels = readDrawings(object, {"_tldraw_", "_hldraw_"});
         m_diagram.connectors.push_back(std::move(connector));
+    }
+
+    /// dot leads loops at right angles and forgets to draw their labels. Where they go is found
+    /// when the line is known.
+    void addLostLabel(const QJsonObject& object, Connector& connector) const
+    {
+        const QString label = object[QLatin1String("label")].toString();
+        const auto lines =
+            label.startsWith(QLatin1Char('<')) ? markupLines(label) : labelLines(label);
+        TextStyle style;
+        style.size =
+            qBound(1.0, object[QLatin1String("fontsize")].toString(QStringLiteral("14")).toDouble(),
+                   1000.0);
+        const QString font =
+            object[QLatin1String("fontname")].toString(QStringLiteral("Times-Roman"));
+        style.family = m_families.value(font, faceOf(font).family);
+        int longest = 0;
+        for (const LabelLine& line : lines)
+            longest = std::max(longest, line.text.size());
+        const double width = longest * style.size * widthOfLetter;
+        connector.labels.texts = placeLines(
+            lines, {0, 0, width, static_cast<double>(lines.size()) * style.size * lineHeight},
+            style);
+        translate(connector.labels, {m_diagram.bounds.x - farAway, m_diagram.bounds.y - farAway});
     }
 
     const QString& m_file;
@@ -172,6 +204,7 @@ private:
     QJsonArray m_objects;
     int m_subgraphs;
     double m_top;
+    const QHash<QString, QString>& m_families;
     XdotReader m_xdot;
     Diagram m_diagram;
     std::vector<int> m_clusterOf; ///< by position in m_objects, like the next

@@ -11,9 +11,9 @@
 namespace TovaView {
 namespace {
 
-constexpr double gap = 3;           ///< between a label and its line, in points
-constexpr double farthest = 12;     ///< from its line a label is taken for its own
-constexpr double cellSide = 128;    ///< of the index, in points
+constexpr double gap = 3;             ///< between a label and its line, in points
+constexpr double farthest = 12;       ///< from its line a label is taken for its own
+constexpr double cellSide = 128;      ///< of the index, in points
 constexpr std::size_t mostCells = 64; ///< of one thing; what is larger is no block
 constexpr double shares[] = {0.5, 0.25, 0.75};
 // What it costs to cover one point by one point, and to lie a point away from the middle.
@@ -59,7 +59,9 @@ private:
     // Coordinates are at most 1e7, as the readers see to.
     static Cells cellsOf(const Rect& rect)
     {
-        const auto cell = [](double value) { return static_cast<int>(std::floor(value / cellSide)); };
+        const auto cell = [](double value) {
+            return static_cast<int>(std::floor(value / cellSide));
+        };
         return {cell(rect.x), cell(rect.y), cell(rect.right()), cell(rect.bottom())};
     }
 
@@ -117,7 +119,8 @@ std::vector<Rect> placesBeside(const Points& course, const Rect& box)
     return places;
 }
 
-/// The best of the places; the middle of the line, which the label then lies on, where there is none.
+/// The best of the places; the middle of the line, which the label then lies on, where there is
+/// none.
 Point bestCentre(const Points& course, const Rect& box, const TakenRoom& taken)
 {
     const Point middle = pointAlong(course, 0.5);

@@ -7,8 +7,8 @@
 
 namespace TovaView {
 
-/// What somebody who waits for a layout says meanwhile, and hears of it. Its calls may come from any
-/// thread.
+/// What somebody who waits for a layout says meanwhile, and hears of it. Its calls may come from
+/// any thread.
 class LayoutControl {
 public:
     void cancel() { m_isCancelled = true; }
@@ -37,7 +37,7 @@ private:
 };
 
 struct LayoutWish {
-    bool ownConnectors = false; ///< as the file has them, instead of right-angled ones
+    bool ownConnectors = false;       ///< as the file has them, instead of right-angled ones
     LayoutControl* control = nullptr; ///< null when nobody waits; not owned
 };
 

@@ -8,9 +8,9 @@
 namespace TovaView {
 namespace {
 
-constexpr int interval = 200;            ///< milliseconds
-constexpr qint64 patience = 4000;        ///< before something quicker is proposed
-constexpr int widthOfProgress = 120;     ///< pixels
+constexpr int interval = 200;        ///< milliseconds
+constexpr qint64 patience = 4000;    ///< before something quicker is proposed
+constexpr int widthOfProgress = 120; ///< pixels
 
 QPushButton* makeButton(const char* text, const char* tip, const std::function<void()>& command)
 {
@@ -26,8 +26,9 @@ QPushButton* makeButton(const char* text, const char* tip, const std::function<v
 LoadingBar::LoadingBar(Handlers handlers)
     : m_handlers(std::move(handlers))
     , m_label(new QLabel)
-    , m_hurry(makeButton("Lay Out by Forces", "Quicker for a large graph: blocks lie where their "
-                                              "connectors pull them, without ranks",
+    , m_hurry(makeButton("Lay Out by Forces",
+                         "Quicker for a large graph: blocks lie where their "
+                         "connectors pull them, without ranks",
                          [this] {
                              m_hurry->setEnabled(false);
                              m_handlers.hurry();
@@ -70,9 +71,8 @@ void LoadingBar::end()
 void LoadingBar::showProgress()
 {
     const QString stage = m_handlers.stage();
-    QString text = stage.isEmpty()
-                       ? QStringLiteral("Reading %1").arg(m_name)
-                       : QStringLiteral("Laying out %1 with %2").arg(m_name, stage);
+    QString text = stage.isEmpty() ? QStringLiteral("Reading %1").arg(m_name)
+                                   : QStringLiteral("Laying out %1 with %2").arg(m_name, stage);
     if (m_since.elapsed() >= 1000)
         text += QStringLiteral(", %1 s").arg(m_since.elapsed() / 1000);
     m_label->setText(text);

@@ -5,9 +5,9 @@
 namespace TovaView {
 namespace {
 
-constexpr double margin = 4, textSize = 8;  ///< points
-constexpr double largestSign = 40;          ///< points
-constexpr double heightOfSign = 0.75;       ///< of its width
+constexpr double margin = 4, textSize = 8; ///< points
+constexpr double largestSign = 40;         ///< points
+constexpr double heightOfSign = 0.75;      ///< of its width
 
 FillStyle filled(quint32 color)
 {
@@ -21,7 +21,10 @@ LineStyle line(quint32 color, Dash dash = Dash::Solid)
 
 Points cornersOf(const Rect& rect)
 {
-    return {rect.topLeft(), {rect.right(), rect.y}, {rect.right(), rect.bottom()}, {rect.x, rect.bottom()}};
+    return {rect.topLeft(),
+            {rect.right(), rect.y},
+            {rect.right(), rect.bottom()},
+            {rect.x, rect.bottom()}};
 }
 
 /// A frame with a sun over two hills.
@@ -32,10 +35,11 @@ void addSign(const Rect& box, std::vector<Figure>& figures)
     };
     figures.push_back({Outline::Polygon, cornersOf(box), filled(0xffffffff), line(0xff8a93a0)});
     figures.push_back({Outline::Ellipse, {at(0.16, 0.16), at(0.34, 0.4)}, filled(0xffe8b84a), {}});
-    figures.push_back({Outline::Polygon,
-                       {at(0.06, 0.9), at(0.38, 0.45), at(0.6, 0.75), at(0.74, 0.58), at(0.94, 0.9)},
-                       filled(0xff9fb4c8),
-                       {}});
+    figures.push_back(
+        {Outline::Polygon,
+         {at(0.06, 0.9), at(0.38, 0.45), at(0.6, 0.75), at(0.74, 0.58), at(0.94, 0.9)},
+         filled(0xff9fb4c8),
+         {}});
 }
 
 } // namespace
@@ -52,8 +56,7 @@ void addPlaceholder(const QString& name, Block& block)
     if (!isNamed)
         return;
     const double room = frame.height - 2 * margin - textSize * 1.4;
-    const double width =
-        std::min({largestSign, frame.width - 2 * margin, room / heightOfSign});
+    const double width = std::min({largestSign, frame.width - 2 * margin, room / heightOfSign});
     const double height = width * heightOfSign;
     if (width < margin)
         return;

@@ -129,7 +129,7 @@ void WindowActions::addViewMenu(QMainWindow& window)
     addDiagramAction(menu, "&Fit", "F", m_commands.fit);
     addDiagramAction(menu, "Zoom to &Selection", "Shift+F", m_commands.zoomToSelection);
     menu.addSeparator();
-    addConnectors(*menu.addMenu(QStringLiteral("C&onnectors")));
+    addConnectors(*menu.addMenu(QStringLiteral("Con&nectors")));
     addDecorators(*menu.addMenu(QStringLiteral("&Crossings")));
     addBackgrounds(*menu.addMenu(QStringLiteral("&Background")));
     const auto addSwitch = [&](const char* text, const char* keys,
