@@ -69,7 +69,7 @@ protected:
     QPainterPath pathOf(const Range& range) const override;
     bool hasCrossings() const override;
     CrossingMarks* crossingMarks(double viewScale) const override;
-    void appendMarked(const Range& range, CrossingMarks& marks, QPainterPath& path) const override;
+    void appendMarked(const Range& range, CrossingMarks& marks, MarkedPath& drawn) const override;
     void dropCaches(ChangeLevel level) override;
     /// After another value of a point at either end.
     virtual void pointsChanged() {}

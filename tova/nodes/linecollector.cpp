@@ -13,6 +13,14 @@ constexpr double kUnseenPixels = 0.125;
 /// Of a fade, which is a dozen pixels long at any zoom unless its line is very wide.
 constexpr double kMostLines = 64;
 
+void appendArc(QPainterPath& path, const QPointF& start,
+               std::span<const CrossingMarks::Curve> curves)
+{
+    path.moveTo(start);
+    for (const auto& [control1, control2, end] : curves)
+        path.cubicTo(control1, control2, end);
+}
+
 } // namespace
 
 LineCollector::LineCollector(Polylines& lines, const QTransform& toPixels, bool thinsOut,
@@ -70,56 +78,43 @@ void LineCollector::keep(const QPointF& point)
     m_isLineNew = false;
 }
 
-void LineCollector::add(std::span<const QPainterPath::Element> elements)
+void LineCollector::add(const CrossingMarks::Marked& marked)
 {
-    for (std::size_t i = 0; i < elements.size(); ++i) {
-        const QPointF to = elements[i];
-        if (elements[i].isMoveTo()) {
-            // Dashes go on below the gap.
-            measure(to);
-            begin(to);
-        } else if (elements[i].isCurveTo()) {
-            addChords(elements.subspan(i, 3));
-            i += 2;
-        } else {
-            lineTo(to);
-        }
-    }
-}
-
-// A fading line has nothing but lines, with a gap for two fades or, where marks meet, for more.
-void LineCollector::addWithFades(const CrossingMarks::Marks& marks)
-{
-    if (marks.fades.empty())
-        return add(marks.line);
-    std::size_t next = 0;
-    for (const QPainterPath::Element& element : marks.line) {
-        if (!element.isMoveTo()) {
-            lineTo(element);
+    for (const CrossingMarks::Mark& mark : marked.marks) {
+        lineTo(marked.at(mark.from));
+        const auto curves = marked.curves(mark);
+        const bool isApart = mark.isApart || m_arcs;
+        if (!curves.empty() && !isApart) {
+            addArc(curves);
             continue;
         }
-        do {
-            addFade(marks.fades[next], false);
-            addFade(marks.fades[next + 1], true);
-            next += 2;
-        } while (next < marks.fades.size() && marks.fades[next - 1].full != element);
-        begin(element);
+        // Dashes go on below the gap.
+        const double length = m_length + mark.to - mark.from;
+        if (!curves.empty() && m_arcs) {
+            appendArc(*m_arcs, m_current, curves);
+        } else if (!curves.empty()) {
+            begin(m_current);
+            addArc(curves);
+        }
+        const auto fades = m_hasFades ? marked.fades(mark) : std::span<const CrossingMarks::Fade>();
+        for (std::size_t i = 0; i < fades.size(); ++i)
+            addFade(marked, fades[i], i % 2 == 1);
+        m_length = length;
+        begin(marked.at(mark.to));
     }
 }
 
 // Whatever way pixels lie, each has its share of a line in it, or of two.
-void LineCollector::addFade(const CrossingMarks::Fade& fade, bool isFadingIn)
+void LineCollector::addFade(const CrossingMarks::Marked& marked, const CrossingMarks::Fade& fade,
+                            bool isFadingIn)
 {
-    const auto lengthTo = [&](const QPointF& p) {
-        return std::hypot(p.x() - fade.clear.x(), p.y() - fade.clear.y());
-    };
-    const double length = lengthTo(fade.full);
+    const double length = std::abs(fade.full - fade.clear);
     if (!(length > 0))
         return;
     const int count = static_cast<int>(std::clamp(std::round(length / m_pixel), 1.0, kMostLines));
-    const double last = lengthTo(fade.end) / length;
+    const double last = std::abs(fade.end - fade.clear) / length;
     const auto at = [&](double part) {
-        return fade.clear + std::min(part, last) * (fade.full - fade.clear);
+        return marked.at(fade.clear + std::min(part, last) * (fade.full - fade.clear));
     };
     for (int i = 0; i < count; ++i) {
         const double middle = ((isFadingIn ? i : count - 1 - i) + 0.5) / count;
@@ -129,18 +124,14 @@ void LineCollector::addFade(const CrossingMarks::Fade& fade, bool isFadingIn)
     }
 }
 
-void LineCollector::addApart(std::span<const QPainterPath::Element> elements)
+void LineCollector::addArc(std::span<const CrossingMarks::Curve> curves)
 {
-    if (!elements.empty())
-        add(elements);
-}
-
-void LineCollector::addChords(std::span<const QPainterPath::Element> curve)
-{
-    m_chords.clear();
-    Cubic{{m_current, curve[0], curve[1], curve[2]}}.appendChordsWithin(m_flatness, m_chords);
-    for (const QPointF& p : m_chords)
-        lineTo(p);
+    for (const auto& [control1, control2, end] : curves) {
+        m_chords.clear();
+        Cubic{{m_current, control1, control2, end}}.appendChordsWithin(m_flatness, m_chords);
+        for (const QPointF& p : m_chords)
+            lineTo(p);
+    }
 }
 
 void LineCollector::finish()

@@ -20,26 +20,29 @@ public:
     /// Another line, after so much of the whole.
     void moveTo(const QPointF& point, double lengthBefore);
     void lineTo(const QPointF& point);
-    /// From where the line is.
-    void add(std::span<const QPainterPath::Element> elements);
-    /// The same, but a line that fades is not left out: it becomes a line a pixel, of which less
-    /// and less is there. Only an antialiased fill of flat ends shows that as a fade.
-    void addWithFades(const CrossingMarks::Marks& marks);
-    /// As lines of their own.
-    void addApart(std::span<const QPainterPath::Element> elements);
+    /// Along a segment as far as its last mark. Arcs are lines of their own where they are drawn
+    /// apart.
+    void add(const CrossingMarks::Marked& marked);
+    /// A line that fades is not left out: it becomes a line a pixel, of which less and less is
+    /// there. Only an antialiased fill of flat ends shows that as a fade.
+    void setHasFades(bool on) { m_hasFades = on; }
+    /// Where arcs go instead; null, as at first, for nowhere else.
+    void setArcs(QPainterPath* arcs) { m_arcs = arcs; }
     void finish();
 
 private:
     void begin(const QPointF& point);
-    void addFade(const CrossingMarks::Fade& fade, bool isFadingIn);
-    void addChords(std::span<const QPainterPath::Element> curve);
+    void addFade(const CrossingMarks::Marked& marked, const CrossingMarks::Fade& fade,
+                 bool isFadingIn);
+    void addArc(std::span<const CrossingMarks::Curve> curves);
     void keep(const QPointF& point);
     void measure(const QPointF& next);
 
     Polylines& m_lines;
     std::optional<PointThinner> m_thinner;
     double m_pixel, m_flatness; ///< in the path's units
-    bool m_measures;
+    bool m_measures, m_hasFades = false;
+    QPainterPath* m_arcs = nullptr;
     QPointF m_current;
     double m_length = 0;      ///< as far as the current point
     double m_lineStart = 0;   ///< of the line under way

@@ -1,4 +1,5 @@
 #include "nodes/crossings/crossingmarks.h"
+#include "nodes/crossings/markedpath.h"
 #include "nodes/linearpathnodeimpl.h"
 #include "nodes/scenelink.h"
 
@@ -15,23 +16,6 @@ constexpr double kUnknown = -1;
 double scaleOf(const QTransform& transform)
 {
     return std::sqrt(std::abs(transform.determinant()));
-}
-
-void appendTo(QPainterPath& path, std::span<const CrossingMarks::Element> elements)
-{
-    for (std::size_t i = 0; i < elements.size(); ++i) {
-        switch (elements[i].type) {
-        case QPainterPath::MoveToElement:
-            path.moveTo(elements[i]);
-            break;
-        case QPainterPath::CurveToElement:
-            path.cubicTo(elements[i], elements[i + 1], elements[i + 2]);
-            i += 2;
-            break;
-        default:
-            path.lineTo(elements[i]);
-        }
-    }
 }
 
 } // namespace
@@ -143,27 +127,25 @@ CrossingMarks* LinearPathNodeImpl::crossingMarks(double viewScale) const
 }
 
 void LinearPathNodeImpl::appendMarked(const Range& range, CrossingMarks& marks,
-                                      QPainterPath& path) const
+                                      MarkedPath& drawn) const
 {
-    path.moveTo(drawnSegment(range.first % segmentCount()).start);
+    drawn.begin(drawnSegment(range.first % segmentCount()).start);
     for (std::size_t i = range.first; i <= range.last; ++i) {
         const std::size_t segment = i % segmentCount();
-        const std::size_t mark = marks.indexFrom(segment);
-        const DrawnSegment drawn = drawnSegment(segment);
-        if (mark < marks.count() && marks.segment(mark) == segment)
-            appendTo(path, marks.at(mark).line);
-        path.lineTo(drawn.end);
-        if (!drawn.corner || i == range.last)
+        const std::size_t index = marks.indexFrom(segment);
+        const DrawnSegment part = drawnSegment(segment);
+        if (index < marks.count() && marks.segment(index) == segment)
+            drawn.add(marks.at(index, drawn.seen));
+        QPainterPath& line = drawn.lines.back().path;
+        line.lineTo(part.end);
+        if (!part.corner || i == range.last)
             continue;
-        const auto& curve = drawn.corner->points;
-        if (drawn.isCornerStraight)
-            path.lineTo(curve[3]);
+        const auto& curve = part.corner->points;
+        if (part.isCornerStraight)
+            line.lineTo(curve[3]);
         else
-            path.cubicTo(curve[1], curve[2], curve[3]);
+            line.cubicTo(curve[1], curve[2], curve[3]);
     }
-    for (std::size_t mark = marks.indexFrom(range.first);
-         mark < marks.count() && marks.segment(mark) <= range.last; ++mark)
-        appendTo(path, marks.at(mark).thinHops);
 }
 
 std::vector<PathIntersection> LinearPathNodeImpl::drawnCrossings() const

@@ -16,6 +16,7 @@
 namespace Tova2 {
 
 class CrossingMarks;
+struct MarkedPath;
 
 /// What straight and curved paths share: strokes that change along the way, hit tests and bounds,
 /// and paint. A derived class holds the vertices and says what is drawn between them.
@@ -82,8 +83,8 @@ protected:
     virtual bool hasCrossings() const { return false; }
     /// Null where no crossing is drawn. They are the path's.
     virtual CrossingMarks* crossingMarks(double) const { return nullptr; }
-    /// `pathOf` with the marks on its segments, as another subpath.
-    virtual void appendMarked(const Range&, CrossingMarks&, QPainterPath&) const {}
+    /// `pathOf` with the marks on its segments, as another line.
+    virtual void appendMarked(const Range&, CrossingMarks&, MarkedPath&) const {}
 
     void dropCaches(ChangeLevel level) override;
     FlatPath flat() const;

@@ -60,7 +60,7 @@ void PathNodeImpl::Painting::run()
     if (m_flat.pieceCount() == 0)
         return;
     const bool isExact = m_node.isExact();
-    if (!m_flat.chunks.empty() || !isExact)
+    if (!m_flat.chunks.empty() || !isExact || m_marks)
         findExposed();
     if (!isExact)
         return drawFarLines();
@@ -75,6 +75,14 @@ void PathNodeImpl::Painting::run()
 
 void PathNodeImpl::Painting::findExposed()
 {
+    // A few marks cost less than to tell which of them are seen.
+    constexpr std::size_t kFewMarks = 32;
+    constexpr double far = Limits::pathCoordinate;
+    if (m_marks && m_flat.chunks.empty() && m_node.isExact() &&
+        m_marks->crossingCount() < kFewMarks) {
+        m_exposed = QRectF(-far, -far, 2 * far, 2 * far);
+        return;
+    }
     const QTransform toDevice = m_context.nodeToDevice();
     const QRectF exposed = Vetra::toQt(m_context.options().exposed);
     bool isInvertible = false;
@@ -153,7 +161,10 @@ void PathNodeImpl::Painting::drawRun(const Run& whole)
     if (stretches.empty())
         return;
     const bool isMany = seenCount() * FlatChunk::kPieces > kManyPoints;
-    if (m_node.isCurved() && !((isMany || isCoarsest()) && chordsAreSmooth()))
+    const bool asCurves = m_node.isCurved() && !((isMany || isCoarsest()) && chordsAreSmooth());
+    if (m_marks && (asCurves || !m_context.isOnPixels()))
+        drawMarkedCurves(run, stretches);
+    else if (asCurves)
         drawCurves(run, stretches);
     else if (m_marks)
         drawMarkedLines(run, stretches);

@@ -47,10 +47,14 @@ private:
     void forEachMark(const Run& run, const Stretches& stretches, Visit visit) const;
     void drawMarkedLines(const Run& run, const Stretches& stretches);
     void drawLines(const Run& run, const Stretches& stretches);
-    Polylines& collectLines(const Run& run, const Stretches& stretches);
+    /// With their marks; `arcs`, if any, takes those that are drawn on their own.
+    Polylines& collectLines(const Run& run, const Stretches& stretches, QPainterPath* arcs);
+    bool isAllExposed() const;
+    void drawArcs(const QPainterPath& arcs, Stroke stroke);
     void addStretch(const Run& run, const Stretch& stretch, LineCollector& collector);
     void drawDashes(const Polylines& lines, const Stroke& stroke);
     void drawCurves(const Run& run, const Stretches& stretches);
+    void drawMarkedCurves(const Run& run, const Stretches& stretches);
     void drawFades(const Run& run, const Stretches& stretches);
     Range segmentsAround(const Run& run, const Stretch& stretch) const;
     void setDashOffset(double length);

@@ -1,4 +1,4 @@
-#include "nodes/crossings/crossingmarks.h"
+#include "nodes/crossings/markedpath.h"
 #include "nodes/linecollector.h"
 #include "nodes/paintcontext.h"
 #include "nodes/pathpainting.h"
@@ -63,7 +63,7 @@ void PathNodeImpl::Painting::forEachMark(const Run& run, const Stretches& stretc
     const auto visitWithin = [&](std::size_t first, std::size_t last) {
         next = std::max(next, m_marks->indexFrom(first));
         for (; next < m_marks->count() && m_marks->segment(next) <= last; ++next)
-            visit(m_marks->at(next));
+            visit(m_marks->at(next, m_exposed));
     };
     const std::size_t pieces = m_flat.pieceCount(), segments = m_node.segmentCount();
     for (const Stretch& stretch : stretches) {
@@ -88,14 +88,26 @@ void PathNodeImpl::Painting::drawLines(const Run& run, const Stretches& stretche
         first.count < kManyPoints)
         return m_context.drawPolyline(
             m_flat.points.subspan(run.first + first.first, first.count + 1));
-    Polylines& lines = collectLines(run, stretches);
+    QPainterPath arcs;
+    Polylines& lines = collectLines(run, stretches, isSolid ? nullptr : &arcs);
     if (isSolid)
-        m_context.drawPolylines(lines);
-    else
-        drawDashes(lines, *run.stroke);
+        return m_context.drawPolylines(lines);
+    drawDashes(lines, *run.stroke);
+    drawArcs(arcs, *run.stroke);
 }
 
-Polylines& PathNodeImpl::Painting::collectLines(const Run& run, const Stretches& stretches)
+/// Of a line with dashes, which would leave half of them out.
+void PathNodeImpl::Painting::drawArcs(const QPainterPath& arcs, Stroke stroke)
+{
+    if (arcs.isEmpty())
+        return;
+    stroke.setStyle(StrokeStyle::SolidLine);
+    setStyle(stroke, false);
+    m_context.drawPath(arcs);
+}
+
+Polylines& PathNodeImpl::Painting::collectLines(const Run& run, const Stretches& stretches,
+                                                QPainterPath* arcs)
 {
     const bool isSolid = run.stroke->style() == StrokeStyle::SolidLine;
     Polylines& lines = m_context.scratchLines();
@@ -104,28 +116,37 @@ Polylines& PathNodeImpl::Painting::collectLines(const Run& run, const Stretches&
         count += stretch.count;
     LineCollector collector(lines, m_context.nodeToPixels(), isSolid && count > kManyPoints,
                             !isSolid);
+    collector.setHasFades(m_fadesAreLines);
+    collector.setArcs(arcs);
     for (const Stretch& stretch : stretches)
         addStretch(run, stretch, collector);
-    if (m_marks)
-        forEachMark(run, stretches,
-                    [&](const CrossingMarks::Marks& marks) { collector.addApart(marks.thinHops); });
     collector.finish();
     return lines;
 }
 
+// What a short line covers is kept while all of it is seen.
 void PathNodeImpl::Painting::drawMarkedLines(const Run& run, const Stretches& stretches)
 {
     const StrokeArea::Key key = m_context.strokeAreaKey();
     const bool isArea = key.width > 0;
     m_fadesAreLines = isArea && key.cap == StrokeCapStyle::FlatCap;
-    if (!isArea || !m_flat.chunks.empty() || run.count < m_flat.pieceCount())
+    if (!isArea || !m_flat.chunks.empty())
         return drawLines(run, stretches);
-    StrokeArea& area = m_marks->area();
+    StrokeArea part;
+    const bool isWhole = run.count == m_flat.pieceCount() && isAllExposed();
+    StrokeArea& area = isWhole ? m_marks->area() : part;
     if (area.key != key) {
         area.key = key;
-        m_context.layOut(area, collectLines(run, stretches));
+        m_context.layOut(area, collectLines(run, stretches, nullptr));
     }
     m_context.drawArea(area);
+}
+
+bool PathNodeImpl::Painting::isAllExposed() const
+{
+    const QRectF box = m_flat.boundingRect();
+    return box.left() >= m_exposed.left() && box.right() <= m_exposed.right() &&
+           box.top() >= m_exposed.top() && box.bottom() <= m_exposed.bottom();
 }
 
 void PathNodeImpl::Painting::addStretch(const Run& run, const Stretch& stretch,
@@ -143,10 +164,8 @@ void PathNodeImpl::Painting::addStretch(const Run& run, const Stretch& stretch,
             // Further pieces of a segment are its corner.
             const bool isFirst = piece == 0 || m_flat.segmentOf(piece - 1) != segment;
             if (next < m_marks->count() && m_marks->segment(next) == segment) {
-                if (isFirst && m_fadesAreLines)
-                    collector.addWithFades(m_marks->at(next));
-                else if (isFirst)
-                    collector.add(m_marks->at(next).line);
+                if (isFirst)
+                    collector.add(m_marks->at(next, m_exposed));
                 ++next;
             }
         }
@@ -188,17 +207,13 @@ void PathNodeImpl::Painting::setDashOffset(double length)
 
 void PathNodeImpl::Painting::drawCurves(const Run& run, const Stretches& stretches)
 {
-    if (!m_marks && !m_flat.isClosed && stretches[0].count == m_flat.pieceCount())
+    if (!m_flat.isClosed && stretches[0].count == m_flat.pieceCount())
         return m_context.drawPath(m_node.wholePath());
     // Drawn one by one they would show where they cross; but dashes of each begin elsewhere.
     const bool isSolid = run.stroke->style() == StrokeStyle::SolidLine;
     QPainterPath path;
     for (const Stretch& stretch : stretches) {
-        const Range around = segmentsAround(run, stretch);
-        if (m_marks)
-            m_node.appendMarked(around, *m_marks, path);
-        else
-            path.addPath(m_node.pathOf(around));
+        path.addPath(m_node.pathOf(segmentsAround(run, stretch)));
         if (isSolid)
             continue;
         if (stretch.lengthBefore > 0) {
@@ -211,6 +226,32 @@ void PathNodeImpl::Painting::drawCurves(const Run& run, const Stretches& stretch
     }
     if (isSolid)
         m_context.drawPath(path);
+}
+
+void PathNodeImpl::Painting::drawMarkedCurves(const Run& run, const Stretches& stretches)
+{
+    MarkedPath drawn;
+    drawn.seen = m_exposed;
+    drawn.isDashed = run.stroke->style() != StrokeStyle::SolidLine;
+    for (const Stretch& stretch : stretches) {
+        m_node.appendMarked(segmentsAround(run, stretch), *m_marks, drawn);
+        double before = stretch.lengthBefore;
+        for (const MarkedPath::Line& line : drawn.lines) {
+            if (!drawn.isDashed)
+                break;
+            setStyle(*run.stroke, false);
+            setDashOffset(before);
+            m_context.drawPath(line.path);
+            m_context.forgetPainterState();
+            before += line.path.length() + line.gap;
+        }
+        if (drawn.isDashed)
+            drawn.lines.clear();
+    }
+    if (drawn.isDashed)
+        return drawArcs(drawn.arcs, *run.stroke);
+    drawn.lines.front().path.addPath(drawn.arcs);
+    m_context.drawPath(drawn.lines.front().path);
 }
 
 /// With a neighbour on each side, so that nothing ends where something is seen.
@@ -228,9 +269,12 @@ PathNodeImpl::Range PathNodeImpl::Painting::segmentsAround(const Run& run,
 
 void PathNodeImpl::Painting::drawFades(const Run& run, const Stretches& stretches)
 {
-    forEachMark(run, stretches, [this](const CrossingMarks::Marks& marks) {
-        for (const CrossingMarks::Fade& fade : marks.fades)
-            m_context.drawFade(fade.clear, fade.full, fade.end);
+    forEachMark(run, stretches, [this](const CrossingMarks::Marked& marked) {
+        for (const CrossingMarks::Mark& mark : marked.marks) {
+            for (const CrossingMarks::Fade& fade : marked.fades(mark))
+                m_context.drawFade(marked.at(fade.clear), marked.at(fade.full),
+                                   marked.at(fade.end));
+        }
     });
 }
 

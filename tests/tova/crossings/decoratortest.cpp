@@ -178,6 +178,23 @@ TEST_F(DecoratorTest, APinCutsTheColumnOnly)
     EXPECT_THAT(m_outline.pins, IsEmpty());
 }
 
+// Crossed at one place or nearly so, by several lines.
+TEST_F(DecoratorTest, GapsThatMeetBecomeOne)
+{
+    for (const double second : {50.0, 53.0, 58.0}) { // clearances of 4
+        decorate("pin", {20, 0}, {20, 99}, {at(20, 50), at(20, second)});
+        EXPECT_EQ(m_outline.main.elementCount(), 4) << second;
+        ASSERT_THAT(m_outline.pins, SizeIs(1)) << second;
+        EXPECT_EQ(m_outline.pins[0].end.y(), second + 4);
+    }
+    decorate("pin", {20, 0}, {20, 99}, {at(20, 50), at(20, 58.5)});
+    EXPECT_THAT(m_outline.pins, SizeIs(2));
+    decorate("grad_pin", {20, 99}, {20, 0}, {at(20, 50), at(20, 49)}); // cuts of 2
+    EXPECT_EQ(main(), "M 20,99 L 20,52 M 20,47 L 20,0");
+    decorate("hop", {99, 10}, {0, 10}, {at(20, 10), at(17, 10)}); // gaps of 4
+    EXPECT_EQ(main(), "M 99,10 L 28.5,10 M 21.5,10 L 0,10");
+}
+
 TEST_F(DecoratorTest, AGradientPinIsLongerThanItsGap)
 {
     m_scale = 2; // crossed width 4 / 2; clearance (5 + 2) / 1.5

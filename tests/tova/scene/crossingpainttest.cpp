@@ -1,10 +1,15 @@
 #include "tova/tova.h"
 
 #include "host/diagnosticscounter.h"
+#include "vetra/qt.h"
 
 #include <gmock/gmock.h>
 
 #include <QImage>
+#include <QPainter>
+#include <QPicture>
+
+#include <cmath>
 
 using namespace Tova2;
 
@@ -122,7 +127,6 @@ TEST_P(CrossingPaintTest, WhatLiesBelowShowsThrough)
     }
 }
 
-// Of the long one most is not seen.
 // What a line covers is kept for its marks' scale; nothing drawn before may show in the picture.
 TEST_P(CrossingPaintTest, WhatWasDrawnBeforeLeavesNoTrace)
 {
@@ -162,6 +166,7 @@ TEST_P(FadeTest, NeverGrowsDarkerOnItsWay)
 
 INSTANTIATE_TEST_SUITE_P(Scene, FadeTest, testing::Values(0, 0.25, 0.5, 0.8));
 
+// Of the long one most is not seen.
 TEST_P(CrossingPaintTest, ALongLineIsMarkedAsAShortOne)
 {
     Points meander;
@@ -178,6 +183,74 @@ TEST_P(CrossingPaintTest, ALongLineIsMarkedAsAShortOne)
         images.push_back(paint(*scene, {190, 0, 120, 120}));
     }
     EXPECT_EQ(images[0], images[1]);
+}
+
+TEST_P(CrossingPaintTest, APartHasThePixelsOfTheWhole)
+{
+    for (const double width : {0.0, 1.0, 1.5, 5.0}) {
+        const auto scene = Scene::createScene();
+        scene->usePathIntersectionsDecorator(GetParam());
+        addLine(*scene, {{50, 0}, {50, 1990}}, width);
+        addLine(*scene, {{10, 1970}, {1990, 1970}}, width);
+        for (double at = 7.3; at < 1960; at += 13 + std::fmod(at, 17)) {
+            addLine(*scene, {{20, at}, {80, at}});
+            addLine(*scene, {{at, 1950}, {at, 1990}});
+        }
+        scene->findPathIntersections();
+        const QImage whole = paint(*scene, {0, 0, 2000, 2000}, {2000, 2000});
+        for (const QRect part : {QRect(0, 707, 100, 111), QRect(1234, 1900, 99, 100)}) {
+            const auto rect = Vetra::fromQt(QRectF(part));
+            QImage image(2000, 2000, QImage::Format_RGB32);
+            image.fill(Qt::white);
+            scene->render(image, rect, rect);
+            EXPECT_EQ(image.copy(part), whole.copy(part)) << width;
+        }
+    }
+}
+
+QImage magnified(Scene& scene)
+{
+    QPicture picture;
+    scene.render(picture, {}, {0, 0, 100, 100});
+    QImage image(500, 500, QImage::Format_RGB32);
+    image.fill(Qt::white);
+    QPainter painter(&image);
+    painter.scale(25, 25);
+    painter.translate(-42, -40);
+    painter.drawPicture(0, 0, picture);
+    return image;
+}
+
+// As the rounded line's have to.
+TEST_P(CrossingPaintTest, RecordedArcsStayCurves)
+{
+    const QImage curved = magnified(*m_scene);
+    m_round.setCornerStyle(CornerStyle::Sharp);
+    EXPECT_EQ(magnified(*m_scene), curved);
+}
+
+TEST(CrossingPaint, ArcsOfDashedLinesAreWhole)
+{
+    for (const CornerStyle corners : {CornerStyle::Sharp, CornerStyle::Rounded}) {
+        const auto inkOf = [corners](StrokeStyle dashes) {
+            const auto scene = Scene::createScene();
+            scene->usePathIntersectionsDecorator("hop");
+            OpenLinearPathNode line = addLine(*scene, {{50, 0}, {50, 80}, {90, 80}}, 2);
+            Stroke stroke = line.getStroke();
+            stroke.setStyle(dashes);
+            line.setStroke(stroke);
+            line.setCornerStyle(corners);
+            addLine(*scene, {{0, 50}, {100, 50}});
+            scene->findPathIntersections();
+            const QImage arc = paint(*scene, {52, 30, 20, 40}, {20, 40});
+            int ink = 0;
+            for (int i = 0; i < 20 * 40; ++i)
+                ink += 255 - qGray(arc.pixel(i % 20, i / 20));
+            return ink;
+        };
+        EXPECT_GT(inkOf(StrokeStyle::SolidLine), 2000);
+        EXPECT_NEAR(inkOf(StrokeStyle::DashLine), inkOf(StrokeStyle::SolidLine), 500);
+    }
 }
 
 INSTANTIATE_TEST_SUITE_P(Scene, CrossingPaintTest,

@@ -1,13 +1,17 @@
 #include "nodes/crossings/crossingmarks.h"
 
 #include "nodes/linearpathnodeimpl.h"
+#include "nodes/lineends.h"
 #include "nodes/pathcounters.h"
 #include "nodes/scenelink.h"
-#include "nodes/values.h"
 
 #include <algorithm>
+#include <cmath>
+#include <utility>
 
 namespace Tova2 {
+
+using Element = QPainterPath::Element;
 
 CrossingMarks::CrossingMarks(const LinearPathNodeImpl& path,
                              std::span<const PathIntersection> crossings)
@@ -28,7 +32,7 @@ void CrossingMarks::findSegments()
     for (std::size_t segment = 0; segment < m_path.segmentCount(); ++segment) {
         const QPointF to = m_toScene.map(points[(segment + 1) % points.size()]);
         if (!m_crossings.on(from, to).empty())
-            m_segments.push_back({static_cast<std::uint32_t>(segment), false, {}, {}, {}});
+            m_segments.push_back({static_cast<std::uint32_t>(segment), false, 0, 0, {}, {}});
         from = to;
     }
     m_segments.shrink_to_fit();
@@ -39,7 +43,8 @@ void CrossingMarks::setScale(double viewScale)
     if (viewScale == m_scale)
         return;
     m_scale = viewScale;
-    m_elements.clear();
+    m_marks.clear();
+    m_curves.clear();
     m_fades.clear();
     m_area = {};
     for (Segment& segment : m_segments)
@@ -52,16 +57,28 @@ std::size_t CrossingMarks::indexFrom(std::size_t segment) const
     return static_cast<std::size_t>(found - m_segments.begin());
 }
 
-CrossingMarks::Marks CrossingMarks::at(std::size_t index)
+CrossingMarks::Marked CrossingMarks::at(std::size_t index, const QRectF& seen)
 {
     Segment& segment = m_segments[index];
     if (!segment.isLaidOut)
         layOut(segment);
-    const auto part = [](const auto& all, const Extent& extent) {
-        return std::span(all).subspan(extent.first, extent.count);
+    const std::span all(m_marks.begin() + segment.firstMark, segment.markCount);
+    const auto [start, along] = std::pair(segment.start, segment.along);
+    const auto reach = [&seen](const QPointF& middle, const QPointF& way) {
+        const QPointF offset = seen.center() - middle;
+        const double half =
+            std::abs(way.x()) * seen.width() / 2 + std::abs(way.y()) * seen.height() / 2;
+        const double centre = QPointF::dotProduct(offset, way);
+        return std::pair(centre - half, centre + half);
     };
-    return {part(m_elements, segment.line), part(m_elements, segment.thinHops),
-            part(m_fades, segment.fades)};
+    const auto [left, right] = reach(start, {-along.y(), along.x()});
+    const auto [low, high] = reach(start, along);
+    auto first = all.begin(), last = all.begin();
+    if (left <= 0 && right >= 0) {
+        first = std::ranges::lower_bound(all, low, {}, &Mark::to);
+        last = std::ranges::upper_bound(first, all.end(), high, {}, &Mark::from);
+    }
+    return {start, along, {first, last}, m_curves, m_fades};
 }
 
 void CrossingMarks::layOut(Segment& segment)
@@ -69,53 +86,90 @@ void CrossingMarks::layOut(Segment& segment)
     PathCounters::marksLaidOut().increment();
     const auto drawn = m_path.drawnSegment(segment.segment);
     const QPointF from = m_toScene.map(drawn.start), to = m_toScene.map(drawn.end);
+    segment.start = drawn.start;
+    segment.along = LineTip::between(drawn.start, drawn.end).direction;
+    segment.firstMark = static_cast<std::uint32_t>(m_marks.size());
+    segment.isLaidOut = true;
     CrossingOutline outline;
     outline.main.moveTo(from);
     const CrossingContext context{outline, m_path.lineWidth(), m_scale,
                                   LinearPathNodeImpl::lineWidthOf};
     decorateSegment(*m_path.sceneLink()->crossingDecorator(), context, m_crossings, from, to);
-    const auto firstFade = static_cast<std::uint32_t>(m_fades.size());
-    const bool fades =
-        !outline.pins.empty() && !isSame(outline.pins[0].start, outline.pins[0].cutStart);
-    segment.line = fades ? addFadingLine(outline) : addElements(outline.main, 1);
-    segment.thinHops = addElements(outline.thinHops, 0);
-    segment.fades = {firstFade, static_cast<std::uint32_t>(m_fades.size()) - firstFade};
-    segment.isLaidOut = true;
+    addMarks(segment, outline);
+    segment.markCount = static_cast<std::uint32_t>(m_marks.size()) - segment.firstMark;
 }
 
-CrossingMarks::Extent CrossingMarks::addElements(const QPainterPath& path, int first)
+double CrossingMarks::distance(const Segment& segment, const QPointF& scenePoint) const
 {
-    const auto start = static_cast<std::uint32_t>(m_elements.size());
-    for (int i = first; i < path.elementCount(); ++i) {
-        const Element& element = path.elementAt(i);
-        const QPointF local = m_toLocal.map(QPointF(element));
-        m_elements.push_back({local.x(), local.y(), element.type});
+    return QPointF::dotProduct(m_toLocal.map(scenePoint) - segment.start, segment.along);
+}
+
+// Pins say all about their gaps; hops are arcs of the line, or gaps in it, each with an arc of its
+// own where the line is thin.
+void CrossingMarks::addMarks(const Segment& segment, const CrossingOutline& outline)
+{
+    for (const PinMark& pin : outline.pins)
+        addPin(segment, pin);
+    if (!outline.pins.empty())
+        return;
+    const QPainterPath &main = outline.main, &thin = outline.thinHops;
+    double current = 0;
+    for (int i = 1, nextThin = 0; i < main.elementCount(); ++i) {
+        const Element element = main.elementAt(i);
+        if (element.isLineTo()) {
+            current = distance(segment, element);
+            continue;
+        }
+        Mark mark{current, distance(segment, element)};
+        mark.firstCurve = static_cast<std::uint32_t>(m_curves.size());
+        if (element.isCurveTo()) {
+            i = addCurves(main, i) - 1;
+            mark.to = distance(segment, main.elementAt(i));
+        } else if (nextThin < thin.elementCount()) {
+            nextThin = addCurves(thin, nextThin + 1);
+            mark.isApart = true;
+        }
+        mark.curveCount = static_cast<std::uint32_t>(m_curves.size()) - mark.firstCurve;
+        current = mark.to;
+        m_marks.push_back(mark);
     }
-    return {start, static_cast<std::uint32_t>(m_elements.size()) - start};
+}
+
+/// Up to what is no curve.
+int CrossingMarks::addCurves(const QPainterPath& path, int first)
+{
+    for (; first < path.elementCount() && path.elementAt(first).isCurveTo(); first += 3)
+        m_curves.push_back({m_toLocal.map(QPointF(path.elementAt(first))),
+                            m_toLocal.map(QPointF(path.elementAt(first + 1))),
+                            m_toLocal.map(QPointF(path.elementAt(first + 2)))});
+    return first;
 }
 
 // Instead of being covered, the line itself fades: from where the mark begins, to nothing where the
 // other line passes, and back until the mark ends. Nothing else is touched on either side. Where
 // two marks meet, the one gives way to the other half-way.
-CrossingMarks::Extent CrossingMarks::addFadingLine(const CrossingOutline& outline)
+void CrossingMarks::addPin(const Segment& segment, const PinMark& pin)
 {
-    QPainterPath line(outline.main.elementAt(0));
-    const auto local = [this](const QPointF& p) { return m_toLocal.map(p); };
-    QPointF lastEnd;
-    for (const PinMark& pin : outline.pins) {
-        const bool meetsLast = &pin != &outline.pins.front() &&
-                               QPointF::dotProduct(pin.start - lastEnd, pin.end - pin.start) <= 0;
-        const QPointF middle = meetsLast ? (pin.start + lastEnd) / 2 : pin.start;
-        if (meetsLast)
-            m_fades.back().end = local(middle);
-        else
-            line.lineTo(pin.start);
-        m_fades.push_back({local(pin.cutStart), local(pin.start), local(middle)});
-        m_fades.push_back({local(pin.cutEnd), local(pin.end), local(pin.end)});
-        line.moveTo(pin.end);
-        lastEnd = pin.end;
+    const auto at = [&](const QPointF& p) { return distance(segment, p); };
+    const double start = at(pin.start), end = at(pin.end);
+    const double cutStart = at(pin.cutStart), cutEnd = at(pin.cutEnd);
+    const bool isFirst = m_marks.size() == segment.firstMark;
+    const bool meetsLast = !isFirst && start <= m_marks.back().to;
+    if (!meetsLast)
+        m_marks.push_back({start, end, 0, 0, static_cast<std::uint32_t>(m_fades.size())});
+    Mark& mark = m_marks.back();
+    mark.to = std::max(mark.to, end);
+    if (pin.start == pin.cutStart)
+        return;
+    double middle = start;
+    if (meetsLast) {
+        Fade& last = m_fades.back();
+        middle = std::max(last.clear, std::min((start + last.full) / 2, cutStart));
+        last.end = middle;
     }
-    return addElements(line, 1);
+    m_fades.push_back({cutStart, start, middle});
+    m_fades.push_back({cutEnd, end, end});
+    mark.fadeCount += 2;
 }
 
 } // namespace Tova2

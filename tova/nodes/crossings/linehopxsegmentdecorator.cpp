@@ -41,8 +41,11 @@ void LineHopXSegmentDecorator::breakLine(const PathIntersection& crossing)
     const double middle = crossing.x + clearance(crossedWidth, context().ownWidth, true)[3] - back;
     const double before = runsForward() ? middle - half : middle + half;
     const double after = runsForward() ? middle + half : middle - half;
-    outline().main.lineTo(before, crossing.y);
-    outline().main.moveTo(after, crossing.y);
+    if (!m_gapEnd || isPast(before, *m_gapEnd))
+        outline().main.lineTo(before, crossing.y);
+    if (!m_gapEnd || isPast(after, *m_gapEnd))
+        m_gapEnd = after;
+    outline().main.moveTo(*m_gapEnd, crossing.y);
 }
 
 void LineHopXSegmentDecorator::hop(const PathIntersection& crossing)

@@ -7,7 +7,7 @@
 namespace Tova2 {
 
 /// The vertical line hops in an arc, always to the right; the horizontal one is broken where the
-/// arc passes. Arcs that would meet become one.
+/// arc passes. Arcs that would meet become one, and so do gaps.
 class LineHopXSegmentDecorator final : public PathXSegmentDecorator {
 public:
     using PathXSegmentDecorator::PathXSegmentDecorator;
@@ -30,6 +30,7 @@ private:
     QPointF mergeWithLast(QPainterPath& curves, const Drawn& current) const;
 
     std::optional<Drawn> m_last;
+    std::optional<double> m_gapEnd; ///< on a horizontal line
 };
 
 } // namespace Tova2

@@ -10,11 +10,21 @@ PathXSegmentDecorator::Clearance PinStyleXSegmentDecorator::pinClearance(double 
     return {0, reach, 0, reach};
 }
 
+// What begins within the last gap makes it longer: a line drawn back to there would close it.
 void PinStyleXSegmentDecorator::cutForMark(const PinMark& mark)
 {
-    outline().pins.push_back(mark);
-    outline().main.lineTo(mark.cutStart);
-    outline().main.moveTo(mark.cutEnd);
+    auto& [main, thinHops, pins] = outline();
+    if (!m_hasCut || isPast(mark.cutStart.y(), pins.back().cutEnd.y())) {
+        main.lineTo(mark.cutStart);
+        pins.push_back(mark);
+    }
+    PinMark& last = pins.back();
+    if (isPast(mark.cutEnd.y(), last.cutEnd.y()))
+        last.cutEnd = mark.cutEnd;
+    if (isPast(mark.end.y(), last.end.y()))
+        last.end = mark.end;
+    main.moveTo(last.cutEnd);
+    m_hasCut = true;
 }
 
 bool LinePinXSegmentDecorator::decorate(const PathIntersection& crossing)

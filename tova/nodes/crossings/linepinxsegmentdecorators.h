@@ -13,7 +13,11 @@ public:
 
 protected:
     static Clearance pinClearance(double reach, bool vertical);
+    /// Gaps that meet become one mark, that of the line crossed first.
     void cutForMark(const PinMark& mark);
+
+private:
+    bool m_hasCut = false;
 };
 
 /// The line is cut for the whole length of the mark.

@@ -55,6 +55,11 @@ public:
 protected:
     /// Towards +y, or +x on a horizontal segment.
     bool runsForward() const;
+    /// Of places along a segment that is not slanted, in the direction of travel.
+    bool isPast(double place, double other) const
+    {
+        return runsForward() ? place > other : place < other;
+    }
     Clearance damped(Clearance clearance) const;
     const CrossingContext& context() const { return m_context; }
     CrossingOutline& outline() const { return m_context.outline; }

@@ -16,6 +16,7 @@ public:
     explicit SegmentCrossings(std::span<const PathIntersection> crossings);
 
     bool isEmpty() const { return m_crossings.empty(); }
+    std::size_t count() const { return m_crossings.size(); }
     /// Strictly between the ends, in the direction of travel; none on a slanted segment. Exact
     /// comparison: the ends have to be mapped to the scene as they were for the crossings.
     std::vector<const PathIntersection*> on(const QPointF& from, const QPointF& to) const;
