@@ -8,6 +8,9 @@
 #include <QCoreApplication>
 #include <QGraphicsItem>
 #include <QGraphicsView>
+#include <QGuiApplication>
+#include <QMouseEvent>
+#include <QScreen>
 #include <QScrollBar>
 
 #include <algorithm>
@@ -29,6 +32,12 @@ double threadMilliseconds()
     return static_cast<double>(time.tv_sec) * 1e3 + static_cast<double>(time.tv_nsec) / 1e6;
 }
 
+/// For the windows to come; the toolkit asks for this whenever it wants to know.
+void setScreenRatio(double ratio)
+{
+    QGuiApplication::primaryScreen()->setProperty("_q_scaleFactor", ratio);
+}
+
 void turn()
 {
     QCoreApplication::processEvents();
@@ -37,9 +46,11 @@ void turn()
 /// A canvas on the off-screen platform's screen.
 class Shown {
 public:
-    explicit Shown(Vetra::Holder<Scene> scene, int width = kWidth, int height = kHeight)
+    explicit Shown(Vetra::Holder<Scene> scene, int width = kWidth, int height = kHeight,
+                   double ratio = 1)
         : m_scene(std::move(scene)), m_canvas(*new GLCanvas(Vetra::StringID("bench")))
     {
+        setScreenRatio(ratio);
         m_canvas.setSize({width, height});
         m_canvas.setScene(m_scene.get());
         const auto bounds = m_scene->getBounds();
@@ -74,6 +85,7 @@ class Peer {
 public:
     Peer(std::unique_ptr<QGraphicsScene> scene, bool hasIndex) : m_scene(std::move(scene))
     {
+        setScreenRatio(1);
         m_scene->setItemIndexMethod(hasIndex ? QGraphicsScene::BspTreeIndex
                                              : QGraphicsScene::NoIndex);
         m_view.setScene(m_scene.get());
@@ -106,18 +118,60 @@ void BM_FrameOfView(benchmark::State& state)
     }
 }
 
-void BM_MoveOne(benchmark::State& state)
+void moveOne(benchmark::State& state, Shown& shown)
 {
-    Shown shown(makeDiagram(static_cast<int>(state.range(0)) / 2));
     const auto middle = shown.canvas().getSceneRectInView().center();
     Node node = shown.scene().getNodeAt(middle);
     if (!node.isValid())
         node = shown.scene().getNodesIntersectingRect({middle.x, middle.y, kCell, kCell}).front();
     double step = 3;
     for (auto _ : state) {
-        node.translate(step = -step, step);
+        step = -step;
+        node.translate(step, step);
         turn();
     }
+}
+
+void BM_MoveOne(benchmark::State& state)
+{
+    Shown shown(makeDiagram(static_cast<int>(state.range(0)) / 2));
+    moveOne(state, shown);
+}
+
+// On screens of that many hundredths of a device pixel a pixel; the first is what to compare with.
+
+std::unique_ptr<Shown> shownAtRatio(benchmark::State& state)
+{
+    const double ratio = static_cast<double>(state.range(0)) / 100;
+    auto shown = std::make_unique<Shown>(makeDiagram(20000), kWidth, kHeight, ratio);
+    if (shown->canvas().getBackingScaleFactor() != ratio)
+        state.SkipWithError("the toolkit keeps to its ratio");
+    return shown;
+}
+
+void BM_MoveOneAtRatio(benchmark::State& state)
+{
+    moveOne(state, *shownAtRatio(state));
+}
+
+void BM_DragViewAtRatio(benchmark::State& state)
+{
+    const auto shown = shownAtRatio(state);
+    QWidget& widget = *toQt(shown->canvas());
+    QPoint at(400, 300);
+    const auto tell = [&](QEvent::Type type, Qt::MouseButton button) {
+        QMouseEvent event(type, at, widget.mapToGlobal(at), button, Qt::MiddleButton, {});
+        QCoreApplication::sendEvent(&widget, &event);
+    };
+    tell(QEvent::MouseButtonPress, Qt::MiddleButton);
+    int i = 0;
+    for (auto _ : state) {
+        const int sign = ++i % 80 < 40 ? 1 : -1;
+        at += QPoint(sign * (3 + i % 7), sign * (i % 5));
+        tell(QEvent::MouseMove, Qt::NoButton);
+        turn();
+    }
+    tell(QEvent::MouseButtonRelease, Qt::MiddleButton);
 }
 
 void BM_MoveOneInView(benchmark::State& state)
@@ -126,7 +180,8 @@ void BM_MoveOneInView(benchmark::State& state)
     QGraphicsItem* const item = peer.view().items(QRect(kWidth / 2, kHeight / 2, 12, 12)).front();
     double step = 3;
     for (auto _ : state) {
-        item->moveBy(step = -step, step);
+        step = -step;
+        item->moveBy(step, step);
         turn();
     }
 }
@@ -182,6 +237,16 @@ void counts(benchmark::internal::Benchmark* bench)
     bench->ArgName("nodes")->Unit(benchmark::kMillisecond)->Arg(10000)->Arg(100000);
 }
 
+void ratios(benchmark::internal::Benchmark* bench)
+{
+    bench->ArgName("percent")
+        ->Unit(benchmark::kMillisecond)
+        ->Arg(100)
+        ->Arg(125)
+        ->Arg(150)
+        ->Arg(200);
+}
+
 void peerCounts(benchmark::internal::Benchmark* bench)
 {
     bench->ArgNames({"nodes", "index"})->Unit(benchmark::kMillisecond);
@@ -194,6 +259,8 @@ void peerCounts(benchmark::internal::Benchmark* bench)
 BENCHMARK(BM_Frame)->Apply(counts);
 BENCHMARK(BM_FrameOfView)->Apply(peerCounts);
 BENCHMARK(BM_MoveOne)->Apply(counts);
+BENCHMARK(BM_MoveOneAtRatio)->Apply(ratios);
+BENCHMARK(BM_DragViewAtRatio)->Apply(ratios)->Iterations(400);
 BENCHMARK(BM_MoveOneInView)->Apply(peerCounts);
 // The smaller scene fits into the view, and does not scroll.
 BENCHMARK(BM_Pan)->ArgName("nodes")->Arg(100000)->Unit(benchmark::kMillisecond);
@@ -213,5 +280,6 @@ BENCHMARK(BM_FrameOfPart)->ArgName("nodes")->Arg(1000)->Arg(40000)->Unit(benchma
 
 int main(int argc, char** argv)
 {
+    qputenv("QT_SCREEN_SCALE_FACTORS", "2"); // so that screens are asked for theirs
     return runBenchmarks(argc, argv);
 }

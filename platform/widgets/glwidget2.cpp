@@ -8,9 +8,10 @@
 #include "widgets/objectwatch.h"
 #include "widgets/qt.h"
 
-#include <QCoreApplication>
+#include <QGuiApplication>
 #include <QLayout>
 #include <QPointer>
+#include <QScreen>
 #include <QTextDocument>
 #include <QThread>
 
@@ -31,10 +32,19 @@ QPoint withinReach(const Vetra::GLPoint<int>& p)
     return {std::clamp(p.x, -farthest, farthest), std::clamp(p.y, -farthest, farthest)};
 }
 
-QSize withinReach(const Vetra::Size<int>& size)
+/// What all screens show together, and no less than `smallScreens`: the toolkit takes memory for
+/// each pixel of a window.
+QSize largestWindow()
 {
-    return {std::clamp(size.width, 0, GLWidget2::maxSide),
-            std::clamp(size.height, 0, GLWidget2::maxSide)};
+    constexpr QSize smallScreens(4096, 4096);
+    const QScreen* const screen = QGuiApplication::primaryScreen();
+    return screen ? screen->virtualSize().expandedTo(smallScreens) : smallScreens;
+}
+
+QSize withinReach(const QSize& size, const QWidget& widget)
+{
+    constexpr QSize largest(GLWidget2::maxSide, GLWidget2::maxSide);
+    return size.expandedTo({0, 0}).boundedTo(widget.isWindow() ? largestWindow() : largest);
 }
 
 /// A tool tip in the toolkit is taken for markup when it looks like it, and that may read files.
@@ -114,8 +124,9 @@ Vetra::GLRect<int> GLWidget2::getGeometry() const
 void GLWidget2::setGeometry(const Vetra::GLRect<int>& geometry)
 {
     if (m_d->usable())
-        m_d->widget->setGeometry({withinReach(Vetra::GLPoint<int>{geometry.x, geometry.y}),
-                                  withinReach(Vetra::Size<int>{geometry.width, geometry.height})});
+        m_d->widget->setGeometry(
+            {withinReach(Vetra::GLPoint<int>{geometry.x, geometry.y}),
+             withinReach(QSize(geometry.width, geometry.height), *m_d->widget)});
 }
 
 Vetra::GLPoint<int> GLWidget2::getPosition() const

@@ -43,6 +43,13 @@ MouseEvent MouseEvent::withType(EventType type) const
     return event;
 }
 
+MouseEvent MouseEvent::withScenePos(const Vetra::GLPoint<double>& scenePos) const
+{
+    MouseEvent event = *this;
+    event.m_scenePos = scenePos;
+    return event;
+}
+
 void MouseEvent::internalAccept(EventHandler& handler)
 {
     static constexpr EventRoute<MouseEvent> routes[]{

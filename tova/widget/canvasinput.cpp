@@ -19,6 +19,13 @@ namespace Tova2 {
 
 namespace {
 
+/// The view stands still under a finger or a pressed button, whoever takes the press.
+bool isPress(QEvent::Type type)
+{
+    return type == QEvent::MouseButtonPress || type == QEvent::MouseButtonDblClick ||
+           type == QEvent::TouchBegin;
+}
+
 /// What listeners to the canvas throw, which is not for the toolkit.
 template <class Call>
 void guarded(Call&& call) noexcept
@@ -39,6 +46,8 @@ CanvasInput::CanvasInput(GLCanvas& canvas, QWidget& widget)
 bool CanvasInput::dispatch(QEvent& event)
 {
     const Widgets::GLObject::Use use(m_canvas);
+    if (isPress(event.type()))
+        m_canvas.setMovingWithMomentum(false);
     if (event.type() == QEvent::MouseMove) {
         const auto place = Vetra::fromQt(static_cast<const QMouseEvent&>(event).pos());
         guarded([&] { m_canvas.d_func()->emitters().pointerMove.send(place); });
@@ -85,6 +94,9 @@ Vetra::GLRect<double> CanvasInput::autoscrollArea() const
 
 bool CanvasInput::scrollBy(const Vetra::GLPoint<double>& step)
 {
+    const Widgets::GLObject::Use use(m_canvas);
+    if (!m_canvas.mayUserMoveView() || use.hasEnded())
+        return false;
     const auto before = m_canvas.getSceneRectInView();
     const double scale = m_canvas.getScale();
     m_canvas.translate({-step.x / scale, -step.y / scale});

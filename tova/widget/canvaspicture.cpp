@@ -163,8 +163,11 @@ QRegion CanvasPicture::due() const
     QRegion region;
     if (!m_shift.isNull())
         return QRectF(QPointF(), QSizeF(m_size) / m_ratio).toAlignedRect();
+    // Where a view pixel is no whole number of device pixels, the toolkit rounds the place of the
+    // view, and the edges of what it shows of it.
+    const int margin = m_ratio == std::floor(m_ratio) ? 0 : 1;
     for (const QRect& part : m_due.rects())
-        region += inView(part).toAlignedRect();
+        region += inView(part).toAlignedRect().adjusted(-margin, -margin, margin, margin);
     return region;
 }
 

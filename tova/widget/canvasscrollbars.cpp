@@ -15,7 +15,6 @@ namespace {
 
 // The toolkit divides by zero beyond 2^31.
 constexpr double kLongestRange = 1 << 30;
-constexpr double kStepsAPage = 20;
 
 // What still fits although rounding says otherwise.
 constexpr double kSlack = 0.01;
@@ -59,6 +58,9 @@ CanvasScrollbars::CanvasScrollbars(QWidget& view, Scrolled scrolled)
     for (const auto orientation : {Orientation::Horizontal, Orientation::Vertical}) {
         QObject::connect(bar(orientation), &QScrollBar::valueChanged, &view,
                          [this, orientation](int value) { moved(orientation, value); });
+        QObject::connect(bar(orientation), &QScrollBar::sliderPressed, &view, [this, orientation] {
+            moved(orientation, m_shown[indexOf(orientation)]);
+        });
     }
 }
 
@@ -113,8 +115,8 @@ void CanvasScrollbars::setRange(Orientation orientation, const Range& range)
     const double length = std::max(range.end, range.page) - start - range.page;
     const double unit = std::max(1.0, length / kLongestRange);
     one.setRange(0, toBarUnits(length / unit));
-    one.setPageStep(toBarUnits(range.page / unit));
-    one.setSingleStep(std::max(1, toBarUnits(range.page / unit / kStepsAPage)));
+    one.setPageStep(toBarUnits(range.page / unit * kPage));
+    one.setSingleStep(std::max(1, toBarUnits(range.page / unit * kLine)));
     one.setValue(toBarUnits(-start / unit));
     m_unit[index] = unit;
     m_shown[index] = one.value();

@@ -16,12 +16,16 @@ namespace Tova2 {
 /// coming and going never changes what is shown.
 class CanvasScrollbars {
 public:
+    // Of the view, by which pages and lines scroll.
+    static constexpr double kPage = 0.9;
+    static constexpr double kLine = 1.0 / 20;
+
     /// The bars are children of `view`, and of nobody else's. `scrolled` is called when the user
-    /// moves one: with the distance in view pixels by which more to the right or below is wanted.
+    /// presses or moves one: with the distance in view pixels by which more to the right or below
+    /// is wanted.
     using Scrolled = std::function<void(double dx, double dy)>;
     CanvasScrollbars(QWidget& view, Scrolled scrolled);
 
-    bool isWanted() const { return m_isWanted; }
     void setWanted(bool wanted) { m_isWanted = wanted; }
     /// `content` is what can be scrolled over, in view pixels, `size` that of the view. Answers
     /// which bars have moved, come or gone, as a set of `Orientation`s.

@@ -51,6 +51,12 @@ GLCanvasEmitters& GLCanvas::getGLCanvasEmitters()
     return d->emitters();
 }
 
+void GLCanvas::announceReplacement(GLCanvas& successor)
+{
+    d->emitters().canvasReplacement.send(&successor, &successor.d->emitters(),
+                                         successor.getParent());
+}
+
 // Scene and layers
 
 Scene* GLCanvas::getScene() const

@@ -16,10 +16,16 @@ namespace Tova2 {
 
 namespace {
 
-QSize devicePixels(const QSizeF& view, double ratio)
+/// More than the screens of a desk show together; of a larger view, as in an area that scrolls, no
+/// picture is kept.
+constexpr double kMostPixels = 64e6;
+
+/// In device pixels.
+QSize pictureSize(const QSizeF& view, double ratio)
 {
-    return {static_cast<int>(std::ceil(view.width() * ratio)),
-            static_cast<int>(std::ceil(view.height() * ratio))};
+    const double width = std::ceil(view.width() * ratio), height = std::ceil(view.height() * ratio);
+    return width * height > kMostPixels ? QSize()
+                                        : QSize(static_cast<int>(width), static_cast<int>(height));
 }
 
 } // namespace
@@ -27,7 +33,7 @@ QSize devicePixels(const QSizeF& view, double ratio)
 void GLCanvasPrivate::placePicture()
 {
     const double ratio = this->ratio();
-    const bool isResized = m_picture.setSize(devicePixels(view().size(), ratio), ratio);
+    const bool isResized = m_picture.setSize(pictureSize(view().size(), ratio), ratio);
     const QPointF offset = -m_view.origin() * (m_view.scale() * ratio);
     const bool isMoved = m_picture.place(m_view.scale(), offset, m_isMovingWithMomentum);
     if ((isResized || isMoved) && m_layers.hasFixedBackground())
@@ -45,7 +51,10 @@ void GLCanvasPrivate::paint(const QRegion& exposed)
     if (!m_widget)
         return;
     QPainter painter(m_widget);
-    show(painter, exposed);
+    if (m_picture.size().isEmpty() && m_isRenderingEnabled)
+        paintLayers(painter, exposed.boundingRect());
+    else
+        show(painter, exposed);
     paintDecor(painter);
     // What has become due after the toolkit was asked for the rest.
     if (const QRegion missed = painted - exposed; !missed.isEmpty())
@@ -95,11 +104,13 @@ void GLCanvasPrivate::paintDecor(QPainter& painter) const
         paintFocusRing(painter, m_widget->rect(), m_widget->palette());
 }
 
-// By a surface, which repaints all of itself.
+// A surface repaints all of itself, and without a picture nobody knows which part is due.
 void GLCanvasPrivate::update(const QRegion& part)
 {
     if (m_surface)
         m_surface->update();
+    else if (m_picture.size().isEmpty())
+        m_widget->update();
     else
         m_widget->update(part);
 }
@@ -123,9 +134,14 @@ bool GLCanvasPrivate::setOpenGL(bool on)
 void GLCanvasPrivate::paintOn(QPainter& painter)
 {
     const Widgets::GLObject::Use use(m_canvas);
-    const QRectF whole(QPointF(), view().size());
-    m_layers.paint(painter, m_view.transform(), whole, whole, m_grid ? &*m_grid : nullptr);
+    paintLayers(painter, QRectF(QPointF(), view().size()));
     paintDecor(painter);
+}
+
+void GLCanvasPrivate::paintLayers(QPainter& painter, const QRectF& part)
+{
+    const QRectF whole(QPointF(), view().size());
+    m_layers.paint(painter, m_view.transform(), part, whole, m_grid ? &*m_grid : nullptr);
 }
 
 } // namespace Tova2

@@ -11,9 +11,18 @@
 #include <QDrag>
 #include <QMetaObject>
 
+#include <algorithm>
+#include <cmath>
 #include <utility>
 
 namespace Tova2 {
+
+namespace {
+
+/// Of the view, that still shows something of the scene when the user has moved it away.
+constexpr double kLeastShown = 0.1;
+
+} // namespace
 
 GLCanvasPrivate::GLCanvasPrivate(GLCanvas& canvas, ToolkitCanvas* widget)
     : m_canvas(canvas)
@@ -61,10 +70,27 @@ double GLCanvasPrivate::ratio() const
     return m_widget ? m_widget->devicePixelRatioF() : 1;
 }
 
+QPointF GLCanvasPrivate::wholePixels(const QPointF& way) const
+{
+    const double ratio = this->ratio();
+    return {std::round(way.x() * ratio) / ratio, std::round(way.y() * ratio) / ratio};
+}
+
 QRectF GLCanvasPrivate::panLimits() const
 {
     const QRectF scene = m_layers.sceneRect();
-    return scene.isEmpty() ? QRectF() : view().withMargins(scene);
+    if (scene.isEmpty())
+        return {};
+    const QSizeF beyond = view().shown().size() * (0.5 - kLeastShown);
+    return view().withMargins(scene).adjusted(-beyond.width(), -beyond.height(), beyond.width(),
+                                              beyond.height());
+}
+
+double GLCanvasPrivate::lowestUserScale() const
+{
+    const double limit = m_canvas.getMinScaleLimit();
+    const double whole = view().wholeScale(m_layers.sceneRect());
+    return whole > 0 ? std::min(limit, whole) : limit;
 }
 
 void GLCanvasPrivate::viewChanged(double scaleBefore, ZoomReason reason)
@@ -119,7 +145,17 @@ void GLCanvasPrivate::placeScrollbars()
 
 void GLCanvasPrivate::scrollByBar(double dx, double dy)
 {
-    changeView([&](ViewState& view) { return view.setOrigin(view.toScene(QPointF(dx, dy))); });
+    const Widgets::GLObject::Use use(m_canvas);
+    setMovingWithMomentum(false);
+    const bool mayMove = m_canvas.mayUserMoveView();
+    if (use.hasEnded())
+        return;
+    if (mayMove)
+        changeView([&](ViewState& view) {
+            return view.setOrigin(view.toScene(wholePixels({dx, dy})));
+        });
+    else
+        placeScrollbars();
 }
 
 void GLCanvasPrivate::sceneDirty(const DirtyArea& area)

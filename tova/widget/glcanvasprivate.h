@@ -59,6 +59,8 @@ public:
     }
     /// Where the middle of the view may be moved to; null for anywhere.
     QRectF panLimits() const;
+    /// Down to which a user may zoom.
+    double lowestUserScale() const;
 
     /// Once the canvas can answer what input asks of it.
     void beginInput();
@@ -85,6 +87,9 @@ public:
     void setScrollbarsWanted(bool wanted);
     void placeScrollbars();
     double ratio() const;
+    /// The nearest way in view pixels that is one of whole device pixels: the picture of a view
+    /// that goes it is copied, not painted anew.
+    QPointF wholePixels(const QPointF& way) const;
 
     Vetra::GLMimeData mimeData;
     std::vector<std::string> dropFormats{"text/plain", "text/html",  "text/uri-list",
@@ -106,6 +111,7 @@ private:
 
     void update(const QRegion& part);
     void paintOn(QPainter& painter);
+    void paintLayers(QPainter& painter, const QRectF& part);
     void placePicture();
     QRegion paintPicture();
     void show(QPainter& painter, const QRegion& exposed);

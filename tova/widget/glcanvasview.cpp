@@ -20,8 +20,8 @@ using Vetra::toQt;
 
 namespace {
 
-constexpr double kPage = 0.9;      // of the view
-constexpr double kStep = 1.0 / 20; // of the view
+// Of the view. A notch of the wheel is 17 steps, and so about three lines.
+constexpr double kStep = CanvasScrollbars::kLine / 6;
 
 /// Where a user's zoom ends up who is held to the limits but may already be beyond them.
 double limited(double scale, double from, double low, double high)
@@ -46,7 +46,8 @@ double GLCanvas::getScale() const
 
 void GLCanvas::setScale(double scale)
 {
-    setScaleAroundScenePoint(scale, fromQt(d->view().shown().center()));
+    const bool showsNothing = d->layers().stack().getNumLayers() == 0 || d->view().size().isEmpty();
+    setScaleAroundScenePoint(scale, showsNothing ? Point() : fromQt(d->view().shown().center()));
 }
 
 void GLCanvas::setScaleAroundScenePoint(double scale, const Point& scenePoint)
@@ -58,9 +59,12 @@ void GLCanvas::setScaleAroundScenePointWithReason(double scale, const Point& sce
                                                   ZoomReason reason)
 {
     const double before = getScale();
-    if (reason.isByUser())
-        scale = limited(scale, before, getMinScaleLimit(), getMaxScaleLimit());
     const Use use(*this);
+    if (reason.isByUser()) {
+        if (!mayUserMoveView() || use.hasEnded())
+            return;
+        scale = limited(scale, before, d->lowestUserScale(), getMaxScaleLimit());
+    }
     d->changeView(reason,
                   [&](ViewState& view) { return view.scaleAbout(scale, toQt(scenePoint)); });
     if (reason.isByUser() && !use.hasEnded() && getScale() != before) {
@@ -243,19 +247,31 @@ Rect GLCanvas::viewRectToSceneRect(const Rect& rect) const
 
 void GLCanvas::requestScrollInPages(int dx, int dy)
 {
-    const QSizeF shown = d->view().shown().size() * kPage;
+    if (!mayUserMoveView())
+        return;
+    const QSizeF shown = d->view().shown().size() * CanvasScrollbars::kPage;
     translate(-1.0 * dx * shown.width(), -1.0 * dy * shown.height());
 }
 
 void GLCanvas::requestScrollInSteps(int dx, int dy)
 {
     const Use use(*this);
+    if (!mayUserMoveView() || use.hasEnded())
+        return;
     d->emitters().scrollRequest.send(dx, dy);
     if (use.hasEnded())
         return;
     const ViewState& view = d->view();
-    translate(-1.0 * dx * stepLength(view.size().width()) / view.scale(),
-              -1.0 * dy * stepLength(view.size().height()) / view.scale());
+    const QPointF way = d->wholePixels({-1.0 * dx * stepLength(view.size().width()),
+                                        -1.0 * dy * stepLength(view.size().height())});
+    translate(way.x() / view.scale(), way.y() / view.scale());
+}
+
+bool GLCanvas::mayUserMoveView()
+{
+    bool mayMove = true;
+    d->emitters().userMoveQuery.send(mayMove);
+    return mayMove;
 }
 
 void GLCanvas::showScrollbars()

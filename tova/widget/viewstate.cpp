@@ -166,4 +166,10 @@ double ViewState::longerSideScale(const QRectF& sceneRect) const
                                                    : m_size.width() / sceneRect.width();
 }
 
+double ViewState::wholeScale(const QRectF& sceneRect) const
+{
+    const QRectF room = roomWithinMargins();
+    return room.isEmpty() ? 0 : fittingScale(sceneRect.size(), room.size());
+}
+
 } // namespace Tova2

@@ -50,6 +50,8 @@ public:
     QRectF roomWithinMargins() const;
     /// At which the longer side of `sceneRect`, which is not empty, fills the view.
     double longerSideScale(const QRectF& sceneRect) const;
+    /// At which all of `sceneRect` fits within the margins; zero when they leave no room.
+    double wholeScale(const QRectF& sceneRect) const;
 
 private:
     // By hand: the toolkit's own division asserts that the scale is not small.

@@ -65,7 +65,10 @@ TEST(GLWidget2Test, KeepsItsGeometryWithinReach)
     constexpr int huge = std::numeric_limits<int>::max();
     auto* const plain = new Plain("plain");
     plain->setGeometry({huge, -huge, huge, -8});
-    EXPECT_EQ(plain->getGeometry(), Rect(1 << 24, -(1 << 24), 32767, 0));
+    EXPECT_EQ(plain->getGeometry(), Rect(1 << 24, -(1 << 24), 4096, 0)) << "a window's";
+    auto* const part = new Plain("part", plain);
+    part->setSize({huge, huge});
+    EXPECT_EQ(part->getSize(), Vetra::Size<int>(32767, 32767));
     plain->destroy();
 }
 

@@ -13,6 +13,7 @@
 #include <QCoreApplication>
 #include <QImage>
 #include <QPixmap>
+#include <QScrollBar>
 
 #include <cmath>
 #include <functional>
@@ -132,6 +133,17 @@ TEST_F(GLCanvasTest, BindsTheUserToTheLimitsAndNotTheHost)
     EXPECT_EQ(canvas.getScale(), 64);
     canvas.setScaleAroundScenePointWithReason(0.001, {}, ZoomReason::Source::Pinch);
     EXPECT_EQ(canvas.getScale(), 0.5);
+    scene->addNode(RectNode(Rect{0, 0, 1000, 900}));
+    canvas.setScaleAroundScenePointWithReason(0.001, {}, ZoomReason::Source::Pinch);
+    EXPECT_NEAR(canvas.getScale(), 300 / canvas.getSceneRect().height, 1e-9) << "shows it all";
+    EXPECT_GT(canvas.getMinScaleLimit(), canvas.getScale());
+}
+
+TEST_F(GLCanvasTest, ScalesAboutTheOriginWithoutALayer)
+{
+    canvas.translateScenePointToViewPoint({0, 0}, {30, 40});
+    canvas.setScale(3);
+    EXPECT_EQ(canvas.scenePointToViewPoint({0, 0}), Point({30, 40}));
 }
 
 TEST_F(GLCanvasTest, KeepsTheScenePointUnderThePointer)
@@ -161,13 +173,14 @@ TEST_F(GLCanvasTest, AddsUpSmallMovesExactly)
     EXPECT_NEAR(after.y - before.y, 100, 1e-6);
 }
 
-TEST_F(GLCanvasTest, StopsWhereTheMiddleOfTheViewWouldLeaveTheScene)
+TEST_F(GLCanvasTest, StopsWhereOnlyATenthOfTheViewShowsTheScene)
 {
     fill({0, 0, 1000, 800});
     canvas.setMargins({50, 0, 0, 0});
     canvas.translate(1e9, -1e9);
     const Rect shown = canvas.getSceneRectInView();
-    EXPECT_EQ(shown.center(), Point({-50, 800}));
+    EXPECT_EQ(shown.right(), -50 + 40);
+    EXPECT_EQ(shown.y, 800 - 30);
     // From a place farther out there is a way back, and none farther out.
     canvas.translateScenePointToViewPoint({0, 0}, {5000, 0});
     canvas.translate(10, 0);
@@ -180,12 +193,16 @@ TEST_F(GLCanvasTest, ScrollsByStepsAndPages)
 {
     fill({0, 0, 10000, 10000});
     canvas.translateScenePointToViewPoint({5000, 5000}, {0, 0});
-    canvas.requestScrollInSteps(2, -1);
+    canvas.requestScrollInSteps(12, -6);
     EXPECT_EQ(canvas.viewPointToScenePoint({0, 0}), Point({5040, 4985}));
     canvas.requestScrollInPages(0, 1);
     EXPECT_EQ(canvas.viewPointToScenePoint({0, 0}), Point({5040, 5255}));
     canvas.requestScrollInPages(std::numeric_limits<int>::min(), std::numeric_limits<int>::min());
-    EXPECT_EQ(canvas.getSceneRectInView().center(), Point({0, 0}));
+    EXPECT_EQ(canvas.getSceneRectInView(), Rect({-360, -270, 400, 300}));
+    const auto bar = toQt(canvas)->findChildren<QScrollBar*>().back();
+    canvas.translateScenePointToViewPoint({5000, 5000}, {0, 0});
+    bar->triggerAction(QScrollBar::SliderPageStepAdd);
+    EXPECT_EQ(canvas.viewPointToScenePoint({0, 0}), Point({5000, 5270})) << "as a page";
 }
 
 TEST_F(GLCanvasTest, RevealsByTheLeastMove)
@@ -291,6 +308,18 @@ TEST_F(GLCanvasTest, ShowsItsSceneWhetherOrNotThePlatformHasOpenGL)
     EXPECT_NE(picture().pixelColor(100, 100), QColor(Qt::white));
     EXPECT_TRUE(canvas.setOpenGLViewport(false));
     EXPECT_NE(picture().pixelColor(100, 100), QColor(Qt::white));
+}
+
+TEST_F(GLCanvasTest, ShowsPartsOfAViewThatIsTooLargeForAPicture)
+{
+    fill({20000, 20000, 30, 30});
+    QWidget area;
+    toQt(canvas)->setParent(&area);
+    canvas.setSize({32767, 32767});
+    const QImage part = toQt(canvas)->grab({19990, 19990, 20, 20}).toImage();
+    EXPECT_EQ(part.pixelColor(part.width() - 2, part.height() - 2).red(), 128);
+    EXPECT_EQ(part.pixelColor(2, 2), QColor(Qt::white));
+    toQt(canvas)->setParent(nullptr);
 }
 
 TEST_F(GLCanvasTest, KeepsItsPictureWhileRenderingIsOff)

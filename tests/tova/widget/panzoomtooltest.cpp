@@ -14,7 +14,11 @@
 
 #include <QCoreApplication>
 #include <QEventLoop>
+#include <QImage>
 #include <QKeyEvent>
+#include <QMouseEvent>
+#include <QPixmap>
+#include <QScrollBar>
 #include <QTimer>
 
 #include <cmath>
@@ -139,16 +143,17 @@ INSTANTIATE_TEST_SUITE_P(
                       on.user.releaseKey(Key::Space);
                   }},
         InputCase{{"FingersWhoseGestureMayNeverEnd"},
-                  {2, {1.5, 0}},
+                  {2, {3, 0}}, // what is less than a pixel waits for more of it
                   [](Test& on) {
-                      on.user.pan(GestureState::GestureUpdated, {1.5, 0});
+                      on.user.pan(GestureState::GestureUpdated, {1.4, 0});
+                      on.user.pan(GestureState::GestureUpdated, {1.4, 0});
                   }},
         InputCase{{"WheelAboutThePointer"}, {2.5, {}}, [](Test& on) { on.wheel(120); }},
-        InputCase{{"ShiftWheel"}, {2, {340, 0}}, [](Test& on) { on.wheel(120, Modifier::Shift); }},
-        InputCase{{"CtrlWheel"}, {2, {0, -255}}, [](Test& on) { on.wheel(-120, Modifier::Ctrl); }},
+        InputCase{{"ShiftWheel"}, {2, {57, 0}}, [](Test& on) { on.wheel(120, Modifier::Shift); }},
+        InputCase{{"CtrlWheel"}, {2, {0, -43}}, [](Test& on) { on.wheel(-120, Modifier::Ctrl); }},
         InputCase{{"ShiftCtrlWheel"}, {2, {}}, [](Test& on) { on.wheel(120, kShiftCtrl); }},
         InputCase{{"WheelThatScrollsFirst"},
-                  {2, {0, 15}},
+                  {2, {0, 3}},
                   [](Test& on) {
                       on.scene->addTool(new ScrollFirstTool);
                       on.wheel(13);
@@ -207,6 +212,40 @@ TEST_F(PanZoomToolTest, APinchKeepsThePointBetweenTheFingers)
     EXPECT_LT(std::hypot(after.x - centre.x, after.y - centre.y), 0.01);
 }
 
+TEST_F(PanZoomToolTest, AHostMayHoldTheViewAgainstAllThatTheUserDoes)
+{
+    canvas->connectTo(&GLCanvasEmitters::userMoveQuery, [](bool& mayMove) { mayMove = false; });
+    drag(30, -8);
+    user.pan(GestureState::GestureUpdated, {3, 4});
+    user.pinch(GestureState::GestureUpdated, Point{5000, 5000}, 1.5);
+    wheel(120);
+    wheel(120, Modifier::Ctrl);
+    for (const int key : {Qt::Key_F, Qt::Key_End, Qt::Key_0, Qt::Key_Plus, Qt::Key_PageUp})
+        EXPECT_FALSE(type(key));
+    auto* const bar = toQt(*canvas)->findChild<QScrollBar*>();
+    const int before = bar->value();
+    bar->triggerAction(QScrollBar::SliderPageStepAdd);
+    EXPECT_EQ(bar->value(), before);
+    EXPECT_EQ(canvas->getScale(), 2);
+    EXPECT_EQ(dragged(), Point());
+}
+
+TEST_F(PanZoomToolTest, WhatFollowsTheHandIsCopied)
+{
+    const auto middle = [this] {
+        return toQt(*canvas)->grab({200, 150, 1, 1}).toImage().pixelColor(0, 0);
+    };
+    scene->setDebugRepaintRegionColor(Vetra::Color(1, 0, 0));
+    scene->setDebugRepaintRegion(true);
+    ASSERT_EQ(middle(), QColor(Qt::red));
+    scene->setDebugRepaintRegionColor(Vetra::Color(0, 0, 1));
+    drag(33, 7);
+    user.pan(GestureState::GestureStarted, {});
+    for (int i = 0; i < 5; ++i)
+        user.pan(GestureState::GestureUpdated, {1.4, 0.3});
+    EXPECT_EQ(middle(), QColor(Qt::red)) << "painted anew";
+}
+
 // Gliding
 
 TEST_F(PanZoomToolTest, GlidesOnUntilAPressButNotUntilACancel)
@@ -236,7 +275,7 @@ TEST_F(PanZoomToolTest, LosesSpeedAtALimitForEachAxisAndStandsOnWholePixels)
 {
     useInterval(0.03);
     const auto stepsFrom = [this](Point corner) {
-        canvas->translateScenePointToViewPoint(corner, {200, 150}); // the limit of the middle
+        canvas->translateScenePointToViewPoint(corner, {360, 270}); // a tenth still shows it
         drag(200, 200);
         int steps = 0;
         while (canvas->movingWithMomentum() && ++steps < 100)
@@ -294,7 +333,20 @@ INSTANTIATE_TEST_SUITE_P(
         EndCase{{"CanvasDisabled"}, [](Test& on) { on.canvas->setEnabled(false); }},
         EndCase{{"AnotherToolBegins"},
                 [](Test& on) { on.scene->getToolByRole("ToolTipTool")->becomeAlert(); }},
-        EndCase{{"UserZooms"}, [](Test& on) { on.wheel(120); }}),
+        EndCase{{"UserZooms"}, [](Test& on) { on.wheel(120); }},
+        EndCase{{"HostFits"}, [](Test& on) { on.canvas->zoomToSceneRect(); }},
+        EndCase{{"PageKey"}, [](Test& on) { on.type(Qt::Key_PageDown); }},
+        EndCase{{"PressThatAToolAboveTakes"},
+                [](Test& on) {
+                    auto* const above = new UnconsumedEventTool;
+                    above->unconsumedEmitter().connect([](Event& event) { event.consume(); });
+                    on.scene->addTool(above, "Above");
+                    QMouseEvent press(QEvent::MouseButtonPress, {5, 5}, Qt::RightButton,
+                                      Qt::RightButton, {});
+                    QCoreApplication::sendEvent(Widgets::toQt(*on.canvas), &press);
+                }},
+        EndCase{{"ScrollbarHeld"},
+                [](Test& on) { toQt(*on.canvas)->findChild<QScrollBar*>()->setSliderDown(true); }}),
     rowName);
 
 TEST_F(PanZoomToolTest, LosingTheFocusEndsWhatTheHandDoes)

@@ -73,6 +73,9 @@ TEST_F(ViewerTest, ShowsTheSceneInAWindowAndManagesItselfMeanwhile)
     viewer->showAt({0, std::nan(""), 1, 1});
     EXPECT_TRUE(viewer->isCppManagingLifespan() && viewer->getCanvas()->isVisible());
     EXPECT_EQ(window->geometry(), QRect(10, 20, 300, 100));
+    viewer->hide();
+    viewer->showAt({0, 0, 1e300, 1e300});
+    EXPECT_EQ(window->size(), QSize(4096, 4096)) << "no screen shows more";
 }
 
 TEST_F(ViewerTest, DoesNothingWithoutADisplay)

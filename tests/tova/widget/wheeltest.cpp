@@ -21,11 +21,14 @@ struct WheelRow : NamedRow {
 
 class WheelTest : public testing::TestWithParam<WheelRow> {};
 
+constexpr Vetra::GLPoint<double> kPlace{20.5, 40.25}; // between whole pixels
+
 /// Shorthand for what tools hear.
 class ShortHand final : public EventHandler {
 public:
     void handleWheelEvent(MouseEvent& event) override
     {
+        EXPECT_EQ(event.canvas()->scenePointToViewPoint(event.scenePos()), kPlace);
         text += event.asGLMouseEvent2().delta == 120 ? '+' : '-';
     }
     void handlePanGestureEvent(PanGestureEvent& event) override
@@ -34,7 +37,7 @@ public:
     }
     void handlePinchGestureEvent(PinchGestureEvent& event) override
     {
-        EXPECT_EQ(event.centerPoint, (Vetra::GLPoint<double>{20, 40}));
+        EXPECT_EQ(event.centerPoint, kPlace);
         add(event.gestureState, event.scaleFactor > 1 ? " in" : " out");
     }
     std::string text;
@@ -59,9 +62,9 @@ TEST_P(WheelTest, TellsNotchesFromGestures)
     bench.scene->addTool(tool);
     for (const Turn& turn : GetParam().turns) {
         bench.clock->advance(std::chrono::milliseconds(turn.waitMs));
-        EXPECT_TRUE(bench.send(QWheelEvent({20, 40}, {20, 40}, {0, turn.pixels}, {0, turn.angle},
-                                           {}, turn.hasCtrl ? Qt::ControlModifier : Qt::NoModifier,
-                                           turn.phase, false)));
+        EXPECT_TRUE(bench.send(
+            QWheelEvent({kPlace.x, kPlace.y}, {20, 40}, {0, turn.pixels}, {0, turn.angle}, {},
+                        turn.hasCtrl ? Qt::ControlModifier : Qt::NoModifier, turn.phase, false)));
     }
     bench.clock->advance(std::chrono::seconds(1));
     EXPECT_EQ(ear.text, GetParam().heard);

@@ -68,7 +68,9 @@ void GestureInput::turn(const QWheelEvent& event)
     auto input = Vetra::fromQt(event, &m_core.canvas());
     input.delta = notches < 0 ? -WheelNotches::kNotch : WheelNotches::kNotch;
     for (int i = 0; i < std::abs(notches) && m_core.isOpen(); ++i) {
-        MouseEvent turned(EventType::WheelEvent, input);
+        // A screen has places between whole pixels, which a zoom must keep: it would drift.
+        const auto place = m_core.canvas().viewPointToScenePoint(Vetra::fromQt(event.position()));
+        auto turned = MouseEvent(EventType::WheelEvent, input).withScenePos(place);
         if (!m_core.send(turned))
             return;
     }

@@ -51,7 +51,7 @@ void PanZoomTool::handlePanGestureEvent(PanGestureEvent& event)
 
 void PanZoomTool::followFingers(const Vetra::GLPoint<double>& way)
 {
-    translateWithSoftLimits(way.x, way.y, false);
+    follow(way);
     if (way != Vetra::GLPoint<double>{})
         m_fingers.movedAt = Clock::now();
     m_fingers.point += way;
@@ -90,6 +90,7 @@ void PanZoomTool::noteGesture(bool& kind, GestureState state, GLCanvas& canvas)
         return;
     claim(kind);
     m_fingers = {};
+    m_behind = {};
     m_momentum.resetSampling();
     m_momentum.sampleLocation(m_fingers.point);
 }

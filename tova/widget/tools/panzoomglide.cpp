@@ -1,8 +1,13 @@
 // The canvas that is moved, and how it glides on.
 
+#include "widget/glcanvasprivate.h"
+
 #include "tova/scene/scene.h"
 #include "tova/widget/glcanvas.h"
 #include "tova/widget/panzoomtool.h"
+#include "vetra/qt.h"
+
+#include <QScopedValueRollback>
 
 #include <cmath>
 #include <utility>
@@ -29,10 +34,10 @@ void PanZoomTool::setCanvas(GLCanvas* canvas)
         return;
     canvas->getDestroyEmitter().connect(this, [this](Widgets::GLObject*) { onCanvasDestroy(); });
     canvas->connectTo(&GLCanvasEmitters::sceneChange, this, [this] { letGo(); });
-    const auto stop = [this] { stopGliding(); };
-    canvas->connectTo(&GLCanvasEmitters::userZoom, this,
-                      [stop](Vetra::GLPoint<int>, double) { stop(); });
-    canvas->connectTo(&GLCanvasEmitters::scrollRequest, this, [stop](int, int) { stop(); });
+    canvas->connectTo(&GLCanvasEmitters::viewChange, this, [this](Vetra::GLPoint<double>) {
+        if (!m_isMoving)
+            stopGliding();
+    });
 }
 
 void PanZoomTool::onCanvasDestroy()
@@ -46,16 +51,37 @@ void PanZoomTool::letGo()
     cancel(ECancelReason::AllToolsCancelled, nullptr);
 }
 
+Vetra::GLPoint<double> PanZoomTool::wholePixels(const Vetra::GLPoint<double>& way) const
+{
+    return m_canvas ? Vetra::fromQt(m_canvas->d_func()->wholePixels(Vetra::toQt(way))) : way;
+}
+
+/// By whole device pixels, however few of them a pixel is; what is left over counts with the next
+/// move.
+void PanZoomTool::follow(const Vetra::GLPoint<double>& way)
+{
+    m_behind += way;
+    const auto whole = wholePixels(m_behind);
+    m_behind = m_behind - whole;
+    translateWithSoftLimits(whole.x, whole.y, false);
+}
+
 void PanZoomTool::translateWithSoftLimits(double dx, double dy, bool fromMomentum)
 {
     if (!m_canvas)
         return;
     GLCanvas& canvas = *m_canvas;
     const Widgets::GLObject::Use use(canvas);
+    const Vetra::Holder<Tool> self(referenceCount() > 0 ? this : nullptr);
+    if (!canvas.mayUserMoveView() || use.hasEnded())
+        return;
     const double scale = canvas.getScale();
     const Vetra::GLPoint<double> wanted{dx / scale, dy / scale};
     const auto before = canvas.getSceneRectInView();
-    canvas.translate(wanted);
+    {
+        const QScopedValueRollback moving(m_isMoving, true);
+        canvas.translate(wanted);
+    }
     if (!fromMomentum || use.hasEnded())
         return;
     const auto after = canvas.getSceneRectInView();
@@ -66,10 +92,10 @@ void PanZoomTool::translateWithSoftLimits(double dx, double dy, bool fromMomentu
         m_momentum.applyMultiplierOnReleaseMagnitude(kSlowingAtLimit);
 }
 
-/// Tools above may have taken the press that should have stopped it.
+/// By a press, whoever takes it, or by another tool that begins something.
 bool PanZoomTool::isInterrupted() const
 {
-    if (!m_canvas || !m_canvas->isEnabled())
+    if (!m_canvas || !m_canvas->isEnabled() || !m_canvas->movingWithMomentum())
         return true;
     return isIdle() && scene() && scene()->hasActiveOrAlertTool();
 }
@@ -124,9 +150,8 @@ void PanZoomTool::settle(GLCanvas& canvas)
     if (!m_glideFrom)
         return;
     const auto way = canvas.scenePointToViewPoint({}) - *std::exchange(m_glideFrom, {});
-    const double ratio = canvas.getBackingScaleFactor();
-    translateWithSoftLimits(std::round(way.x * ratio) / ratio - way.x,
-                            std::round(way.y * ratio) / ratio - way.y, false);
+    const auto rest = wholePixels(way) - way;
+    translateWithSoftLimits(rest.x, rest.y, false);
 }
 
 } // namespace Tova2

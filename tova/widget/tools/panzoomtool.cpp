@@ -115,6 +115,7 @@ void PanZoomTool::startPan(const MouseEvent& event)
         return;
     m_button = input.button;
     m_lastPosition = input.position;
+    m_behind = {};
     m_momentum.resetSampling();
     m_momentum.sampleLocation(toDoubles(input.position));
 }
@@ -135,7 +136,7 @@ void PanZoomTool::handleMouseMoveEvent(MouseEvent& event)
     const auto way = toDoubles(position) - toDoubles(std::exchange(m_lastPosition, position));
     if (isInGesture())
         return;
-    translateWithSoftLimits(way.x, way.y, false);
+    follow(way);
     m_momentum.sampleLocation(toDoubles(position));
 }
 

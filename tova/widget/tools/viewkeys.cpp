@@ -11,6 +11,8 @@ using Vetra::Key;
 using Vetra::Modifier;
 using Vetra::Modifiers;
 
+constexpr int kStepsALine = 6;
+
 /// What is held, but for the keypad, whose keys mean the same.
 Modifiers heldWith(const KeyEvent& event)
 {
@@ -27,7 +29,7 @@ bool scroll(GLCanvas& canvas, Key key)
     for (const auto& arrow : kArrows) {
         if (arrow.key != key)
             continue;
-        canvas.requestScrollInSteps(arrow.dx, arrow.dy);
+        canvas.requestScrollInSteps(arrow.dx * kStepsALine, arrow.dy * kStepsALine);
         return true;
     }
     return false;
@@ -90,6 +92,9 @@ bool zoom(GLCanvas& canvas, Key key)
 
 bool moveViewByKey(GLCanvas& canvas, const KeyEvent& event)
 {
+    const Widgets::GLObject::Use use(canvas);
+    if (!canvas.mayUserMoveView() || use.hasEnded())
+        return false;
     const Key key = event.key();
     const Modifiers held = heldWith(event);
     const bool isPlain = held.isEmpty();

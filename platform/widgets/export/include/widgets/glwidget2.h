@@ -38,7 +38,8 @@ struct GLWidgetEmitters {
 /// independent of the device; places are those in the parent, of a window those on the screen.
 class WIDGETS_EXPORT GLWidget2 : public GLObject, public virtual Vetra::EventSource {
 public:
-    /// Places beyond 2^24 and sizes beyond `maxSide` or below 0 are cut off.
+    /// Places beyond 2^24 and sizes beyond `maxSide` or below 0 are cut off. A window, and what has
+    /// no parent yet, gets no larger than all screens together, or 4096 where they are smaller.
     static constexpr int maxSide = 32767;
     Vetra::GLRect<int> getGeometry() const;
     void setGeometry(const Vetra::GLRect<int>& geometry);

@@ -23,6 +23,8 @@ public:
 
     /// A new event of another type at the same place; not consumed.
     MouseEvent withType(EventType type) const;
+    /// The same event where the toolkit knows the place more exactly than by whole pixels.
+    MouseEvent withScenePos(const Vetra::GLPoint<double>& scenePos) const;
 
     const char* className() const noexcept override { return "MouseEvent"; }
     const Vetra::GLPoint<double>& scenePos() const noexcept { return m_scenePos; }

@@ -63,12 +63,14 @@ public:
     // Scale
 
     double getScale() const;
-    /// About the middle of the view. A scale that is not positive and finite is ignored; limits
-    /// bind the user, not the host.
+    /// About the middle of the view, or about the scene's origin while there is no layer or no
+    /// view. A scale that is not positive and finite is ignored; limits bind the user, not the
+    /// host.
     void setScale(double scale);
     void setScaleAroundScenePoint(double scale, const Vetra::GLPoint<double>& scenePoint);
     /// The scene point stays where it is in the view. For a user's reason the scale is kept within
-    /// the limits, and never goes the other way to get there.
+    /// the limits, and never goes the other way to get there; the lower limit gives way to a scale
+    /// at which the whole scene fits within the margins.
     void setScaleAroundScenePointWithReason(double scale, const Vetra::GLPoint<double>& scenePoint,
                                             ZoomReason reason);
     /// The smaller of 0.5 and the scale that fits the scene's longer side; 1 for an empty scene.
@@ -88,7 +90,8 @@ public:
     // Position
 
     /// Moves the scene under the view by an offset in scene units: to the right and down when
-    /// positive. Stops where the middle of the view would leave the scene with its margins.
+    /// positive. Stops where no more than a tenth of the view would show the scene with its
+    /// margins.
     void translate(const Vetra::GLPoint<double>& offset);
     void translate(double dx, double dy) { translate({dx, dy}); }
     void translateScenePointToViewPoint(const Vetra::GLPoint<double>& scenePoint,
@@ -129,10 +132,13 @@ public:
 
     // Scrolling. Positive values show what lies to the right or below.
 
-    /// By the view less a tenth.
+    /// By the view less a tenth, as a click beside a scroll bar's handle.
     void requestScrollInPages(int dx, int dy);
-    /// By a twentieth of the view each, at least a pixel.
+    /// By a 120th of the view each, at least a pixel: 6 are a line, 17 a notch of the wheel.
     void requestScrollInSteps(int dx, int dy);
+    /// Asks those who listen to `userMoveQuery`; yes without any. What a user does to the view is
+    /// held to the answer, requests to scroll included; what the host does is not.
+    bool mayUserMoveView();
     /// They lie over the view's edges, and only while the scene with its margins does not fit.
     void showScrollbars();
     void hideScrollbars();
@@ -140,8 +146,8 @@ public:
     bool isVerticalScrollbarVisible() const;
     /// In view pixels; empty while it is not visible.
     Vetra::GLRect<int> getScrollbarGeometry(Orientation orientation) const;
-    /// Whether the view is gliding; the pan tool says so. Meanwhile what is shown keeps to whole
-    /// device pixels.
+    /// Whether the view is gliding; the pan tool says so, and ends its glide once somebody else has
+    /// said that it is over. Meanwhile what is shown keeps to whole device pixels.
     bool movingWithMomentum() const;
     void setMovingWithMomentum(bool on);
 
@@ -157,7 +163,9 @@ public:
     /// has no OpenGL.
     bool setOpenGLViewport(bool on);
     bool hasOpenGLViewport() const;
-    /// No part of the scene, its bounds, queries or pictures.
+    /// Lines behind the bounds of the scene and 5 units around, 10 units apart; twice as far, and
+    /// so on, where that would be less than 10 pixels, half as far where it would be 20 or more.
+    /// Each fifth is darker. No part of the scene, its bounds, queries or pictures.
     bool gridVisible() const;
     void setGridVisible(bool on);
     /// A rubber band in scene coordinates; an empty rectangle takes it away.
@@ -217,6 +225,9 @@ public:
     Vetra::Pixmap getPixmapOfBrowserInView();
     /// That part of the view, scene and page; never an empty holder.
     Vetra::Holder<Vetra::Image> getSceneImageWithWebblocksForTesting(Vetra::GLRect<int> viewRect);
+
+    /// Tells listeners to `canvasReplacement` that the other canvas has come into this one's place.
+    void announceReplacement(GLCanvas& successor);
 
     /// Connects to one of the canvas's emitters with the arguments of `Vemit::Emitter::connect`:
     /// `canvas.connectTo(&GLCanvasEmitters::scaleChange, listener, callback)`.

@@ -8,9 +8,12 @@
 
 namespace Widgets {
 class GLLayout2;
-}
+class GLObject;
+} // namespace Widgets
 
 namespace Tova2 {
+
+class GLCanvas;
 
 /// What a canvas tells of itself. Listeners may do anything, to the canvas too.
 struct GLCanvasEmitters {
@@ -36,6 +39,13 @@ struct GLCanvasEmitters {
     Vemit::Emitter<Vetra::GLPoint<double>> busyAnimation;
     /// Another scene is the base, or none; the canvas still lives.
     Vemit::Emitter<> sceneChange;
+    /// Another canvas has come into this one's place, as in a window that was built anew; its
+    /// emitters, for whoever goes on listening there, and its parent, or null. The host says so
+    /// (`GLCanvas::announceReplacement`).
+    Vemit::Emitter<GLCanvas*, GLCanvasEmitters*, Widgets::GLObject*> canvasReplacement;
+    /// Whether the user may move the view now: true, and false for a listener that sets it. Asked
+    /// before each move by wheel, fingers, keys, scroll bars or a drag.
+    Vemit::Emitter<bool&> userMoveQuery;
 };
 
 } // namespace Tova2

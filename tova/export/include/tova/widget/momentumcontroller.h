@@ -36,9 +36,6 @@ public:
     /// the same millisecond as the sample before, and for what is not finite or moves beyond all
     /// measure.
     bool sampleLocation(const Vetra::GLPoint<double>& location);
-    /// Forgets the samples taken; a glide under way goes on.
-    void resetSampling() noexcept;
-
     /// Starts to glide with the speed sampled; nothing when it is zero, or when gliding already.
     void beginMomentumNotifications();
     void endMomentumNotifications();
@@ -67,6 +64,7 @@ public:
     StateEmitter& momentumEndedEmitter() noexcept { return m_ended; }
 
 private:
+    friend class PanZoomTool; // which begins anew with each press
     using Clock = std::chrono::steady_clock;
 
     bool hasFixedTime() const noexcept { return m_fixedTimeInterval > 0; }
@@ -75,6 +73,8 @@ private:
     double secondsSinceRelease() noexcept;
     void addToAverage(double speed, double seconds) noexcept;
     double calculateReleaseVelocity() const noexcept;
+    /// Forgets the samples taken; a glide under way goes on.
+    void resetSampling() noexcept;
     void start();
 
     NotificationEmitter m_notification;

@@ -17,9 +17,9 @@ class GLCanvas;
 /// the left one while the space bar is held; by a pan gesture; by a pinch, which zooms about its
 /// centre. Who lets go while moving sees the view glide on. It never touches the model.
 ///
-/// A glide ends by itself, with any press, with the release of the space bar, when the user zooms
-/// or scrolls, when another tool begins something, and with its canvas or scene. Cancelling ends
-/// what the hand does; the glide goes on.
+/// A glide ends by itself, with any press, with the release of the space bar, when anything else
+/// moves the view, the host included, when another tool begins something, and with its canvas or
+/// scene. Cancelling ends what the hand does; the glide goes on.
 class TOVA_EXPORT PanZoomTool : public Tool, public Vemit::Listener {
 public:
     /// The stack says which scene it works for: `scene` need not be given, and changes nothing.
@@ -81,6 +81,8 @@ private:
     void followFingers(const Vetra::GLPoint<double>& way);
     void zoomBy(double factor, const Vetra::GLPoint<double>& scenePoint);
 
+    Vetra::GLPoint<double> wholePixels(const Vetra::GLPoint<double>& way) const;
+    void follow(const Vetra::GLPoint<double>& way);
     void translateWithSoftLimits(double dx, double dy, bool fromMomentum);
     bool isInterrupted() const;
     void stopGliding();
@@ -92,11 +94,13 @@ private:
     GLCanvas* m_canvas = nullptr; // listened to; null when it ends, or shows another scene
     Vetra::MouseButton m_button = Vetra::MouseButton::LeftButton; // that pans
     Vetra::GLPoint<int> m_lastPosition;                           // of the pointer, in the widget
+    Vetra::GLPoint<double> m_behind; // by which the view has still to follow, in its pixels
     Fingers m_fingers;
     bool m_isPanning = false;
     bool m_isPanGesture = false;
     bool m_isPinching = false;
     bool m_isSpaceHeld = false;
+    bool m_isMoving = false; // the view, right now
     bool m_middleButtonGlides = true;
     /// Where the scene's origin was in the view; none when the glide is not to settle.
     std::optional<Vetra::GLPoint<double>> m_glideFrom;
