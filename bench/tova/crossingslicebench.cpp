@@ -56,15 +56,23 @@ struct Longest {
     }
 };
 
-Longest runInSlices(Host::CooperativeTaskManager& manager)
+/// `between` is called after each slice, with its number.
+template <class Between>
+Longest runInSlices(Host::CooperativeTaskManager& manager, Between&& between)
 {
     Longest longest;
-    for (bool isLeft = true; isLeft;) {
+    int slice = 0;
+    for (bool isLeft = true; isLeft; between(slice++)) {
         const Moment start = Moment::now(ownClock());
         isLeft = manager.runSlice();
         longest.note(start, Moment::now(ownClock()));
     }
     return longest;
+}
+
+Longest runInSlices(Host::CooperativeTaskManager& manager)
+{
+    return runInSlices(manager, [](int) {});
 }
 
 /// The first pass, and one that has the results of another to replace.
@@ -83,6 +91,68 @@ void BM_LongestSlice(benchmark::State& state)
     }
     first.tell(state, "first");
     second.tell(state, "second");
+}
+
+/// So many level lines and as many upright ones, each across all of the others.
+class Mesh {
+public:
+    explicit Mesh(int count)
+    {
+        const double end = 10.0 * count + 10;
+        for (int i = 1; i <= count; ++i) {
+            add({{0, 10.0 * i}, {end, 10.0 * i}});
+            add({{10.0 * i, 0}, {10.0 * i, end}});
+        }
+    }
+    Scene& scene() { return *m_scene; }
+    std::vector<OpenLinearPathNode>& lines() { return m_lines; }
+
+private:
+    void add(const Points& points)
+    {
+        m_lines.emplace_back(points);
+        m_scene->addNode(m_lines.back());
+    }
+
+    Vetra::Holder<Scene> m_scene = Scene::createScene();
+    std::vector<OpenLinearPathNode> m_lines;
+};
+
+/// In a dense diagram: a first pass, one after a single edit, one during which lines move between
+/// the slices, and one during which lines leave and come back.
+void BM_LongestSliceWhileEdited(benchmark::State& state)
+{
+    constexpr int kEdits = 200; // then the rest of the pass has its peace
+    for (auto _ : state) {
+        Mesh mesh(static_cast<int>(state.range(0)));
+        auto& lines = mesh.lines();
+        auto& manager = Host::CooperativeTaskManager::instance();
+        const auto lineAt = [&](int i) -> auto&
+        {
+            return lines[i * 7 % lines.size()];
+        };
+        runInSlices(manager).tell(state, "first");
+        lines[0].translate({1, 1});
+        runInSlices(manager).tell(state, "single");
+        const auto startPass = [&] {
+            for (OpenLinearPathNode& line : lines)
+                line.translate({1, 1});
+        };
+        startPass();
+        runInSlices(manager, [&](int slice) {
+            if (slice < kEdits)
+                lineAt(slice).translate({1, 1});
+        }).tell(state, "moved");
+        startPass();
+        runInSlices(manager, [&](int slice) {
+            if (slice >= kEdits)
+                return;
+            mesh.scene().removeNode(lineAt(slice));
+            if (slice % 2)
+                mesh.scene().addNode(lineAt(slice - 1));
+        }).tell(state, "removed");
+        state.counters["crossings"] = static_cast<double>(mesh.scene().pathIntersectionsCount());
+    }
 }
 
 /// Stands for the user: acts every few milliseconds, and notes when the program takes notice.
@@ -173,6 +243,13 @@ void large(benchmark::internal::Benchmark* bench)
 }
 
 BENCHMARK(BM_LongestSlice)->Apply(large);
+BENCHMARK(BM_LongestSliceWhileEdited)
+    ->ArgName("lines")
+    ->Unit(benchmark::kMillisecond)
+    ->Iterations(1)
+    ->Arg(500)
+    ->Arg(1000)
+    ->Arg(1500);
 BENCHMARK(BM_InputWait)->Apply(large);
 
 } // namespace

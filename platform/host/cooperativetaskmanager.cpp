@@ -35,7 +35,7 @@ struct CooperativeTaskManager::State {
         std::erase_if(sessions, [](const auto& session) { return session->isDone(); });
     }
     void report(TaskSession& session, std::exception_ptr error, const ErrorReporter& own) noexcept;
-    void runNext(TaskBudget& slice);
+    void run(TaskSession& session, TaskBudget& slice);
     static void requestSlice(const std::shared_ptr<State>& state);
     static bool runSlice(const std::shared_ptr<State>& state, TaskBudget slice);
 };
@@ -53,14 +53,12 @@ void CooperativeTaskManager::State::report(TaskSession& session, std::exception_
     Vetra::reportError(error, ("Task of session " + session.name().substr(0, 200)).c_str());
 }
 
-void CooperativeTaskManager::State::runNext(TaskBudget& slice)
+void CooperativeTaskManager::State::run(TaskSession& session, TaskBudget& slice)
 {
-    const auto session = sessions.front();
-    std::rotate(sessions.begin(), sessions.begin() + 1, sessions.end());
     try {
-        session->runSlice(slice);
+        session.runSlice(slice);
     } catch (...) {
-        report(*session, std::current_exception(), session->m_reporter);
+        report(session, std::current_exception(), session.m_reporter);
     }
 }
 
@@ -80,7 +78,9 @@ bool CooperativeTaskManager::State::runSlice(const std::shared_ptr<State>& state
         return !state->sessions.empty();
     state->isRunning = true;
     for (state->dropDone(); !state->sessions.empty(); state->dropDone()) {
-        state->runNext(slice);
+        const auto next = state->sessions.front();
+        std::rotate(state->sessions.begin(), state->sessions.begin() + 1, state->sessions.end());
+        state->run(*next, slice);
         if (slice.isSpentAfterLongStep())
             break;
     }
@@ -164,6 +164,19 @@ void CooperativeTaskManager::runAll()
         return;
     while (State::runSlice(state, TaskBudget()))
         continue;
+}
+
+void CooperativeTaskManager::finish(std::shared_ptr<TaskSession> session)
+{
+    const auto state = m_state;
+    if (!session || state->isRunning)
+        return;
+    state->isRunning = true;
+    TaskBudget endless;
+    while (!session->isDone())
+        state->run(*session, endless);
+    state->dropDone();
+    state->isRunning = false;
 }
 
 } // namespace Host

@@ -1,15 +1,20 @@
 #pragma once
 
+#include "nodes/crossings/pathintersection.h"
 #include "nodes/cubic.h"
 #include "nodes/pathnodeimpl.h"
-
-#include "tova/nodes/crossings/pathintersection.h"
 
 #include <memory>
 #include <utility>
 #include <vector>
 
 namespace Tova2 {
+
+/// How much of a line of segments is drawn: from a point on one to a point on another.
+struct DrawnPart {
+    std::size_t firstSegment, lastSegment;
+    QPointF start, end;
+};
 
 /// Closed; the open kind derives from it.
 class LinearPathNodeImpl : public PathNodeImpl {
@@ -58,7 +63,11 @@ public:
         std::optional<Cubic> corner;
         bool isCornerStraight = false;
     };
-    virtual DrawnSegment drawnSegment(std::size_t segment) const;
+    /// What `drawnSegment` has to know of an open path, nothing where none of it is drawn. Walks
+    /// over the segments that give way to a decoration: for many segments, ask once.
+    virtual std::optional<DrawnPart> drawnPart() const;
+    virtual DrawnSegment drawnSegment(const std::optional<DrawnPart>& part,
+                                      std::size_t segment) const;
 
 protected:
     std::size_t vertexCount() const override { return m_points.size(); }

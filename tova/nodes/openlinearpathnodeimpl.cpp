@@ -209,9 +209,10 @@ PathNodeImpl::Flattened OpenLinearPathNodeImpl::flattened() const
     return flat;
 }
 
-LinearPathNodeImpl::DrawnSegment OpenLinearPathNodeImpl::drawnSegment(std::size_t segment) const
+LinearPathNodeImpl::DrawnSegment
+OpenLinearPathNodeImpl::drawnSegment(const std::optional<DrawnPart>& part,
+                                     std::size_t segment) const
 {
-    const auto part = drawnPart();
     if (!part || segment < part->firstSegment || segment > part->lastSegment)
         return {points()[segment], points()[segment], {}, false}; // given way to a decoration
     const auto before = corner(*part, segment), after = corner(*part, segment + 1);

@@ -7,12 +7,6 @@
 
 namespace Tova2 {
 
-/// How much of a line of segments is drawn: from a point on one to a point on another.
-struct DrawnPart {
-    std::size_t firstSegment, lastSegment;
-    QPointF start, end;
-};
-
 class OpenLinearPathNodeImpl final : public LinearPathNodeImpl {
 public:
     static constexpr const char* kTypeName = "Tova2.OpenLinearPathNode";
@@ -27,7 +21,9 @@ public:
     void setCornerStyle(CornerStyle style);
     double cornerRadius() const { return m_cornerRadius; }
     void setCornerRadius(double radius);
-    DrawnSegment drawnSegment(std::size_t segment) const override;
+    std::optional<DrawnPart> drawnPart() const override;
+    DrawnSegment drawnSegment(const std::optional<DrawnPart>& part,
+                              std::size_t segment) const override;
     bool usesPathForEffect() const { return m_usesPathForEffect; }
     void setUsesPathForEffect(bool uses);
     void paintSilhouette(PaintContext& context) const override;
@@ -49,7 +45,6 @@ private:
     void placeDecorations();
     LineTip tip(LineEnds::Which which) const;
     bool hasCutCorners() const;
-    std::optional<DrawnPart> drawnPart() const;
     QPointF vertex(const DrawnPart& part, std::size_t index) const;
     std::optional<CutCorner> corner(const DrawnPart& part, std::size_t index) const;
 

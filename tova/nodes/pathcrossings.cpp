@@ -104,7 +104,13 @@ double LinearPathNodeImpl::markReach() const
     return kHopRoom + 2 * lineWidth() + widest;
 }
 
-LinearPathNodeImpl::DrawnSegment LinearPathNodeImpl::drawnSegment(std::size_t segment) const
+std::optional<DrawnPart> LinearPathNodeImpl::drawnPart() const
+{
+    return {};
+}
+
+LinearPathNodeImpl::DrawnSegment LinearPathNodeImpl::drawnSegment(const std::optional<DrawnPart>&,
+                                                                  std::size_t segment) const
 {
     const std::size_t count = points().size();
     return {points()[segment % count], points()[(segment + 1) % count], {}, false};
@@ -129,11 +135,12 @@ CrossingMarks* LinearPathNodeImpl::crossingMarks(double viewScale) const
 void LinearPathNodeImpl::appendMarked(const Range& range, CrossingMarks& marks,
                                       MarkedPath& drawn) const
 {
-    drawn.begin(drawnSegment(range.first % segmentCount()).start);
+    const auto whole = drawnPart();
+    drawn.begin(drawnSegment(whole, range.first % segmentCount()).start);
     for (std::size_t i = range.first; i <= range.last; ++i) {
         const std::size_t segment = i % segmentCount();
         const std::size_t index = marks.indexFrom(segment);
-        const DrawnSegment part = drawnSegment(segment);
+        const DrawnSegment part = drawnSegment(whole, segment);
         if (index < marks.count() && marks.segment(index) == segment)
             drawn.add(marks.at(index, drawn.seen));
         QPainterPath& line = drawn.lines.back().path;
@@ -158,9 +165,10 @@ std::vector<PathIntersection> LinearPathNodeImpl::drawnCrossings() const
     const SegmentCrossings crossings(m_crossings->records);
     CrossingOutline outline;
     const CrossingContext context{outline, lineWidth(), 1.0, lineWidthOf};
+    const auto whole = drawnPart();
     std::unordered_set<const PathIntersection*> seen;
     for (std::size_t segment = 0; segment + 1 < points().size(); ++segment) {
-        const DrawnSegment part = drawnSegment(segment);
+        const DrawnSegment part = drawnSegment(whole, segment);
         const QPointF from = toScene.map(part.start), to = toScene.map(part.end);
         const auto marker = decorator->createSegmentDecorator(context, from, to);
         for (const PathIntersection* const crossing :

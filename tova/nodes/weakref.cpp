@@ -2,6 +2,7 @@
 
 #include "nodes/nodeextras.h"
 #include "nodes/nodeimpl.h"
+#include "nodes/weakrefaccess.h"
 
 #include <boost/functional/hash.hpp>
 
@@ -58,7 +59,7 @@ void WeakRef::expire() noexcept
     ++deaths;
 }
 
-std::uint64_t WeakRef::deathCount() noexcept
+std::uint64_t WeakRefAccess::deathCount() noexcept
 {
     return deaths;
 }

@@ -166,6 +166,12 @@ const PathIntersectionsDecorator* CrossingManager::decorator() const
     return m_isEnabled ? m_decorator.get() : nullptr;
 }
 
+void CrossingManager::dump(std::ostream& out) const
+{
+    m_worker.dumpChangeLevels(out);
+    m_worker.dumpTables(out);
+}
+
 bool CrossingManager::describe(const WeakRef& ref, CrossingPath& path)
 {
     NodeImpl* const node = ref.getImpl();
@@ -184,13 +190,12 @@ bool CrossingManager::describe(const WeakRef& ref, CrossingPath& path)
 void CrossingManager::crossingsFound(PathIntersectionsUpdate&& update)
 {
     m_update = std::move(update);
-    m_itemCursor = 0;
 }
 
 bool CrossingManager::handOn(Host::TaskBudget& budget)
 {
-    while (m_itemCursor < m_update.items.size()) {
-        handOn(m_update.items[m_itemCursor++]);
+    while (!m_update.items.empty()) {
+        handOnLast();
         if (budget.isSpentAfterStep())
             return false;
     }
@@ -198,13 +203,19 @@ bool CrossingManager::handOn(Host::TaskBudget& budget)
     return true;
 }
 
-void CrossingManager::handOn(PathIntersectionsUpdate::Item& item)
+void CrossingManager::handOnLast()
 {
-    NodeImpl* const node = item.node.getImpl();
+    auto& item = m_update.items.back();
+    const Node held = item.node.getNode();
+    auto crossings = m_update.take(item);
+    const WeakRef ref = std::move(item.node);
+    m_update.items.pop_back();
+    NodeImpl* const node = ref.getImpl();
     LinearPathNodeImpl* const path = node ? node->asLinearPath() : nullptr;
     if (!path || !m_scene.has(*node))
         return;
-    path->crossings(); // takes what has come for it
+    if (crossings)
+        path->setCrossings(std::move(*crossings));
     m_scene.repaintNode(*node);
 }
 
@@ -213,9 +224,10 @@ bool CrossingManager::takeCrossings(const NodeImpl& node, std::vector<PathInters
     if (m_update.items.empty() || !node.extras())
         return false;
     auto* const item = m_worker.find(m_update, node.extras()->self);
-    if (!item || std::exchange(item->isTaken, true))
+    auto taken = item ? m_update.take(*item) : std::nullopt;
+    if (!taken)
         return false;
-    crossings = std::move(item->crossings);
+    crossings = std::move(*taken);
     return true;
 }
 

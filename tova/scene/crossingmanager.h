@@ -35,6 +35,8 @@ public:
     /// As `SceneLink::takeCrossings`.
     bool takeCrossings(const NodeImpl& node, std::vector<PathIntersection>& crossings);
 
+    void findAll() { m_worker.finish(); }
+    void dump(std::ostream& out) const;
     bool allFound() const { return m_worker.allFound(); }
     std::size_t crossingCount() const { return m_worker.crossingCount(); }
 
@@ -42,7 +44,7 @@ private:
     bool describe(const WeakRef& node, CrossingPath& path) override;
     void crossingsFound(PathIntersectionsUpdate&& update) override;
     bool handOn(Host::TaskBudget& budget) override;
-    void handOn(PathIntersectionsUpdate::Item& item);
+    void handOnLast();
 
     void pathChanged(NodeImpl& node, ChangeLevel level);
     void queue(NodeImpl& node);
@@ -57,7 +59,6 @@ private:
     /// What has been found; paths get theirs one by one, or when they ask, so that all of it is
     /// there at once.
     PathIntersectionsUpdate m_update;
-    std::size_t m_itemCursor = 0;
     std::unique_ptr<PathIntersectionsDecorator> m_decorator;
     std::string m_decoratorName;
     std::size_t m_pathCount = 0; ///< in the scene; while it is 0 no edit costs anything here

@@ -3,9 +3,10 @@
 #include "scene/crossingmanager.h"
 #include "scene/sceneprivate.h"
 
-#include "host/cooperativetaskmanager.h"
 #include "tova/scene/scene.h"
 #include "tova/scene/sceneerrors.h"
+
+#include <iostream>
 
 namespace Tova2 {
 
@@ -101,7 +102,13 @@ std::size_t Scene::pathIntersectionsCount() const
 
 void Scene::findPathIntersections()
 {
-    Host::CooperativeTaskManager::instance().runAll();
+    d->crossings().findAll();
+}
+
+void Scene::dumpPathIntersections() const
+{
+    d->crossings().dump(std::cout);
+    std::cout.flush();
 }
 
 bool Scene::usingDebugRepaintRegion() const

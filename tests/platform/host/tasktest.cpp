@@ -74,13 +74,18 @@ TEST_F(TaskTest, TasksFollowEachOtherWhateverTheSlices)
     }
 }
 
-TEST_F(TaskTest, SessionsTakeTurns)
+TEST_F(TaskTest, SessionsTakeTurnsUnlessOneIsToBeFinished)
 {
+    const auto urgent = session("c", 1, 2);
     m_manager->start(session("a", 1, 2));
     m_manager->start(session("b", 1, 2));
+    m_manager->start(urgent);
+    m_manager->runSlice(TaskBudget::steps(1));
+    m_manager->finish(urgent);
+    EXPECT_EQ(m_manager->sessionCount(), 2u);
     while (m_manager->runSlice(TaskBudget::steps(1)))
         continue;
-    EXPECT_THAT(m_log, ElementsAre("a0", "b0", "a0", "b0"));
+    EXPECT_THAT(m_log, ElementsAre("a0", "c0", "c0", "b0", "a0", "b0"));
 }
 
 TEST_F(TaskTest, ASliceEndsWithItsTime)

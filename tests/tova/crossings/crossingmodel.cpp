@@ -109,7 +109,7 @@ void PublishedCrossings::crossingsFound(PathIntersectionsUpdate&& update)
     ++updateCount;
     lastSize = update.items.size();
     for (auto& item : update.items)
-        m_byNode[item.node] = std::move(item.crossings);
+        m_byNode[item.node] = *update.take(item);
     if (onFound)
         onFound();
 }

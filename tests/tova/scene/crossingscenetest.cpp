@@ -76,9 +76,12 @@ TEST_F(CrossingSceneTest, WhatIsFoundIsThereForAllAtOnce)
 
 TEST_F(CrossingSceneTest, FollowsEdits)
 {
+    const auto other = Scene::createScene();
+    other->addNode(OpenLinearPathNode({{0, 50}, {100, 50}}));
     EXPECT_FALSE(m_scene->pathIntersectionsAllFound());
     m_scene->findPathIntersections();
     EXPECT_TRUE(m_scene->pathIntersectionsAllFound());
+    EXPECT_FALSE(other->pathIntersectionsAllFound()) << "what nobody asked for waits its turn";
     EXPECT_THAT(m_across.intersectionPointsRaw(), ElementsAre(Point{50, 50}));
     m_down.setPosition({20, 0});
     m_scene->findPathIntersections();

@@ -1,10 +1,13 @@
 #pragma once
 
+#include "nodes/crossings/pathintersection.h"
+
 #include "host/task.h"
-#include "tova/nodes/crossings/pathintersection.h"
 #include "vetra/glpoint.h"
 
 #include <cstdint>
+#include <optional>
+#include <unordered_set>
 #include <vector>
 
 namespace Tova2 {
@@ -30,10 +33,17 @@ struct PathIntersectionsUpdate {
     struct Item {
         WeakRef node;
         std::vector<PathIntersection> crossings; ///< empty when it has none any more
-        bool isTaken = false;                    ///< for who hands them on
+        bool hasGone = false;                    ///< it is one of `gone`, or a record names one
+        bool isTaken = false;
     };
     std::vector<Item> items;               ///< each node once
     std::vector<std::uint32_t> itemOfSlot; ///< the worker's: 1 + the place among the items, or 0
+    /// Nodes that left while the records were made. Taking drops what concerns them: it would be
+    /// long work to do that for all items at once.
+    std::unordered_set<WeakRef> gone;
+
+    /// What the item's node has now; nothing when it was taken before.
+    std::optional<std::vector<PathIntersection>> take(Item& item) const;
 };
 
 /// Where the worker's results go.

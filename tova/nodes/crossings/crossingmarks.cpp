@@ -84,7 +84,7 @@ CrossingMarks::Marked CrossingMarks::at(std::size_t index, const QRectF& seen)
 void CrossingMarks::layOut(Segment& segment)
 {
     PathCounters::marksLaidOut().increment();
-    const auto drawn = m_path.drawnSegment(segment.segment);
+    const auto drawn = m_path.drawnSegment(m_path.drawnPart(), segment.segment);
     const QPointF from = m_toScene.map(drawn.start), to = m_toScene.map(drawn.end);
     segment.start = drawn.start;
     segment.along = LineTip::between(drawn.start, drawn.end).direction;

@@ -40,7 +40,6 @@ void State::queueUpdate(const WeakRef& node)
         return;
     nodes[slot].isUpdateQueued = true;
     updates.push_back(slot);
-    newlyPending.push_back(slot);
 }
 
 void State::setRank(std::uint32_t slot)
@@ -59,7 +58,6 @@ void State::queueRemoval(std::uint32_t slot)
         return;
     node.isRemovalQueued = true;
     removals.push_back(slot);
-    newlyPending.push_back(slot);
 }
 
 void State::dropSegments(CrossingNode& node)

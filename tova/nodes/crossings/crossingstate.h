@@ -59,7 +59,6 @@ struct PathIntersectionsWorker::State {
 
     std::deque<std::uint32_t> updates; ///< nodes to ask for
     std::deque<std::uint32_t> removals;
-    std::vector<std::uint32_t> newlyPending; ///< queued since the running task began to publish
 
     ChunkedVector<PathSegment> segments;
     std::size_t verticalCount = 0; ///< not stale

@@ -1,3 +1,11 @@
+// Finds where horizontal and vertical pieces cross. A line sweeps from left to right over the
+// verticals; horizontals that it meets are active, each a bit at its place in the order by y, so
+// that a vertical finds those between its ends as neighbours. O(n + k) for n pieces and k
+// crossings once the pieces are sorted, and one bit a vertical for each 4,096 rows between its
+// ends; after Bentley and Ottmann 1979, without their general lines, with bits in place of their
+// balanced tree. Phases: build the tables; sweep, which leaves for each vertical the rows that
+// it crosses; lay out lists a row, and turn the others round into them; commit; renumber the
+// nodes' pieces; mark all nodes to be published; clean; discard the old tables.
 #include "nodes/crossings/fullsweep.h"
 
 #include "nodes/crossings/slicedloop.h"

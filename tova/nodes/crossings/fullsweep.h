@@ -9,10 +9,6 @@
 namespace Tova2 {
 
 /// Finds all crossings of all pieces, in new tables that replace the old ones when they are whole.
-///
-/// A line moves over the verticals by x. The horizontals that it meets are active; they are kept as
-/// bits at their places in the order by y, so that those between the ends of a vertical are
-/// neighbours, whatever else is active.
 class FullSweep {
 public:
     using State = PathIntersectionsWorker::State;

@@ -1,3 +1,10 @@
+// Sorts the pieces of all nodes for a sweep. One walk in order of the nodes' ranks makes a key
+// for each piece; stable sorts then bring verticals into order by x and horizontals into order
+// by y, by left end and by right end, so that equals stay in order of rank. Tops and bottoms of
+// the verticals are sorted too, and merged with the rows by y: that gives each vertical the
+// range of rows between its ends without a search. O(n) for n pieces, six radix sorts in all;
+// after the rank reduction that is usual with range trees (Gabow, Bentley and Tarjan 1984). The
+// phases alternate: sort by one key, then write what that order tells.
 #include "nodes/crossings/indexbuilder.h"
 
 #include "nodes/crossings/prefetch.h"

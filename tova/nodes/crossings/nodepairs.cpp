@@ -23,23 +23,16 @@ void NodePairs::begin(std::uint32_t slot)
     m_keys.clear();
 }
 
-bool NodePairs::run(Host::TaskBudget& budget)
+bool NodePairs::add(std::uint32_t slot, Host::TaskBudget& budget)
 {
+    if (!m_phase)
+        begin(slot);
     while (m_phase) {
         if (!(this->*m_phase)(budget))
             return false;
         m_cursor = 0;
     }
     return true;
-}
-
-std::span<const CrossingPair> NodePairs::of(std::uint32_t slot)
-{
-    Host::TaskBudget endless;
-    clear();
-    begin(slot);
-    run(endless);
-    return m_pairs;
 }
 
 bool NodePairs::copy(Host::TaskBudget& budget)

@@ -22,17 +22,14 @@ public:
     explicit NodePairs(const State& state) : m_state(state) {}
 
     void clear() { m_pairs.clear(); }
-    /// Those of another node come next.
-    void begin(std::uint32_t slot);
-    /// True when they are whole.
-    bool run(Host::TaskBudget& budget);
+    /// Appends those of the node. False while it has to be called again with the same node.
+    bool add(std::uint32_t slot, Host::TaskBudget& budget);
     std::span<const CrossingPair> pairs() const { return m_pairs; }
-    /// Those of one node only, all at once.
-    std::span<const CrossingPair> of(std::uint32_t slot);
 
 private:
     using Phase = bool (NodePairs::*)(Host::TaskBudget&);
 
+    void begin(std::uint32_t slot);
     bool copy(Host::TaskBudget& budget);
     bool gather(Host::TaskBudget& budget);
     std::size_t gatherPiece(std::uint32_t segment);
@@ -40,8 +37,8 @@ private:
     bool convert(Host::TaskBudget& budget);
 
     const State& m_state;
-    TableBlock m_block; ///< of pairs, or of segments in the index
-    Phase m_phase = nullptr;
+    TableBlock m_block;      ///< of pairs, or of segments in the index
+    Phase m_phase = nullptr; ///< null between two nodes
     std::size_t m_cursor = 0;
     std::size_t m_first = 0;           ///< place of the node's first pair
     std::vector<std::uint64_t> m_keys; ///< place of the vertical, then serial of the horizontal

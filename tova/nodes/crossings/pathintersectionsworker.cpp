@@ -5,8 +5,11 @@
 #include "nodes/crossings/linesweeptask.h"
 #include "nodes/crossings/prunetask.h"
 #include "nodes/crossings/publishtask.h"
+#include "nodes/weakrefaccess.h"
 
 #include "host/diagnosticscounter.h"
+
+#include <utility>
 
 namespace Tova2 {
 
@@ -20,6 +23,18 @@ Host::DiagnosticsCounter& passes()
 }
 
 } // namespace
+
+std::optional<std::vector<PathIntersection>> PathIntersectionsUpdate::take(Item& item) const
+{
+    if (std::exchange(item.isTaken, true))
+        return {};
+    auto taken = std::move(item.crossings);
+    if (item.hasGone && gone.contains(item.node))
+        taken.clear();
+    else if (item.hasGone)
+        std::erase_if(taken, [this](const auto& one) { return gone.contains(one.other); });
+    return taken;
+}
 
 bool CrossingResults::handOn(Host::TaskBudget&)
 {
@@ -64,7 +79,7 @@ void PathIntersectionsWorker::clear()
     m_state = std::make_shared<State>();
     m_state->source = &m_source;
     m_state->results = &m_results;
-    m_state->deathsSeen = WeakRef::deathCount();
+    m_state->deathsSeen = WeakRefAccess::deathCount();
 }
 
 void PathIntersectionsWorker::nodeUpdated(const WeakRef& node)
@@ -93,6 +108,12 @@ void PathIntersectionsWorker::start()
     m_manager.start(m_session);
 }
 
+void PathIntersectionsWorker::finish()
+{
+    if (const auto session = m_session) // publishing may end the worker
+        m_manager.finish(session);
+}
+
 bool PathIntersectionsWorker::allFound() const
 {
     return m_state->isIdle();
@@ -105,7 +126,8 @@ PathIntersectionsUpdate::Item* PathIntersectionsWorker::find(PathIntersectionsUp
     if (slot == m_state->slots.end() || slot->second >= update.itemOfSlot.size())
         return nullptr;
     const std::uint32_t place = update.itemOfSlot[slot->second];
-    if (place == 0 || update.items[place - 1].node != node) // the slot may be another's now
+    if (place == 0 || place > update.items.size() || // handed on
+        update.items[place - 1].node != node)        // the slot is another's now
         return nullptr;
     return &update.items[place - 1];
 }

@@ -31,13 +31,14 @@ public:
     ~PathIntersectionsWorker();
 
     /// The node is new, or its points, z-value, container, visibility or transform are different.
-    /// Asks the source for it in the next pass. A path that was reported and not yet asked for is
-    /// left out of what a running pass publishes.
+    /// Asks the source for it in the next pass; what a running pass publishes shows it as it was.
     void nodeUpdated(const WeakRef& node);
-    /// The node has left the scene.
+    /// The node has left the scene. What is published from now on has nothing of it.
     void nodeRemoved(const WeakRef& node);
     /// Forgets all nodes without publishing anything.
     void clear();
+    /// Goes on until all is found and published. Does nothing when called from inside a task.
+    void finish();
 
     /// Whether the last pass has been published and nothing has been reported since.
     bool allFound() const;

@@ -1,8 +1,7 @@
 #pragma once
 
 #include "nodes/crossings/crossingoutline.h"
-
-#include "tova/nodes/crossings/pathintersection.h"
+#include "nodes/crossings/pathintersection.h"
 
 #include <array>
 #include <functional>

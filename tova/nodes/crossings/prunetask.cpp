@@ -1,6 +1,7 @@
 #include "nodes/crossings/prunetask.h"
 
 #include "nodes/crossings/slicedloop.h"
+#include "nodes/weakrefaccess.h"
 
 namespace Tova2 {
 
@@ -13,7 +14,7 @@ void PruneTask::prune(State& state, std::size_t slot)
 bool PruneTask::runSteps(Host::TaskBudget& budget)
 {
     if (m_cursor == 0)
-        m_deaths = WeakRef::deathCount();
+        m_deaths = WeakRefAccess::deathCount();
     if (m_deaths == state().deathsSeen)
         return true;
     const bool isThrough = slicedEach(m_cursor, state().nodes.size(), budget,

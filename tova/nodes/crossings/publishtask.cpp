@@ -1,14 +1,25 @@
+// Ends a pass: makes the records of all nodes whose crossings are others, and hands them over as
+// one update, so that nobody sees half of them. The records show the paths as they were when
+// this pass took them; what has changed since is for the next one. Only what has left must not
+// be in them: for each such node the items that name it are marked, and whoever takes a marked
+// item drops those records. O(k) for k records, and O(d) for a node that leaves with d
+// crossings; of our own making. Phases: build the records, settle what has left and hand over,
+// let the receiver hand on node by node, finish the books.
 #include "nodes/crossings/publishtask.h"
 
 #include "nodes/crossings/prunetask.h"
 #include "nodes/crossings/slicedloop.h"
+#include "nodes/weakrefaccess.h"
 
 #include <utility>
 
 namespace Tova2 {
 
 PublishTask::PublishTask(StatePtr state, std::weak_ptr<Host::OrderedTaskSession> session, int round)
-    : PathXWorkerTask(std::move(state)), m_session(std::move(session)), m_round(round)
+    : PathXWorkerTask(std::move(state))
+    , m_session(std::move(session))
+    , m_round(round)
+    , m_gonePairs(this->state())
 {}
 
 const std::array<PublishTask::Phase, 4> PublishTask::kPhases{
@@ -43,8 +54,7 @@ bool PublishTask::begin()
         startAnother(m_round + 1);
         return false;
     }
-    state().newlyPending.clear();
-    m_builder.emplace(state(), isLate);
+    m_builder.emplace(state());
     return true;
 }
 
@@ -54,34 +64,26 @@ void PublishTask::startAnother(int round)
         addPass(*session, sharedState(), m_session, round);
 }
 
-// Until nothing more is late, so that what is handed over then is true.
+// Until nothing more has gone, so that nothing of it is handed over.
 bool PublishTask::settle(Host::TaskBudget& budget)
 {
-    auto& late = state().newlyPending;
     do {
-        if (!pruneSome(budget))
+        if (!pruneSome(budget) || !leaveOutGone(budget))
             return false;
-        while (!late.empty()) {
-            const std::uint32_t slot = late.back();
-            late.pop_back();
-            leaveOut(slot);
-            if (budget.isSpentAfterStep())
-                return false;
-        }
-    } while (state().deathsSeen != WeakRef::deathCount());
+    } while (state().deathsSeen != WeakRefAccess::deathCount());
     deliver();
     return true;
 }
 
 bool PublishTask::pruneSome(Host::TaskBudget& budget)
 {
-    if (state().deathsSeen == WeakRef::deathCount())
+    if (state().deathsSeen == WeakRefAccess::deathCount())
         return true;
     constexpr int kPatience = 4; // with nodes that die between any two slices
     Host::TaskBudget endless;
-    if (m_deaths != WeakRef::deathCount()) {
+    if (m_deaths != WeakRefAccess::deathCount()) {
         m_pruneCursor = 0;
-        m_deaths = WeakRef::deathCount();
+        m_deaths = WeakRefAccess::deathCount();
         ++m_pruneCount;
     }
     const bool isThrough =
@@ -92,24 +94,47 @@ bool PublishTask::pruneSome(Host::TaskBudget& budget)
     return isThrough;
 }
 
-void PublishTask::leaveOut(std::uint32_t slot)
+bool PublishTask::leaveOutGone(Host::TaskBudget& budget)
 {
-    const CrossingNode& node = state().nodes[slot];
-    if (auto* const own = m_builder->recordsOf(slot))
-        own->clear();
-    NodePairs pairs(state());
-    for (const CrossingPair& pair : pairs.of(slot)) {
-        for (const std::uint32_t id : {pair.vertical, pair.horizontal}) {
-            if (auto* const others = m_builder->recordsOf(state().segments[id].node))
-                std::erase_if(*others, [&](const auto& one) { return one.other == node.node; });
-        }
+    const auto& waiting = state().removals;
+    while (m_goneCursor < waiting.size()) {
+        const std::uint32_t slot = waiting[m_goneCursor];
+        m_builder->update().gone.insert(state().nodes[slot].node);
+        if (!m_isGathered && !(m_isGathered = m_gonePairs.add(slot, budget)))
+            return false;
+        const auto pairs = m_gonePairs.pairs();
+        if (!slicedEach(m_cursor, pairs.size(), budget, [&](std::size_t i) { leaveOut(pairs[i]); }))
+            return false;
+        m_gonePairs.clear();
+        m_isGathered = false;
+        m_cursor = 0;
+        ++m_goneCursor;
+        if (budget.isSpentAfterStep())
+            return false;
     }
+    return true;
+}
+
+// One of a node with itself comes twice, one between two that have gone with each of them.
+void PublishTask::leaveOut(const CrossingPair& pair)
+{
+    auto& update = m_builder->update();
+    int goneCount = 0;
+    for (const std::uint32_t id : {pair.vertical, pair.horizontal}) {
+        const std::uint32_t slot = state().segments[id].node;
+        goneCount += update.gone.contains(state().nodes[slot].node);
+        if (const std::uint32_t item = update.itemOfSlot[slot])
+            update.items[item - 1].hasGone = true;
+    }
+    const bool isOwn =
+        state().segments[pair.vertical].node == state().segments[pair.horizontal].node;
+    m_leftOut += isOwn ? 1 : goneCount == 1 ? 2 : 0;
 }
 
 void PublishTask::deliver()
 {
     state().isPublished = true;
-    state().publishedCount = state().pairCount / 2;
+    state().publishedCount = (state().pairCount - m_leftOut) / 2;
     auto& update = m_builder->update();
     if (!update.items.empty())
         state().results->crossingsFound(std::move(update));

@@ -2,6 +2,7 @@
 
 #include "nodes/crossings/prefetch.h"
 #include "nodes/crossings/slicedloop.h"
+#include "nodes/weakrefaccess.h"
 
 #include <utility>
 
@@ -14,8 +15,7 @@ constexpr std::size_t kBlock = 256;  // and those that are fetched for
 
 } // namespace
 
-RecordBuilder::RecordBuilder(State& state, bool leavesOutPending)
-    : m_state(state), m_leavesOutPending(leavesOutPending), m_pairs(state)
+RecordBuilder::RecordBuilder(State& state) : m_state(state), m_pairs(state)
 {
     m_update.itemOfSlot.resize(state.nodes.size());
     m_update.items.reserve(state.affected.size());
@@ -33,13 +33,10 @@ bool RecordBuilder::run(Host::TaskBudget& budget)
 bool RecordBuilder::collect(Host::TaskBudget& budget)
 {
     const auto& slots = m_state.affected;
-    const auto isFull = [this] { return !m_isCollecting && m_pairs.pairs().size() >= kBatch; };
+    const auto isFull = [this] { return !m_jobs.empty() && m_jobs.back().end >= kBatch; };
     for (; m_nodeCursor < slots.size() && !isFull(); ++m_nodeCursor) {
-        if (!std::exchange(m_isCollecting, true))
-            m_pairs.begin(slots[m_nodeCursor]);
-        if (!m_pairs.run(budget))
+        if (!m_pairs.add(slots[m_nodeCursor], budget))
             return false;
-        m_isCollecting = false;
         m_jobs.push_back({slots[m_nodeCursor], m_pairs.pairs().size()});
     }
     return true;
@@ -81,8 +78,8 @@ void RecordBuilder::fetch(std::span<const CrossingPair> pairs) const
         prefetch(&m_state.nodeOf(m_state.segments[pair.horizontal]));
     }
     for (const CrossingPair& pair : pairs) {
-        prefetch(m_state.nodeOf(m_state.segments[pair.vertical]).node.copiedAddress());
-        prefetch(m_state.nodeOf(m_state.segments[pair.horizontal]).node.copiedAddress());
+        prefetch(WeakRefAccess::copied(m_state.nodeOf(m_state.segments[pair.vertical]).node));
+        prefetch(WeakRefAccess::copied(m_state.nodeOf(m_state.segments[pair.horizontal]).node));
     }
 }
 
@@ -90,8 +87,7 @@ void RecordBuilder::addRecord(std::uint32_t slot, const CrossingPair& pair)
 {
     const std::uint32_t v = m_state.segments[pair.vertical].node;
     const std::uint32_t h = m_state.segments[pair.horizontal].node;
-    if (!isLeftOut(slot) && !isLeftOut(v == slot ? h : v))
-        m_records.push_back(record(pair, v == slot, m_isSecond));
+    m_records.push_back(record(pair, v == slot, m_isSecond));
     m_isSecond = v == h && !m_isSecond;
 }
 
@@ -123,20 +119,8 @@ void RecordBuilder::endNode(std::uint32_t slot)
     if (!node.node.isValid() || (records.empty() && !node.hasPublished))
         return;
     node.hasPublished = !records.empty();
-    m_update.items.push_back({node.node, std::move(records), false});
+    m_update.items.push_back({node.node, std::move(records)});
     m_update.itemOfSlot[slot] = static_cast<std::uint32_t>(m_update.items.size());
-}
-
-std::vector<PathIntersection>* RecordBuilder::recordsOf(std::uint32_t slot)
-{
-    const auto& places = m_update.itemOfSlot;
-    const std::uint32_t item = slot < places.size() ? places[slot] : 0;
-    return item ? &m_update.items[item - 1].crossings : nullptr;
-}
-
-bool RecordBuilder::isLeftOut(std::uint32_t slot) const
-{
-    return m_leavesOutPending && m_state.nodes[slot].isPending();
 }
 
 } // namespace Tova2

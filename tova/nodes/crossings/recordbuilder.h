@@ -19,14 +19,11 @@ class RecordBuilder {
 public:
     using State = PathIntersectionsWorker::State;
 
-    /// Pending nodes and all crossings with them may be left out.
-    RecordBuilder(State& state, bool leavesOutPending);
+    explicit RecordBuilder(State& state);
 
     /// True when all are made.
     bool run(Host::TaskBudget& budget);
     PathIntersectionsUpdate& update() { return m_update; }
-    /// Null for a node that is not in the update.
-    std::vector<PathIntersection>* recordsOf(std::uint32_t slot);
 
 private:
     struct Job {
@@ -42,15 +39,12 @@ private:
     PathIntersection record(const CrossingPair& pair, bool isVerticals, bool isSecondOfOwn);
     void endNodes(std::size_t pairCursor);
     void endNode(std::uint32_t slot);
-    bool isLeftOut(std::uint32_t slot) const;
 
     State& m_state;
-    bool m_leavesOutPending;
     PathIntersectionsUpdate m_update;
 
     std::size_t m_nodeCursor = 0; ///< among the affected
     NodePairs m_pairs;            ///< of the nodes from there back to the first job's
-    bool m_isCollecting = false;  ///< those of a node
     std::vector<Job> m_jobs;
     std::size_t m_jobCursor = 0;
     std::size_t m_pairCursor = 0;

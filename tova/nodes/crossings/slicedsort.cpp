@@ -1,3 +1,8 @@
+// Sorts by 64-bit keys from the least significant digit, 11 bits at a time: one walk counts all
+// digits, then each digit is one walk that puts the items where the counts say. A digit in which
+// all keys agree is passed over, as most are with coordinates of diagrams. O(n) with up to seven
+// walks, and a second array; the radix sort of Knuth, volume 3, section 5.2.5. Each walk is a
+// plain loop that can stop at any block.
 #include "nodes/crossings/slicedsort.h"
 
 #include "nodes/crossings/slicedloop.h"

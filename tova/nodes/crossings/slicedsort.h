@@ -18,8 +18,7 @@ struct SortItem {
 std::uint64_t sortKey(double number);
 double numberOfKey(std::uint64_t key);
 
-/// Stable sort by key that may stop at any time: a radix sort, since each of its passes is a plain
-/// loop, and since coordinates of diagrams agree in most of their bits.
+/// Stable sort by key that may stop at any time.
 class SlicedSort {
 public:
     explicit SlicedSort(ScratchArray<SortItem> items);

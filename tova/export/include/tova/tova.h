@@ -19,7 +19,6 @@
 #include "tova/nodes/style/stroke.h"
 #include "tova/nodes/style/strokeinsettype.h"
 
-#include "tova/nodes/crossings/pathintersection.h"
 #include "tova/nodes/crossings/pathintersectionsenabledtag.h"
 
 #include "tova/nodes/cachetype.h"

@@ -61,6 +61,8 @@ public:
     bool runSlice(TaskBudget budget);
     /// Slices without end of time until all is done.
     void runAll();
+    /// The same for one session, started here or not; the others wait.
+    void finish(std::shared_ptr<TaskSession> session);
 
 private:
     struct State;

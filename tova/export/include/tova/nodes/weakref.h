@@ -4,7 +4,6 @@
 #include "vetra/referenced.h"
 
 #include <cstddef>
-#include <cstdint>
 #include <functional>
 
 namespace Tova2 {
@@ -28,17 +27,13 @@ public:
     /// Null once the element is dead.
     NodeImpl* getImpl() const noexcept;
     std::size_t hashValue() const noexcept;
-    /// What a copy has to touch: worth fetching ahead of many copies.
-    const void* copiedAddress() const noexcept { return m_anchor.get(); }
-    /// How many elements have died that references were made to: while it stays the same, those
-    /// that were alive still are.
-    static std::uint64_t deathCount() noexcept;
 
     bool operator==(const WeakRef&) const noexcept = default;
     friend std::size_t hash_value(const WeakRef& ref) noexcept { return ref.hashValue(); }
 
 private:
     friend struct NodeExtras;
+    friend struct WeakRefAccess;
 
     /// Stands for the element's identity; shared by all references to it.
     class Anchor final : public Vetra::Referenced {

@@ -204,11 +204,15 @@ public:
     /// Whether the worker has finished a whole pass and published it, and nothing has changed
     /// since.
     bool pathIntersectionsAllFound() const;
-    /// In what was published last.
+    /// How many crossings there were in what the worker published last; while edits go on it may be
+    /// behind them.
     std::size_t pathIntersectionsCount() const;
-    /// Finishes the pass at once instead of between the events of the loop, for pictures made
-    /// without one.
+    /// Finishes this scene's pass at once instead of between the events of the loop, for pictures
+    /// made without one. Does nothing when the loop is running a cooperative task.
     void findPathIntersections();
+    /// Writes the worker's tables to standard output: how often each path was taken, and the
+    /// pieces that it sweeps over. An aid for those who look for a fault in them.
+    void dumpPathIntersections() const;
     bool usingDebugRepaintRegion() const;
     void setDebugRepaintRegion(bool on);
     Vetra::Color debugRepaintRegionColor() const;
