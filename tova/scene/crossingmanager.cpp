@@ -196,7 +196,7 @@ bool CrossingManager::handOn(Host::TaskBudget& budget)
 {
     while (!m_update.items.empty()) {
         handOnLast();
-        if (budget.isSpentAfterStep())
+        if (budget.isSpentAfterLongStep()) // its records may be many
             return false;
     }
     m_update = {};

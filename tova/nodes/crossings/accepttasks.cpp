@@ -74,6 +74,10 @@ bool AcceptUpdatedNodesTask::runSteps(Host::TaskBudget& budget)
 
 void AcceptUpdatedNodesTask::accept(std::uint32_t slot)
 {
+    if (state().nodes[slot].isRemovalQueued) {
+        state().updates.push_back(slot); // it left and came back: first the one, then the other
+        return;
+    }
     if (!takeMark(state().nodes[slot]))
         return;
     if (!state().nodes[slot].node.isValid()) {
