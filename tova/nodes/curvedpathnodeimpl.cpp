@@ -1,5 +1,6 @@
 #include "nodes/curvedpathnodeimpl.h"
 
+#include "nodes/destruction.h"
 #include "nodes/values.h"
 
 #include "vetra/qt.h"
@@ -66,7 +67,7 @@ void CurvedPathNodeImpl::translateVertices(const Vetra::GLPoint<double>& distanc
 
 void CurvedPathNodeImpl::reportVertices()
 {
-    const Vetra::Holder<NodeImpl> keep(referenceCount() > 0 ? this : nullptr);
+    const DestructionDelay delay;
     reportChange(ChangeLevel::Geometry);
     verticesChanged();
 }

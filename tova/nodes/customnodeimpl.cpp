@@ -1,5 +1,7 @@
 #include "nodes/customnodeimpl.h"
 
+#include "nodes/destruction.h"
+#include "nodes/flagscope.h"
 #include "nodes/paintcontext.h"
 #include "nodes/values.h"
 
@@ -73,8 +75,11 @@ void CustomNodeImpl::boundsChanging()
 QRectF CustomNodeImpl::geometryRectAt(double viewScale) const
 {
     const auto painter = m_painter;
-    if (!painter)
+    // One that asks back, or by way of another node, finds its own node empty.
+    if (!painter || m_isAsked)
         return {};
+    const DestructionDelay delay;
+    const FlagScope asked(m_isAsked);
     try {
         const QRectF rect = Vetra::toQt(painter->getBoundingRect(viewScale));
         return isFinite(rect) ? rect : QRectF();

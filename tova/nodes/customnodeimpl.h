@@ -40,6 +40,7 @@ private:
 
     // Whoever calls it holds it for the time of the call, in which it may be replaced.
     Vetra::Holder<CustomNodePainter> m_painter;
+    mutable bool m_isAsked = false; ///< for bounds, and has not answered yet
 };
 
 } // namespace Tova2

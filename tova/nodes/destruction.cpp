@@ -9,8 +9,6 @@ namespace Tova2 {
 
 namespace {
 
-int openDelays = 0;
-
 std::vector<NodeImpl*>& doomed()
 {
     // Never destroyed: handles in static objects are dropped after it would be.
@@ -24,10 +22,12 @@ std::vector<std::shared_ptr<void>>& doomedContents()
     return *contents;
 }
 
-void drain()
+} // namespace
+
+void DestructionDelay::drain()
 {
     auto& nodes = doomed();
-    ++openDelays; // deleting a node dooms its children
+    ++s_open; // deleting a node dooms its children
     while (!nodes.empty() || !doomedContents().empty()) {
         std::exchange(doomedContents(), {}).clear();
         if (nodes.empty())
@@ -36,33 +36,23 @@ void drain()
         nodes.pop_back();
         node->deleteIfUnheld();
     }
-    --openDelays;
-}
-
-} // namespace
-
-DestructionDelay::DestructionDelay() noexcept
-{
-    ++openDelays;
-}
-
-DestructionDelay::~DestructionDelay()
-{
-    if (--openDelays == 0 && !(doomed().empty() && doomedContents().empty()))
-        drain();
+    --s_open;
+    s_hasWaiting = false;
 }
 
 void dispose(NodeImpl* node)
 {
+    const DestructionDelay delay;
+    DestructionDelay::s_hasWaiting = true;
     doomed().push_back(node);
-    if (openDelays == 0)
-        drain();
 }
 
 void dispose(std::shared_ptr<void> content)
 {
-    if (openDelays > 0)
-        doomedContents().push_back(std::move(content));
+    if (DestructionDelay::s_open == 0)
+        return;
+    DestructionDelay::s_hasWaiting = true;
+    doomedContents().push_back(std::move(content));
 }
 
 } // namespace Tova2

@@ -6,15 +6,29 @@ namespace Tova2 {
 
 class NodeImpl;
 
-/// While one is open, nodes whose count falls to zero wait for the outermost to close: whoever
-/// walks over bare node pointers, or calls out to a host in the middle of such a walk, opens one.
+/// While one is open, nodes whose count falls to zero and scenes that nobody holds any more wait
+/// for the outermost to close. Whoever goes on with a node or a scene after a host may have run
+/// opens one: each report of a change, each edit of a scene, each query. It costs two additions.
 /// Closing never throws.
 class DestructionDelay {
 public:
-    DestructionDelay() noexcept;
-    ~DestructionDelay();
+    DestructionDelay() noexcept { ++s_open; }
+    ~DestructionDelay()
+    {
+        if (--s_open == 0 && s_hasWaiting)
+            drain();
+    }
     DestructionDelay(const DestructionDelay&) = delete;
     DestructionDelay& operator=(const DestructionDelay&) = delete;
+
+private:
+    friend void dispose(NodeImpl* node);
+    friend void dispose(std::shared_ptr<void> content);
+
+    static void drain();
+
+    static inline int s_open = 0;
+    static inline bool s_hasWaiting = false;
 };
 
 /// Deletes the node, or queues it while a delay is open or another node is being deleted, so that a

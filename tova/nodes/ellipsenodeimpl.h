@@ -1,6 +1,7 @@
 #pragma once
 
 #include "nodes/nodeimpl.h"
+#include "nodes/values.h"
 
 namespace Tova2 {
 
@@ -22,6 +23,7 @@ public:
 
     QRectF geometryRect() const override { return m_lodScale ? geometryRectAt(1.0) : m_rect; }
     QRectF geometryRectAt(double viewScale) const override;
+    bool hasOutline() const override { return isDrawable(geometryRect()); }
     bool geometryDependsOnScale() const override { return m_lodScale != nullptr; }
     double strokeReach() const override;
     Bounds outline() const override;

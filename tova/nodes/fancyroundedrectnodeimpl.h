@@ -2,6 +2,7 @@
 
 #include "nodes/nodeimpl.h"
 #include "nodes/outlinecorners.h"
+#include "nodes/values.h"
 
 namespace Tova2 {
 
@@ -17,6 +18,7 @@ public:
     void setRadius(Corner corner, double radius);
 
     QRectF geometryRect() const override { return m_given.rect; }
+    bool hasOutline() const override { return isDrawable(m_given.rect); }
     double strokeReach() const override;
     Bounds outline() const override;
     bool outlineContains(const QPointF& point) const override;

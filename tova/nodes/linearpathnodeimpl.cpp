@@ -1,6 +1,7 @@
 #include "nodes/linearpathnodeimpl.h"
 
 #include "nodes/deferrederror.h"
+#include "nodes/destruction.h"
 
 #include "nodes/values.h"
 
@@ -56,7 +57,7 @@ void LinearPathNodeImpl::translatePoints(const QPointF& distance)
 
 void LinearPathNodeImpl::reportPoints()
 {
-    const Vetra::Holder<NodeImpl> keep(referenceCount() > 0 ? this : nullptr);
+    const DestructionDelay delay;
     markCrossingsStale();
     DeferredError error;
     error.run([this] { reportChange(ChangeLevel::Geometry); });

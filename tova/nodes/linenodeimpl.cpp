@@ -1,5 +1,6 @@
 #include "nodes/linenodeimpl.h"
 
+#include "nodes/destruction.h"
 #include "nodes/effects/silhouettekey.h"
 #include "nodes/effects/silhouettestroke.h"
 #include "nodes/outlinereach.h"
@@ -41,7 +42,7 @@ void LineNodeImpl::setLine(const QLineF& line)
         return;
     geometryChanging();
     m_line = line;
-    const Vetra::Holder<NodeImpl> keep(referenceCount() > 0 ? this : nullptr);
+    const DestructionDelay delay;
     reportChange(ChangeLevel::Geometry);
     placeDecorations();
 }
@@ -58,7 +59,7 @@ void LineNodeImpl::applyDecorations()
 
 void LineNodeImpl::finishDecorations(bool isDrawnElsewhere)
 {
-    const Vetra::Holder<NodeImpl> keep(referenceCount() > 0 ? this : nullptr);
+    const DestructionDelay delay;
     if (isDrawnElsewhere) {
         geometryChanging();
         reportChange(ChangeLevel::Geometry);
@@ -71,7 +72,7 @@ void LineNodeImpl::placeDecorations()
 {
     if (m_ends.isEmpty())
         return;
-    const Vetra::Holder<NodeImpl> keep(referenceCount() > 0 ? this : nullptr);
+    const DestructionDelay delay;
     m_ends.place(Which::Start, LineTip::between(m_line.p2(), m_line.p1()), *this);
     m_ends.place(Which::End, LineTip::between(m_line.p1(), m_line.p2()), *this);
 }

@@ -20,6 +20,7 @@ public:
     void applyDecorations();
 
     QRectF geometryRect() const override;
+    bool hasOutline() const override { return isDrawn(); }
     double strokeReach() const override;
     Bounds outline() const override;
     bool outlineContains(const QPointF& point) const override;

@@ -1,5 +1,8 @@
+#include "nodes/destruction.h"
 #include "nodes/nodeextras.h"
 #include "nodes/nodeimpl.h"
+#include "nodes/scenelink.h"
+#include "nodes/values.h"
 
 #include "vetra/qt.h"
 
@@ -27,7 +30,7 @@ QRectF NodeImpl::strokedRect() const
 {
     const QRectF rect = geometryRect();
     const Stroke& stroke = m_style.stroke();
-    if (stroke.isNoStroke())
+    if (stroke.isNoStroke() || !hasOutline())
         return rect;
     const double reach = stroke.width(1.0) * strokeReach();
     return rect.adjusted(-reach, -reach, reach, reach);
@@ -39,7 +42,8 @@ QRectF NodeImpl::strokedRectAt(double viewScale) const
     const bool isAsWide = stroke.isNoStroke() || stroke.width(viewScale) == stroke.width(1.0);
     if (isAsWide && !geometryDependsOnScale())
         return strokedRect();
-    const double reach = stroke.isNoStroke() ? 0 : stroke.width(viewScale) * strokeReach();
+    const bool isStroked = !stroke.isNoStroke() && hasOutline();
+    const double reach = isStroked ? stroke.width(viewScale) * strokeReach() : 0;
     return geometryRectAt(viewScale).adjusted(-reach, -reach, reach, reach);
 }
 
@@ -64,6 +68,25 @@ bool NodeImpl::outlineIntersects(const Bounds& area) const
 bool NodeImpl::hasCustomHitTest() const
 {
     return m_extras && m_extras->hitTester;
+}
+
+void NodeImpl::setHitTester(CustomHitTestFunctor* functor)
+{
+    if (!functor && !m_extras)
+        return;
+    const DestructionDelay delay;
+    madeExtras().hitTester = Vetra::Holder<CustomHitTestFunctor>(functor);
+    if (m_scene)
+        m_scene->noteHitTester(*this);
+}
+
+QRectF NodeImpl::customHitBounds()
+{
+    if (!hasCustomHitTest())
+        return {};
+    const auto functor = m_extras->hitTester;
+    const QRectF rect = Vetra::toQt(functor->hitTestBounds(handle(), 0.0).boundingRect());
+    return isFinite(rect) ? rect : QRectF();
 }
 
 bool NodeImpl::hitContains(const QPointF& point)

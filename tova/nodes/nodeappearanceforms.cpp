@@ -1,5 +1,6 @@
 #include "tova/nodes/node.h"
 
+#include "nodes/destruction.h"
 #include "nodes/nodeextras.h"
 #include "nodes/nodeimpl.h"
 
@@ -161,18 +162,18 @@ Vetra::Cursor Node::getCursor() const
 
 void Node::setCustomHitTestFunctor(CustomHitTestFunctor* functor)
 {
-    NodeImpl* const impl = getValidImpl();
-    if (functor || impl->extras())
-        impl->madeExtras().hitTester = Vetra::Holder<CustomHitTestFunctor>(functor);
+    getValidImpl()->setHitTester(functor);
 }
 
 bool Node::contains(const Vetra::GLPoint<double>& point) const
 {
+    const DestructionDelay delay;
     return getValidImpl()->hitContains(Vetra::toQt(point));
 }
 
 bool Node::containsScenePoint(const Vetra::GLPoint<double>& point) const
 {
+    const DestructionDelay delay;
     NodeImpl* const impl = getValidImpl();
     bool isInvertible = false;
     const QTransform toLocal = impl->sceneTransform().inverted(&isInvertible);
@@ -181,11 +182,13 @@ bool Node::containsScenePoint(const Vetra::GLPoint<double>& point) const
 
 bool Node::intersects(const Vetra::GLRect<double>& rect) const
 {
+    const DestructionDelay delay;
     return getValidImpl()->hitIntersects(Vetra::toQt(rect));
 }
 
 bool Node::intersects(const Bounds& bounds) const
 {
+    const DestructionDelay delay;
     return getValidImpl()->hitIntersects(bounds);
 }
 

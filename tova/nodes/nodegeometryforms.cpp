@@ -1,5 +1,6 @@
 #include "tova/nodes/node.h"
 
+#include "nodes/destruction.h"
 #include "nodes/nodeimpl.h"
 #include "nodes/scenelink.h"
 
@@ -147,11 +148,13 @@ double Node::getContentsScaleInScene() const
 
 Vetra::GLRect<double> Node::getBoundingRect() const
 {
+    const DestructionDelay delay;
     return fromQt(getValidImpl()->paintedRect());
 }
 
 Vetra::GLRect<double> Node::getGeometryRect() const
 {
+    const DestructionDelay delay;
     return fromQt(getValidImpl()->geometryRect());
 }
 

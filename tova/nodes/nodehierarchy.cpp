@@ -1,4 +1,5 @@
 #include "nodes/deferrederror.h"
+#include "nodes/destruction.h"
 #include "nodes/nodeimpl.h"
 #include "nodes/reparentguard.h"
 #include "nodes/scenelink.h"
@@ -32,6 +33,7 @@ void NodeImpl::checkParent(const NodeImpl* parent) const
 void NodeImpl::setParent(NodeImpl* parent)
 {
     checkParent(parent);
+    const DestructionDelay delay;
     const ReparentGuard guard(*this);
     const Vetra::Holder<NodeImpl> keepParent(parent);
     if (parent == parentNode())

@@ -5,11 +5,8 @@
 #include "nodes/nodechangesink.h"
 #include "nodes/nodeextras.h"
 #include "nodes/nodepool.h"
-#include "nodes/paintcontext.h"
 #include "nodes/reparentguard.h"
 #include "nodes/scenelink.h"
-
-#include <QPainter>
 
 #include <cstring>
 
@@ -103,6 +100,8 @@ void NodeImpl::setChangeSink(NodeChangeSink* sink)
 
 void NodeImpl::reportChange(ChangeLevel level)
 {
+    // The scene asks nodes for bounds, and the sink tells: either may drop the last reference.
+    const DestructionDelay delay;
     // To a sink an announced change is one of geometry like any other.
     const auto told = level == ChangeLevel::Announced ? ChangeLevel::Geometry : level;
     dropCaches(told);
@@ -110,8 +109,6 @@ void NodeImpl::reportChange(ChangeLevel level)
         forgetEffectPictures();
     if (m_scene)
         m_scene->noteChange(*this, level);
-    // The sink may drop the last reference.
-    const Vetra::Holder<NodeImpl> keep(referenceCount() > 0 ? this : nullptr);
     if (!hasFollowers())
         return tellSink(told);
     DeferredError error;
@@ -145,18 +142,6 @@ void NodeImpl::tellFollowers(ChangeLevel level)
 {
     if (hasFollowers())
         m_extras->changes.send(*this, level);
-}
-
-QPainterPath NodeImpl::shape() const
-{
-    return outline().asQPainterPath();
-}
-
-void NodeImpl::paint(QPainter* painter, const QStyleOptionGraphicsItem*, QWidget*)
-{
-    PaintContext context(*painter, painter->worldTransform(), PaintOptions{});
-    context.enter(QTransform());
-    paintWithEffects(context);
 }
 
 Subtree subtreeOf(NodeImpl& root)

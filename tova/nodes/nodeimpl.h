@@ -19,6 +19,7 @@
 
 namespace Tova2 {
 
+class CustomHitTestFunctor;
 class Inspection;
 class LinearPathNodeImpl;
 class NodeChangeSink;
@@ -104,6 +105,8 @@ public:
     /// In scene units at a view scale of 1, how far marks may lie beyond the stroked geometry; they
     /// keep their size on the device when the view zooms out.
     virtual double markReach() const { return 0; }
+    /// False while there is nothing to draw a stroke along and nothing to hit.
+    virtual bool hasOutline() const { return true; }
     /// False for what scene bounds leave out although it has bounds.
     virtual bool countsInBounds() const { return true; }
 
@@ -114,6 +117,9 @@ public:
     virtual bool outlineIntersects(const Bounds& area) const;
     // The same by way of the custom functor, if there is one.
     bool hasCustomHitTest() const;
+    void setHitTester(CustomHitTestFunctor* functor);
+    /// Where the custom functor says that the node may be hit.
+    QRectF customHitBounds();
     bool hitContains(const QPointF& point);
     bool hitIntersects(const QRectF& rect);
     bool hitIntersects(const Bounds& area);
@@ -186,11 +192,10 @@ protected:
     virtual void dropCaches(ChangeLevel) {}
 
 private:
-    QRectF boundingRect() const final { return paintedRect(); }
-    QPainterPath shape() const final;
-    /// For a toolkit view that somebody puts over the scene; the library paints through its own
-    /// pipeline.
-    void paint(QPainter* painter, const QStyleOptionGraphicsItem* option, QWidget* widget) final;
+    // The toolkit learns nothing of bounds and paints nothing. It would ask for both in the middle
+    // of its own bookkeeping, and a custom node hands on to a host that may do anything.
+    QRectF boundingRect() const final { return {}; }
+    void paint(QPainter*, const QStyleOptionGraphicsItem*, QWidget*) final {}
 
     void tellSink(ChangeLevel level);
     bool hasFollowers() const;

@@ -1,10 +1,13 @@
 #include "tova/nodes/node.h"
 
+#include "nodes/destruction.h"
 #include "nodes/linearpathnodeimpl.h"
 #include "nodes/nodeextras.h"
 #include "nodes/nodeimpl.h"
 
 #include "tova/nodes/crossings/pathintersectionsenabledtag.h"
+
+#include <utility>
 
 namespace Tova2 {
 
@@ -37,8 +40,11 @@ void Node::addTag(const StringID& tag)
 
 void Node::addTag(const StringID& tag, const Vetra::any& value)
 {
+    const DestructionDelay delay;
     NodeImpl* const impl = getValidImpl();
-    impl->madeExtras().tags.insert_or_assign(tag, value);
+    auto given = value;
+    impl->madeExtras().tags[tag].swap(given);
+    // What was there before ends after this: its destructor may edit the tags.
     tagChanged(*impl, tag);
 }
 
@@ -65,19 +71,25 @@ std::vector<StringID> Node::getTags() const
 
 void Node::removeTag(const StringID& tag)
 {
+    const DestructionDelay delay;
     NodeImpl* const impl = getValidImpl();
-    if (impl->extras() && impl->extras()->tags.erase(tag))
-        tagChanged(*impl, tag);
+    if (!isTagged(impl, tag))
+        return;
+    auto& tags = impl->extras()->tags;
+    const auto found = tags.find(tag);
+    const auto removed = std::move(found->second);
+    tags.erase(found);
+    tagChanged(*impl, tag);
 }
 
 void Node::removeAllTags()
 {
+    const DestructionDelay delay;
     NodeImpl* const impl = getValidImpl();
     if (!impl->extras())
         return;
-    const bool hadOptOut = isTagged(impl, pathIntersectionsEnabledTag());
-    impl->extras()->tags.clear();
-    if (hadOptOut)
+    const auto removed = std::exchange(impl->extras()->tags, {});
+    if (removed.contains(pathIntersectionsEnabledTag()))
         tagChanged(*impl, pathIntersectionsEnabledTag());
 }
 

@@ -1,5 +1,6 @@
 #include "nodes/opencurvedpathnodeimpl.h"
 
+#include "nodes/destruction.h"
 #include "nodes/values.h"
 
 #include <cstring>
@@ -70,7 +71,7 @@ void OpenCurvedPathNodeImpl::applyDecorations()
 
 void OpenCurvedPathNodeImpl::finishDecorations(bool isDrawnElsewhere)
 {
-    const Vetra::Holder<NodeImpl> keep(referenceCount() > 0 ? this : nullptr);
+    const DestructionDelay delay;
     if (isDrawnElsewhere) {
         geometryChanging();
         reportChange(ChangeLevel::Geometry);
@@ -83,7 +84,7 @@ void OpenCurvedPathNodeImpl::placeDecorations()
 {
     if (m_ends.isEmpty())
         return;
-    const Vetra::Holder<NodeImpl> keep(referenceCount() > 0 ? this : nullptr);
+    const DestructionDelay delay;
     for (const auto which : {Which::Start, Which::End}) {
         if (vertexCount() > 1)
             m_ends.place(which, tip(which), *this);

@@ -2,6 +2,7 @@
 
 #include "nodes/cubic.h"
 #include "nodes/deferrederror.h"
+#include "nodes/destruction.h"
 #include "nodes/effects/silhouettekey.h"
 #include "nodes/linearoutline.h"
 #include "nodes/paintcontext.h"
@@ -64,7 +65,7 @@ void OpenLinearPathNodeImpl::applyDecorations()
 
 void OpenLinearPathNodeImpl::finishDecorations(bool isDrawnElsewhere)
 {
-    const Vetra::Holder<NodeImpl> keep(referenceCount() > 0 ? this : nullptr);
+    const DestructionDelay delay;
     DeferredError error;
     if (isDrawnElsewhere) {
         geometryChanging();
@@ -79,7 +80,7 @@ void OpenLinearPathNodeImpl::placeDecorations()
 {
     if (m_ends.isEmpty())
         return;
-    const Vetra::Holder<NodeImpl> keep(referenceCount() > 0 ? this : nullptr);
+    const DestructionDelay delay;
     for (const auto which : {LineEnds::Which::Start, LineEnds::Which::End}) {
         if (!points().empty())
             m_ends.place(which, tip(which), *this);

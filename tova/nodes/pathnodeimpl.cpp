@@ -147,6 +147,11 @@ bool PathNodeImpl::isFilled() const
     return isClosed() && drawStyle().fill().style() != FillStyle::NoFill;
 }
 
+bool PathNodeImpl::hasOutline() const
+{
+    return isFilled() || widestHalf() > 0 || !isExact();
+}
+
 double PathNodeImpl::widestHalf() const
 {
     double widest = halfStroke(drawStyle().stroke());

@@ -36,6 +36,7 @@ public:
     std::size_t segmentCount() const;
 
     QRectF geometryRect() const override;
+    bool hasOutline() const override;
     QRectF geometryRectAt(double viewScale) const override;
     bool geometryDependsOnScale() const override;
     QRectF strokedRect() const override { return extent().rect; }

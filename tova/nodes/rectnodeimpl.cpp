@@ -19,9 +19,14 @@ void RectNodeImpl::setRect(const QRectF& rect)
     reportChange(ChangeLevel::Geometry);
 }
 
+Bounds RectNodeImpl::outline() const
+{
+    return hasOutline() ? NodeImpl::outline() : Bounds();
+}
+
 void RectNodeImpl::paintNode(PaintContext& context) const
 {
-    if (!isDrawable(m_rect))
+    if (!hasOutline())
         return;
     if (context.drawTiny(m_rect, drawStyle(), 1))
         return;

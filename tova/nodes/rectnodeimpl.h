@@ -1,6 +1,7 @@
 #pragma once
 
 #include "nodes/nodeimpl.h"
+#include "nodes/values.h"
 
 namespace Tova2 {
 
@@ -13,6 +14,8 @@ public:
     void setRect(const QRectF& rect);
 
     QRectF geometryRect() const override { return m_rect; }
+    bool hasOutline() const override { return isDrawable(m_rect); }
+    Bounds outline() const override;
     void paintNode(PaintContext& context) const override;
     QPainterPath silhouetteOutline(double viewScale) const override;
     std::optional<SilhouetteBox> silhouetteBox(double viewScale) const override;

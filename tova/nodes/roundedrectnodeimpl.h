@@ -1,6 +1,7 @@
 #pragma once
 
 #include "nodes/nodeimpl.h"
+#include "nodes/values.h"
 
 namespace Tova2 {
 
@@ -16,6 +17,7 @@ public:
     void setRadius(double radius);
 
     QRectF geometryRect() const override { return m_rect; }
+    bool hasOutline() const override { return isDrawable(m_rect); }
     double strokeReach() const override;
     Bounds outline() const override;
     bool outlineContains(const QPointF& point) const override;

@@ -28,6 +28,8 @@ public:
     /// The node is about to hang under another parent of this scene, or under none.
     virtual void noteReparenting(NodeImpl& node) noexcept = 0;
     virtual void noteReparented(NodeImpl& node) noexcept = 0;
+    /// The node got another custom hit-test functor, or none.
+    virtual void noteHitTester(NodeImpl& node) = 0;
     virtual NodeChangeSink& changeSink() noexcept = 0;
 
     virtual void setZValue(NodeImpl& node, double z) = 0;

@@ -101,6 +101,12 @@ bool ShapeNodeImpl::isFilled() const
     return drawStyle().fill().style() != FillStyle::NoFill;
 }
 
+bool ShapeNodeImpl::hasOutline() const
+{
+    const Measures& known = measures();
+    return isFilled() || known.half > 0 || !known.isExact;
+}
+
 QRectF ShapeNodeImpl::geometryRect() const
 {
     return measures().geometry;

@@ -19,6 +19,7 @@ public:
     void setFigure(const Vetra::Shape& figure);
 
     QRectF geometryRect() const override;
+    bool hasOutline() const override;
     QRectF strokedRect() const override;
     double strokeReach() const override;
     Bounds outline() const override;

@@ -102,6 +102,7 @@ void DisplayList::strikeOut(NodeImpl& node) noexcept
 
 void DisplayList::markStale(NodeImpl& node)
 {
+    ++m_marks;
     SceneRecord& record = node.sceneRecord();
     if (record.isStale)
         return;
@@ -112,6 +113,7 @@ void DisplayList::markStale(NodeImpl& node)
 
 void DisplayList::markSubtreeStale(NodeImpl& node)
 {
+    ++m_marks;
     if (node.sceneRecord().isSubtreeStale)
         return;
     if (node.childItems().isEmpty()) {
@@ -197,7 +199,8 @@ Box DisplayList::computeBox(NodeImpl& node)
     if (slot == SceneRecord::kNone)
         return describe(node, placements).box;
     place(node, slot, placements);
-    return knownBox(node);
+    // It may be in the list of another scene by now.
+    return m_nodes[slot] == &node ? m_boxes[slot] : Box::nowhere();
 }
 
 void DisplayList::rebuild(std::span<NodeImpl* const> topLevels)
@@ -244,9 +247,15 @@ void DisplayList::refresh(std::span<NodeImpl* const> topLevels)
     PlacementCache placements;
     // What hosts make stale when they are asked for bounds waits for the next time.
     const auto stale = std::exchange(m_staleSlots, {});
+    auto marks = m_marks;
     for (const auto slot : stale) {
-        if (NodeImpl* const node = m_nodes[slot])
-            place(*node, slot, placements);
+        NodeImpl* const node = m_nodes[slot];
+        if (!node)
+            continue;
+        place(*node, slot, placements);
+        // Nor do placements hold any longer then.
+        if (std::exchange(marks, m_marks) != m_marks)
+            placements = PlacementCache();
     }
     refreshBlocks();
 }

@@ -93,6 +93,7 @@ private:
     std::vector<std::uint32_t> m_staleBlocks;
     ViewReach m_reach;
     std::size_t m_struckOut = 0;
+    std::uint64_t m_marks = 0; ///< of entries as stale, so far
     bool m_isOrderStale = false;
     bool m_hasTooDeep = false;
 };

@@ -2,6 +2,7 @@
 
 #include "nodes/deferrederror.h"
 #include "nodes/destruction.h"
+#include "nodes/nodekind.h"
 #include "scene/builtintools.h"
 #include "scene/lodmanagerprivate.h"
 #include "scene/sceneprivate.h"
@@ -13,6 +14,7 @@
 #include "tova/scene/lodmanager.h"
 #include "tova/scene/scenechangetracker.h"
 #include "tova/scene/sceneerrors.h"
+#include "vetra/errorreporter.h"
 #include "vetra/qt.h"
 
 #include <QApplication>
@@ -38,11 +40,6 @@ std::vector<Node> handlesOf(const std::vector<NodeImpl*>& impls)
     return nodes;
 }
 
-/// Protected members of a handle, for the scene alone.
-struct Access : Node {
-    static NodeImpl* implOf(const Node& node) { return (node.*(&Access::getValidImpl))(); }
-};
-
 std::vector<Vetra::GLPoint<double>> circle(const Vetra::GLPoint<double>& centre, double radius)
 {
     constexpr int kCorners = 32;
@@ -56,10 +53,16 @@ std::vector<Vetra::GLPoint<double>> circle(const Vetra::GLPoint<double>& centre,
     return corners;
 }
 
-/// The content may be in the middle of a call, the tracker's or a painter's for one.
-void giveUp(std::shared_ptr<ScenePrivate> content, Scene* owner)
+/// The content may be in the middle of a call, the tracker's or a painter's for one. What hosts
+/// throw as it is taken down would end the process from here.
+void giveUp(std::shared_ptr<ScenePrivate> content, Scene* owner) noexcept
 {
-    content->removeOwner(owner);
+    const DestructionDelay delay;
+    try {
+        content->removeOwner(owner);
+    } catch (...) {
+        Vetra::reportError(std::current_exception(), "End of a scene");
+    }
     dispose(std::move(content));
 }
 
@@ -74,8 +77,9 @@ Vetra::Holder<Scene> Scene::createScene()
 
 Scene* Scene::createScenePtr()
 {
+    static const bool hasDisplay = Host::svGraphicsHasDisplay();
     // The toolkit's scenes enter themselves into the application object's list.
-    if (!Host::svGraphicsHasDisplay() || !qobject_cast<QApplication*>(QCoreApplication::instance()))
+    if (!hasDisplay || !qobject_cast<QApplication*>(QCoreApplication::instance()))
         raise(SceneError::NoSceneWhenDisplayOff);
     // Tools may hold the scene for a moment as they are added.
     Vetra::Holder<Scene> scene(new Scene);
@@ -136,18 +140,19 @@ Scene* Scene::of(ScenePrivate* d)
 
 Node Scene::addNode(Node node)
 {
-    d->addNode(*Access::implOf(node));
+    d->addNode(*implBehind(node));
     return node;
 }
 
 Node Scene::removeNode(Node node)
 {
-    d->removeNode(*Access::implOf(node));
+    d->removeNode(*implBehind(node));
     return node;
 }
 
 std::vector<Node> Scene::getAllNodes()
 {
+    const DestructionDelay delay;
     return handlesOf(SceneQueries::all(*d));
 }
 
@@ -158,6 +163,7 @@ unsigned Scene::getAllNodesCount() const
 
 std::vector<Node> Scene::getTopLevelNodes()
 {
+    const DestructionDelay delay;
     std::vector<Node> nodes;
     for (NodeImpl* const impl : SceneQueries::all(*d)) {
         if (!impl->parentNode())
@@ -168,6 +174,7 @@ std::vector<Node> Scene::getTopLevelNodes()
 
 void Scene::getAllTextNodes(std::vector<Node>& nodes) const
 {
+    const DestructionDelay delay;
     for (NodeImpl* const impl : SceneQueries::all(*d)) {
         if (impl->isa("Tova2.TextNode"))
             nodes.emplace_back(impl);
@@ -202,6 +209,7 @@ std::vector<Node> Scene::getNodesIntersectingRect(const Vetra::GLRect<double>& r
 
 std::vector<Node> Scene::getNodesWithinRect(const Vetra::GLRect<double>& rect)
 {
+    const DestructionDelay delay;
     return handlesOf(SceneQueries::within(*d, toQt(rect)));
 }
 

@@ -1,3 +1,5 @@
+#include "nodes/destruction.h"
+#include "nodes/flagscope.h"
 #include "scene/crossingmanager.h"
 #include "scene/nodecache.h"
 #include "scene/sceneprivate.h"
@@ -25,11 +27,8 @@ void ScenePrivate::noteChange(NodeImpl& node, ChangeLevel level) noexcept
     ++m_editCounter;
     m_cache->noteChange(node, level);
     m_crossings->nodeChanged(node, level);
-    if (level == ChangeLevel::Appearance) {
-        if (isWatched())
-            requestRepaint(m_displayList.computeBox(node));
-        return;
-    }
+    if (level == ChangeLevel::Appearance)
+        return repaintAnew(node, Extent::Alone);
     m_bounds.reset();
     if (level == ChangeLevel::Announced) {
         noteAnnounced(node);
@@ -37,28 +36,26 @@ void ScenePrivate::noteChange(NodeImpl& node, ChangeLevel level) noexcept
     }
     if (level == ChangeLevel::Stacking) {
         m_displayList.markOrderStale();
-        if (isWatched())
-            requestRepaint(computeBoxOfSubtree(node));
-        return;
+        return repaintAnew(node, Extent::WithChildren);
     }
     const bool reachesSubtree = reachesChildren(level) && !node.childItems().isEmpty();
-    if (!isWatched()) {
+    const auto extent = reachesSubtree ? Extent::WithChildren : Extent::Alone;
+    if (isWatched())
+        repaintKnown(node, extent);
+    if (!isWatched() || m_isAsking) {
         if (reachesSubtree)
             m_displayList.markSubtreeStale(node);
         else
             m_displayList.markStale(node);
-        return;
     }
-    requestRepaint(reachesSubtree ? knownBoxOfSubtree(node) : m_displayList.knownBox(node));
-    requestRepaint(reachesSubtree ? computeBoxOfSubtree(node) : m_displayList.computeBox(node));
+    repaintAnew(node, extent);
 }
 
 // Told before the change: the new bounds are taken anew at each use, until the turn of the event
 // loop is over.
 void ScenePrivate::noteAnnounced(NodeImpl& node)
 {
-    if (isWatched())
-        requestRepaint(m_displayList.knownBox(node));
+    repaintKnown(node, Extent::Alone);
     m_displayList.markStale(node);
     if (m_unsettled.empty())
         QMetaObject::invokeMethod(
@@ -77,20 +74,21 @@ void ScenePrivate::followAnnounced()
 
 void ScenePrivate::settleAnnounced()
 {
+    const DestructionDelay delay;
     followAnnounced();
     const auto announced = std::exchange(m_unsettled, {});
-    for (NodeImpl* const node : announced) {
+    for (NodeImpl* const node : announced)
         node->sceneRecord().isUnsettled = false;
-        if (isWatched())
-            requestRepaint(m_displayList.computeBox(*node));
+    for (NodeImpl* const node : announced) {
+        if (has(*node))
+            repaintAnew(*node, Extent::Alone);
     }
 }
 
 void ScenePrivate::noteReparenting(NodeImpl& node) noexcept
 {
     ++m_editCounter;
-    if (isWatched())
-        requestRepaint(knownBoxOfSubtree(node));
+    repaintKnown(node, Extent::WithChildren);
     removeTopLevel(node);
 }
 
@@ -102,13 +100,12 @@ void ScenePrivate::noteReparented(NodeImpl& node) noexcept
     m_displayList.markSubtreeStale(node);
     m_crossings->nodeChanged(node, ChangeLevel::Placement);
     m_bounds.reset();
-    if (isWatched())
-        requestRepaint(computeBoxOfSubtree(node));
+    repaintAnew(node, Extent::WithChildren);
 }
 
 void ScenePrivate::nodeChanged(NodeImpl& node, ChangeLevel)
 {
-    if (m_tracker)
+    if (tracker())
         m_tracker->nodeChanged(node.handle());
 }
 
@@ -142,10 +139,9 @@ void ScenePrivate::repaintNode(NodeImpl& node)
     m_cache->drop(node);
     node.forgetEffectPictures();
     // Also when nobody watches: marks may reach farther than before.
-    if (isWatched())
-        requestRepaint(m_displayList.computeBox(node));
-    else
+    if (!isWatched() || m_isAsking)
         m_displayList.markStale(node);
+    repaintAnew(node, Extent::Alone);
 }
 
 void ScenePrivate::requestFullRepaint()
@@ -157,20 +153,36 @@ void ScenePrivate::requestFullRepaint()
         requestRepaint(Box::everywhere());
 }
 
-Box ScenePrivate::knownBoxOfSubtree(NodeImpl& node)
+/// Where the nodes were when they were last looked at.
+void ScenePrivate::repaintKnown(NodeImpl& node, Extent extent)
 {
+    if (!isWatched())
+        return;
+    if (extent == Extent::Alone)
+        return requestRepaint(m_displayList.knownBox(node));
     Box all;
     for (const NodeImpl* const below : subtreeOf(node))
         all.unite(m_displayList.knownBox(*below));
-    return all;
+    requestRepaint(all);
 }
 
-Box ScenePrivate::computeBoxOfSubtree(NodeImpl& node)
+// Where they are now, for which they are asked, and with them hosts. What a host edits meanwhile is
+// marked only and looked at by the next query or paint, which is to paint everything.
+void ScenePrivate::repaintAnew(NodeImpl& node, Extent extent)
 {
+    if (!isWatched())
+        return;
+    if (m_isAsking)
+        return requestRepaint(Box::everywhere());
+    const FlagScope asking(m_isAsking);
+    if (extent == Extent::Alone)
+        return requestRepaint(m_displayList.computeBox(node));
     Box all;
-    for (NodeImpl* const below : subtreeOf(node))
-        all.unite(m_displayList.computeBox(*below));
-    return all;
+    for (NodeImpl* const below : subtreeOf(node)) {
+        if (has(*below))
+            all.unite(m_displayList.computeBox(*below));
+    }
+    requestRepaint(all);
 }
 
 void ScenePrivate::requestRepaint(const Box& box)

@@ -3,6 +3,7 @@
 #include "nodes/deferrederror.h"
 #include "nodes/destruction.h"
 #include "nodes/flagscope.h"
+#include "nodes/nodeextras.h"
 #include "nodes/values.h"
 #include "scene/backgroundpainter.h"
 #include "scene/crossingmanager.h"
@@ -59,7 +60,7 @@ ScenePrivate::ScenePrivate()
 
 ScenePrivate::~ScenePrivate()
 {
-    close();
+    Q_ASSERT(m_owners.empty() && m_nodeCount == 0);
 }
 
 void ScenePrivate::addOwner(Scene* owner)
@@ -81,8 +82,10 @@ void ScenePrivate::close()
 {
     m_tracker = nullptr;
     m_repaintSinks.clear();
-    m_tools->close();
-    removeAllNodes();
+    DeferredError error;
+    error.run([this] { m_tools->close(); });
+    error.run([this] { removeAllNodes(); });
+    error.rethrow();
 }
 
 void ScenePrivate::addNode(NodeImpl& node)
@@ -117,22 +120,22 @@ bool ScenePrivate::isAnnounced(const NodeImpl& node) const
 // again, for ever.
 void ScenePrivate::reportAdded(NodeImpl& node, DeferredError& error)
 {
-    if (!m_tracker || isAnnounced(node))
+    if (!tracker() || isAnnounced(node))
         return;
     const Announcement announcement(m_announced, node);
     for (const auto& added : snapshotOf(node)) {
-        if (m_tracker)
+        if (tracker())
             error.run([&] { m_tracker->nodeAdded(added->handle()); });
     }
 }
 
 void ScenePrivate::reportRemoved(NodeImpl& node, DeferredError& error)
 {
-    if (!m_tracker || isAnnounced(node))
+    if (!tracker() || isAnnounced(node))
         return;
     const Announcement announcement(m_announced, node);
     for (const auto& removed : snapshotOf(node)) {
-        if (m_tracker)
+        if (tracker())
             error.run([&] { m_tracker->nodeRemoved(removed->handle()); });
     }
 }
@@ -151,8 +154,10 @@ void ScenePrivate::enter(NodeImpl& node)
         m_lowestZ = std::min(m_lowestZ, entered->zValue());
         m_highestZ = std::max(m_highestZ, entered->zValue());
     }
-    for (NodeImpl* const entered : subtree)
+    for (NodeImpl* const entered : subtree) {
         m_crossings->nodeEntered(*entered);
+        noteHitTester(*entered);
+    }
     m_nodeCount += static_cast<unsigned>(subtree.size());
     addTopLevel(node);
     node.setMembership(true);
@@ -161,8 +166,15 @@ void ScenePrivate::enter(NodeImpl& node)
     ++m_editCounter;
     node.sceneRecord().isCounted = true;
     SceneCounters::nodesInScenes().increment();
-    if (isWatched())
-        requestRepaint(computeBoxOfSubtree(node));
+    repaintAnew(node, Extent::WithChildren);
+}
+
+void ScenePrivate::noteHitTester(NodeImpl& node)
+{
+    if (node.hasCustomHitTest() && node.extras()->hitTester != Node::EmptyHitTester::instance())
+        m_hitTested.insert(&node);
+    else
+        m_hitTested.erase(&node);
 }
 
 void ScenePrivate::removeNode(NodeImpl& node)
@@ -186,8 +198,7 @@ void ScenePrivate::removeNode(NodeImpl& node)
 void ScenePrivate::leave(NodeImpl& node)
 {
     const auto subtree = subtreeOf(node);
-    if (isWatched())
-        requestRepaint(knownBoxOfSubtree(node));
+    repaintKnown(node, Extent::WithChildren);
     removeTopLevel(node);
     for (NodeImpl* const left : subtree) {
         // One for each addition: some may have been added by themselves and parented since.
@@ -198,6 +209,7 @@ void ScenePrivate::leave(NodeImpl& node)
         m_displayList.strikeOut(*left);
         m_cache->drop(*left);
         m_crossings->nodeLeft(*left);
+        m_hitTested.erase(left);
         left->setSceneLink(nullptr);
     }
     m_toolkit.removeSubtree(node, subtree);
@@ -220,10 +232,9 @@ void ScenePrivate::removeAllNodes()
     };
     removeThoseHere();
     // What a tracker has added meanwhile goes without another word, or it might go on for ever.
-    SceneChangeTracker* const tracker = std::exchange(m_tracker, nullptr);
+    const FlagScope off(m_isTrackerOff);
     while (m_nodeCount > 0)
         removeThoseHere();
-    m_tracker = tracker;
     error.rethrow();
 }
 
@@ -261,10 +272,10 @@ std::vector<NodeImpl*> ScenePrivate::topLevelNodes() const
 const DisplayList& ScenePrivate::displayList()
 {
     // A host that is asked for a node's bounds may ask back; it gets what is known.
-    if (m_isRefreshing)
+    if (m_isAsking)
         return m_displayList;
     const DestructionDelay delay;
-    const FlagScope refreshing(m_isRefreshing);
+    const FlagScope asking(m_isAsking);
     followAnnounced();
     if (!m_displayList.isOrderStale()) {
         m_displayList.refresh({});
@@ -284,25 +295,26 @@ const DisplayList& ScenePrivate::displayList()
 
 namespace {
 
-/// Unites `all` with the nodes of a block that count in the scene's bounds.
-void includeBlock(const DisplayList& list, std::size_t block, Box& all)
+void include(const Box& box, Box& all)
+{
+    if (isFinite(box.rect())) // huge transforms of huge rectangles overflow
+        all.unite(box);
+}
+
+template <class Visit>
+void forEachCounted(const DisplayList& list, std::size_t block, Visit visit)
 {
     const std::size_t first = block * DisplayList::kBlock;
     const std::size_t end = std::min(first + DisplayList::kBlock, list.size());
     for (std::size_t slot = first; slot < end; ++slot) {
-        if (list.flags(slot) & (DisplayList::Hidden | DisplayList::Uncounted))
-            continue;
-        const NodeImpl& node = *list.node(slot);
-        Box box = list.box(slot);
-        if (!std::isfinite(box.left))
-            box = boxAtUnitScale(node, node.nodeToDevice({}));
-        if (isFinite(box.rect())) // huge transforms of huge rectangles overflow
-            all.unite(box);
+        if (!(list.flags(slot) & (DisplayList::Hidden | DisplayList::Uncounted)))
+            visit(slot);
     }
 }
 
-/// Once the blocks that reach farthest are in, most others lie within and are passed by.
-Box countedBox(const DisplayList& list)
+/// Of the nodes whose boxes the list knows. Once the blocks that reach farthest are in, most others
+/// lie within and are passed by.
+Box knownBounds(const DisplayList& list)
 {
     const auto boxes = list.blockBoxes();
     const auto farthest = [&](auto edge) {
@@ -314,15 +326,34 @@ Box countedBox(const DisplayList& list)
     Box all;
     if (boxes.empty())
         return all;
-    includeBlock(list, farthest([](const Box& b) { return -b.left; }), all);
-    includeBlock(list, farthest([](const Box& b) { return -b.top; }), all);
-    includeBlock(list, farthest([](const Box& b) { return b.right; }), all);
-    includeBlock(list, farthest([](const Box& b) { return b.bottom; }), all);
+    const auto includeBlock = [&](std::size_t block) {
+        forEachCounted(list, block, [&](std::size_t slot) { include(list.box(slot), all); });
+    };
+    includeBlock(farthest([](const Box& b) { return -b.left; }));
+    includeBlock(farthest([](const Box& b) { return -b.top; }));
+    includeBlock(farthest([](const Box& b) { return b.right; }));
+    includeBlock(farthest([](const Box& b) { return b.bottom; }));
     for (std::size_t block = 0; block < boxes.size(); ++block) {
         if (!all.contains(boxes[block]))
-            includeBlock(list, block, all);
+            includeBlock(block);
     }
     return all;
+}
+
+/// Those of which the list knows only that they may be anywhere.
+std::vector<NodeImpl*> unknownNodes(const DisplayList& list)
+{
+    std::vector<NodeImpl*> nodes;
+    const auto boxes = list.blockBoxes();
+    for (std::size_t block = 0; block < boxes.size(); ++block) {
+        if (std::isfinite(boxes[block].left) || boxes[block].isNowhere())
+            continue;
+        forEachCounted(list, block, [&](std::size_t slot) {
+            if (!std::isfinite(list.box(slot).left))
+                nodes.push_back(list.node(slot));
+        });
+    }
+    return nodes;
 }
 
 } // namespace
@@ -333,9 +364,25 @@ QRectF ScenePrivate::bounds()
     followAnnounced();
     if (m_bounds)
         return *m_bounds;
-    const Box all = countedBox(displayList());
-    m_bounds = all.isNowhere() || !isFinite(all.rect()) ? QRectF() : all.rect();
-    return *m_bounds;
+    const auto edits = m_editCounter;
+    Box all = knownBounds(displayList());
+    for (NodeImpl* const node : unknownNodes(m_displayList)) {
+        if (has(*node) && node->isVisibleToScene())
+            include(boxOf(*node), all);
+    }
+    const QRectF bounds = all.isNowhere() || !isFinite(all.rect()) ? QRectF() : all.rect();
+    // Whoever was asked may have edited what had been looked at.
+    if (!m_isAsking && m_editCounter == edits)
+        m_bounds = bounds;
+    return bounds;
+}
+
+Box ScenePrivate::boxOf(const NodeImpl& node)
+{
+    if (m_isAsking)
+        return Box::everywhere();
+    const FlagScope asking(m_isAsking);
+    return boxAtUnitScale(node, node.nodeToDevice({}));
 }
 
 QPointF ScenePrivate::pixelAligned(const QPointF& point) const

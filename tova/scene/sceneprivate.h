@@ -12,6 +12,7 @@
 #include <QTransform>
 
 #include <optional>
+#include <unordered_set>
 #include <vector>
 
 namespace Tova2 {
@@ -44,6 +45,10 @@ public:
     void removeNode(NodeImpl& node) override;
     /// Takes every node out, reporting each to the tracker.
     void removeAllNodes();
+    /// A functor came to a node in this scene, or left it.
+    void noteHitTester(NodeImpl& node) override;
+    /// Nodes with functors of their own, which may be hit beyond their bounds.
+    const std::unordered_set<NodeImpl*>& nodesWithHitTester() const { return m_hitTested; }
     bool has(const NodeImpl& node) const { return node.sceneLink() == this; }
     unsigned nodeCount() const { return m_nodeCount; }
     unsigned changeCounter() const { return m_changeCounter; }
@@ -75,6 +80,9 @@ public:
     /// In stacking order, made good after the last edits.
     const DisplayList& displayList();
     QRectF bounds();
+    /// Asks a node whose box the display list cannot know. Everywhere for a host that is being
+    /// asked itself.
+    Box boxOf(const NodeImpl& node);
     NodeCache& cache() { return *m_cache; }
     BackgroundPainter& backgroundPainter() { return *m_backgroundPainter; }
     QPointF pixelAligned(const QPointF& point) const override;
@@ -105,6 +113,7 @@ private:
     void addTopLevel(NodeImpl& node);
     void removeTopLevel(NodeImpl& node) noexcept;
     bool isAnnounced(const NodeImpl& node) const;
+    SceneChangeTracker* tracker() const { return m_isTrackerOff ? nullptr : m_tracker; }
     void reportAdded(NodeImpl& node, DeferredError& error);
     void reportRemoved(NodeImpl& node, DeferredError& error);
 
@@ -113,9 +122,10 @@ private:
     void renumber();
     void placeNextTo(NodeImpl& node, const NodeImpl& reference, double direction);
 
+    enum class Extent { Alone, WithChildren };
     bool isWatched() const { return !m_repaintSinks.empty(); }
-    Box knownBoxOfSubtree(NodeImpl& node);
-    Box computeBoxOfSubtree(NodeImpl& node);
+    void repaintKnown(NodeImpl& node, Extent extent);
+    void repaintAnew(NodeImpl& node, Extent extent);
     void requestRepaint(const Box& box);
     void noteAnnounced(NodeImpl& node);
     void followAnnounced();
@@ -128,6 +138,7 @@ private:
     std::size_t m_topLevelsLeft = 0;
     std::vector<RepaintSink*> m_repaintSinks;
     SceneChangeTracker* m_tracker = nullptr;
+    std::unordered_set<NodeImpl*> m_hitTested;
     std::vector<const NodeImpl*> m_announced; ///< whose coming or going the tracker is being told
     std::unique_ptr<SceneTools> m_tools;
     std::unique_ptr<NodeCache> m_cache;
@@ -142,7 +153,8 @@ private:
     unsigned m_nodeCount = 0;
     unsigned m_changeCounter = 1;
     std::uint64_t m_editCounter = 0;
-    bool m_isRefreshing = false;
+    bool m_isTrackerOff = false;
+    bool m_isAsking = false; ///< nodes, and so hosts, for bounds
 };
 
 } // namespace Tova2

@@ -6,6 +6,7 @@
 
 #include "vetra/qt.h"
 
+#include <algorithm>
 #include <cmath>
 
 namespace Tova2::SceneQueries {
@@ -21,12 +22,39 @@ struct Hit {
 };
 using Hits = boost::container::small_vector<Hit, 8>;
 
-/// From the top down.
-Hits hitsIn(ScenePrivate& scene, const Box& area)
+/// Nodes whose functors say that they may be hit in `area`, wherever their own bounds are.
+std::vector<NodeImpl*> hitElsewhere(ScenePrivate& scene, const Box& area, const QTransform& view)
 {
+    std::vector<NodeImpl*> nodes;
+    if (scene.nodesWithHitTester().empty())
+        return nodes;
+    const Box target = Box::of(view.mapRect(area.rect()));
+    const auto asked = std::vector<NodeImpl*>(scene.nodesWithHitTester().begin(),
+                                              scene.nodesWithHitTester().end());
+    for (NodeImpl* const node : asked) {
+        const QRectF bounds = scene.has(*node) ? node->customHitBounds() : QRectF();
+        if (!bounds.isEmpty() && Box::of(node->nodeToDevice(view).mapRect(bounds)).touches(target))
+            nodes.push_back(node);
+    }
+    return nodes;
+}
+
+/// From the top down.
+Hits hitsIn(ScenePrivate& scene, const Box& area, const QTransform& view)
+{
+    const auto elsewhere = hitElsewhere(scene, area, view);
     const DisplayList& list = scene.displayList();
     DisplayList::Slots slots;
     list.candidates(area, kUnhittable, slots);
+    for (NodeImpl* const node : elsewhere) {
+        const auto slot = node->sceneRecord().slot;
+        if (scene.has(*node) && slot < list.size() && !(list.flags(slot) & kUnhittable))
+            slots.push_back(slot);
+    }
+    if (!elsewhere.empty()) {
+        std::sort(slots.begin(), slots.end());
+        slots.erase(std::unique(slots.begin(), slots.end()), slots.end());
+    }
     Hits hits;
     hits.reserve(slots.size());
     for (auto slot = slots.rbegin(); slot != slots.rend(); ++slot)
@@ -96,7 +124,7 @@ bool intersects(const Hit& hit, const Bounds& area)
     NodeImpl& node = *hit.node;
     const bool hasCustomTest = node.hasCustomHitTest();
     if (!hit.isSpecial && !hasCustomTest && isInside(hit.box, area))
-        return true;
+        return node.hasOutline();
     const Bounds visible = hit.isSpecial ? clippedTo(node, area) : area;
     // A region without area still touches what lies on it; one that a clip has emptied does not.
     if (visible.isEmpty() && !area.isEmpty())
@@ -130,52 +158,64 @@ NodeImpl* topmostAt(ScenePrivate& scene, const QPointF& point, const QTransform&
     if (!isFinite(point))
         return nullptr;
     const QPointF device = view.map(point);
-    for (const Hit& hit : hitsIn(scene, Box::of(QRectF(point, point)))) {
-        if (isStillHere(scene, *hit.node) && isHit(hit, point, device, view))
+    for (const Hit& hit : hitsIn(scene, Box::of(QRectF(point, point)), view)) {
+        // Its own hit tester may take it out.
+        if (isStillHere(scene, *hit.node) && isHit(hit, point, device, view) &&
+            scene.has(*hit.node))
             return hit.node;
     }
     return nullptr;
 }
 
-std::vector<NodeImpl*> at(ScenePrivate& scene, const QPointF& point)
+namespace {
+
+/// The nodes that pass the test, which may run hosts' code, and are still there when all have been
+/// tested.
+template <class Test>
+std::vector<NodeImpl*> matching(ScenePrivate& scene, const Box& area, Test test)
 {
+    const auto edits = scene.editCounter();
     std::vector<NodeImpl*> nodes;
-    if (!isFinite(point))
-        return nodes;
-    for (const Hit& hit : hitsIn(scene, Box::of(QRectF(point, point)))) {
-        if (isStillHere(scene, *hit.node) && isHit(hit, point, point, {}))
+    for (const Hit& hit : hitsIn(scene, area, {})) {
+        if (isStillHere(scene, *hit.node) && test(hit))
             nodes.push_back(hit.node);
     }
+    if (scene.editCounter() != edits)
+        std::erase_if(nodes, [&](const NodeImpl* node) { return !scene.has(*node); });
     return nodes;
+}
+
+bool isUsable(const QRectF& rect)
+{
+    return isFinite(rect.topLeft()) && isFinite(rect.bottomRight());
+}
+
+} // namespace
+
+std::vector<NodeImpl*> at(ScenePrivate& scene, const QPointF& point)
+{
+    if (!isFinite(point))
+        return {};
+    return matching(scene, Box::of(QRectF(point, point)),
+                    [&](const Hit& hit) { return isHit(hit, point, point, {}); });
 }
 
 std::vector<NodeImpl*> intersecting(ScenePrivate& scene, const Bounds& area)
 {
     const QRectF rect = Vetra::toQt(area.boundingRect());
-    std::vector<NodeImpl*> nodes;
-    if (!isFinite(rect.topLeft()) || !isFinite(rect.bottomRight()))
-        return nodes;
-    for (const Hit& hit : hitsIn(scene, Box::of(rect))) {
-        if (isStillHere(scene, *hit.node) && intersects(hit, area))
-            nodes.push_back(hit.node);
-    }
-    return nodes;
+    if (!isUsable(rect))
+        return {};
+    return matching(scene, Box::of(rect), [&](const Hit& hit) { return intersects(hit, area); });
 }
 
 std::vector<NodeImpl*> within(ScenePrivate& scene, const QRectF& rect)
 {
-    std::vector<NodeImpl*> nodes;
-    if (!isFinite(rect.topLeft()) || !isFinite(rect.bottomRight()))
-        return nodes;
+    if (!isUsable(rect))
+        return {};
     const Box area = Box::of(rect);
-    for (const Hit& hit : hitsIn(scene, area)) {
-        const Box box = std::isfinite(hit.box.left)
-                            ? hit.box
-                            : boxAtUnitScale(*hit.node, hit.node->nodeToDevice({}));
-        if (area.contains(box))
-            nodes.push_back(hit.node);
-    }
-    return nodes;
+    return matching(scene, area, [&](const Hit& hit) {
+        return area.contains(std::isfinite(hit.box.left) ? hit.box : scene.boxOf(*hit.node));
+    });
 }
 
 } // namespace Tova2::SceneQueries

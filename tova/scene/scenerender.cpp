@@ -1,3 +1,4 @@
+#include "nodes/destruction.h"
 #include "nodes/values.h"
 #include "scene/backgroundpainter.h"
 #include "scene/offscreensize.h"
@@ -73,11 +74,22 @@ bool isToolkitGone()
     return QCoreApplication::closingDown();
 }
 
+void paintImage(ScenePrivate& scene, QImage& image, const Rect& target, const Rect& source)
+{
+    if (image.isNull() || isToolkitGone())
+        return;
+    QPainter painter(&image);
+    const QSizeF size = QSizeF(image.size()) / image.devicePixelRatioF();
+    paint(scene, painter, target, source, QRectF(QPointF(), size), true);
+}
+
 } // namespace
 
 Vetra::Holder<Vetra::Image> Scene::render(int margin, const Rect& area, double scale)
 {
-    const QRectF drawn = area.isValid() ? Vetra::toQt(area) : d->bounds();
+    const DestructionDelay delay;
+    ScenePrivate& content = *d; // outlives this handle, which a host may drop
+    const QRectF drawn = area.isValid() ? Vetra::toQt(area) : content.bounds();
     const int border = std::max(margin, 0);
     const QSizeF size(pixels(drawn.width() * scale) + 2.0 * border,
                       pixels(drawn.height() * scale) + 2.0 * border);
@@ -89,24 +101,22 @@ Vetra::Holder<Vetra::Image> Scene::render(int margin, const Rect& area, double s
         const double inset = border / scale;
         const Rect source{drawn.x() - inset, drawn.y() - inset, size.width() / scale,
                           size.height() / scale};
-        render(image, Vetra::fromQt(QRectF(QPointF(), size)), source);
+        paintImage(content, image, Vetra::fromQt(QRectF(QPointF(), size)), source);
     }
     return Vetra::fromQt(image);
 }
 
 void Scene::render(QImage& image, const Rect& target, const Rect& source)
 {
-    if (image.isNull() || isToolkitGone())
-        return;
-    QPainter painter(&image);
-    const QSizeF size = QSizeF(image.size()) / image.devicePixelRatioF();
-    paint(*d, painter, target, source, QRectF(QPointF(), size), true);
+    const DestructionDelay delay;
+    paintImage(*d, image, target, source);
 }
 
 void Scene::render(QPainter& painter, const Rect& target, const Rect& source)
 {
     if (!painter.isActive())
         return;
+    const DestructionDelay delay;
     paint(*d, painter, target, source, QRectF(painter.viewport()), false);
 }
 
@@ -114,20 +124,27 @@ void Scene::render(QPicture& picture, const Rect& target, const Rect& source)
 {
     if (isToolkitGone())
         return;
+    const DestructionDelay delay;
+    ScenePrivate& content = *d;
     QPainter painter(&picture);
     // A picture has no size of its own: unscaled unless the caller says otherwise.
     const QRectF natural = source.isValid() ? QRectF(QPointF(), Vetra::toQt(source).size())
-                                            : QRectF(QPointF(), d->bounds().size());
-    paint(*d, painter, target, source, natural, false);
+                                            : QRectF(QPointF(), content.bounds().size());
+    paint(content, painter, target, source, natural, false);
 }
 
 void Scene::render(QPrinter& printer, const Rect& target, const Rect& source)
 {
+    const DestructionDelay delay;
+    ScenePrivate& content = *d;
     QPainter painter;
-    if (painter.begin(&printer))
-        paint(*d, painter, target, source,
-              QRectF(QPointF(), printer.pageLayout().paintRectPixels(printer.resolution()).size()),
-              false);
+    if (!painter.begin(&printer))
+        return;
+    // As large as the page allows, and no circle is stretched.
+    const QSizeF page = printer.pageLayout().paintRectPixels(printer.resolution()).size();
+    const QSizeF shown = source.isValid() ? Vetra::toQt(source).size() : content.bounds().size();
+    paint(content, painter, target, source,
+          QRectF(QPointF(), shown.scaled(page, Qt::KeepAspectRatio)), false);
 }
 
 } // namespace Tova2

@@ -40,6 +40,8 @@ Background Scene::getBackground() const
 
 void Scene::setBackground(const Background& background)
 {
+    if (background == d->settings.background)
+        return;
     d->settings.background = background;
     d->requestFullRepaint();
 }

@@ -1,3 +1,6 @@
+#include "nodes/flagscope.h"
+#include "nodes/nodeimpl.h"
+#include "scene/sceneprivate.h"
 #include "tova/events/focusevent.h"
 #include "tova/events/mouseevent.h"
 #include "tova/nodes/customnode.h"
@@ -6,6 +9,7 @@
 #include "tova/nodes/rectnode.h"
 #include "tova/scene/scene.h"
 #include "tova/scene/scenechangetracker.h"
+#include "vetra/pixmap.h"
 
 #include "host/diagnosticscounter.h"
 #include "vetra/error.h"
@@ -24,6 +28,19 @@ namespace {
 using namespace Tova2;
 
 struct Thrown {};
+
+/// What makes a scene look for what is to be painted again with each edit.
+void watch(Scene& scene)
+{
+    struct Idle final : RepaintSink {
+        void repaintRequested(const DirtyArea&) override {}
+    };
+    static Idle idle;
+    const Node inside = scene.addNode(RectNode());
+    const auto* impl = static_cast<const NodeImpl*>(inside.getReferenced());
+    static_cast<ScenePrivate*>(impl->sceneLink())->addRepaintSink(&idle);
+    scene.removeNode(inside);
+}
 
 /// Scenes, nodes and handles that every callback may do anything to.
 class World : public SceneChangeTracker, public Vemit::Listener {
@@ -54,9 +71,9 @@ public:
     void nodeRemoved(Node) override { callback(); }
     void nodeChanged(Node) override { callback(); }
 
-    void callback()
+    void callback(int rarity = 3)
     {
-        if (m_isCalm || m_depth > 2 || !oneIn(3))
+        if (m_isCalm || m_depth > 2 || !oneIn(rarity))
             return;
         if (oneIn(8))
             throw Thrown();
@@ -69,6 +86,8 @@ private:
     void renew(Vetra::Holder<Scene>& scene)
     {
         scene = Scene::createScene();
+        if (oneIn(2))
+            watch(*scene);
         scene->beginChangeTracking(this);
     }
     void act()
@@ -113,13 +132,27 @@ struct HostileTester : CustomHitTestFunctor {
         m_world.callback();
         return m_world.oneIn(2);
     }
-    Bounds hitTestBounds(const Node&, double) const override { return {}; }
+    Bounds hitTestBounds(const Node&, double) const override
+    {
+        m_world.callback();
+        return Bounds(Vetra::GLRect<double>{0, 0, 99, 99});
+    }
     World& m_world;
 };
 
+/// Asked for bounds by nearly everything, so it does something more seldom then.
 struct HostilePainter : CustomNodePainter {
     explicit HostilePainter(World& world) : m_world(world) {}
-    Vetra::GLRect<double> getBoundingRect(double) const override { return {0, 0, 30, 30}; }
+    Vetra::GLRect<double> getBoundingRect(double) const override
+    {
+        m_world.callback(16);
+        return {0, 0, 30, 30};
+    }
+    Bounds getOutlineStroked(double) const override
+    {
+        m_world.callback(8);
+        return Bounds(Vetra::GLRect<double>{0, 0, 30, 30});
+    }
     void paint(QPainter*, double, const Vetra::GLRect<double>&, const PaintOptions&) override
     {
         m_world.callback();
@@ -219,8 +252,27 @@ void World::callOn(Node& node, Vetra::Holder<Scene>& scene)
             node.release();
             std::erase(m_handles, Node());
         },
+        [&] {
+            node.setEffect(Effect::createEffect(Effect::Shadow(0.5, below(5), {2, 2}, true)));
+        },
+        [&] { node.scale(1.0 + below(2)); },
+        [&] { node.setClipsChildren(oneIn(2)); },
+        [&] { node.setIgnoresTransformations(oneIn(2)); },
+        [&] { node.getBoundingRect(); },
+        [&] {
+            node.containsScenePoint({5, 5});
+        },
+        [&] { node.intersects(Vetra::GLRect<double>(0, 0, 5, 5)); },
+        [&] {
+            Vetra::GLPoint<double> offset;
+            node.renderToPixmap(CacheType::NoCache, 1, offset);
+        },
+        [&] {
+            if (auto custom = node.as<CustomNode>(); custom.isValid())
+                custom.boundsChanging();
+        },
     };
-    calls[below(16)]();
+    calls[static_cast<std::size_t>(below(std::size(calls)))]();
 }
 
 void World::query(Scene& scene)
@@ -233,12 +285,18 @@ void World::query(Scene& scene)
         [&] { scene.getNodesIntersectingCircle(Vetra::GLPoint<double>(15, 5), 9); },
         [&] { scene.render(image, {}, Vetra::GLRect<double>(0, 0, 60, 60)); },
         [&] { scene.render(); },
+        [&] { scene.getBounds(); },
+        [&] { scene.getAllNodes(); },
+        [&] { scene.getTopLevelNodes(); },
+        [&] { scene.getNodesWithTag(Vetra::StringID("some")); },
+        [&] { scene.getNodesWithinRect(Vetra::GLRect<double>(0, 0, 90, 90)); },
     };
-    queries[below(6)]();
+    queries[static_cast<std::size_t>(below(std::size(queries)))]();
 }
 
 void World::checkWhole()
 {
+    const FlagScope calm(m_isCalm);
     for (const auto& scene : m_scenes) {
         const auto all = scene->getAllNodes();
         std::set<std::size_t> seen;

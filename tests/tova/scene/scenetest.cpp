@@ -109,15 +109,30 @@ TEST_F(SceneTest, BoundsLeaveOutWhatShowsNothing)
     EXPECT_EQ(m_scene->getBounds(), (Rect{0, 0, 905, 905}));
 }
 
-TEST_F(SceneTest, IsRefusedWithoutADisplay)
+std::string errorOfCreation()
 {
-    const Host::ScopedDisplayQuery none([] { return false; });
     try {
         Scene::createScene();
-        FAIL() << "a scene without a display";
     } catch (const Vetra::Error& error) {
-        EXPECT_EQ(error.group() + "/" + error.key(), "tova:scene/NoSceneWhenDisplayOff");
+        return error.group() + "/" + error.key();
     }
+    return {};
+}
+
+// In a process of its own, which asks once.
+TEST(SceneDeathTest, IsRefusedWithoutADisplay)
+{
+    testing::FLAGS_gtest_death_test_style = "threadsafe";
+    const auto create = [] {
+        int asked = 0;
+        const Host::ScopedDisplayQuery none([&] { return ++asked > 1; });
+        for (int i = 0; i < 2; ++i) {
+            if (errorOfCreation() != "tova:scene/NoSceneWhenDisplayOff")
+                std::_Exit(1);
+        }
+        std::_Exit(0);
+    };
+    EXPECT_EXIT(create(), testing::ExitedWithCode(0), "");
 }
 
 struct RenderCase : NamedRow {

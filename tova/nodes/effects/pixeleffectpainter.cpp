@@ -65,19 +65,17 @@ void paintBlur(const NodeImpl& node, const EffectLayer& layer, PaintContext& con
     if (context.isOnPixels())
         return paintSoftSilhouette(node, layer, context);
     // No pictures of masks: they would have the resolution of today's device.
-    QPainter& painter = context.localPainter();
-    painter.save();
+    LocalPainter painter(context); // a host's painter may throw
     if (layer.masksNode) {
         const EffectPlacement place(node, layer, context);
         const QRectF all = place.toPixels.inverted().mapRect(context.exposedPixels());
-        intersectClip(painter, outsideOf(node.silhouetteOutline(context.options().viewScale), all));
+        intersectClip(*painter.operator->(),
+                      outsideOf(node.silhouetteOutline(context.options().viewScale), all));
     }
     if (layer.deviation == 0)
         fillMoved(node, layer, context);
     else
         paintSoftSilhouette(node, layer, context);
-    painter.restore();
-    context.forgetPainterState();
 }
 
 void paintTint(const NodeImpl& node, const EffectLayer& layer, PaintContext& context)

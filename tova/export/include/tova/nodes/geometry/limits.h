@@ -38,7 +38,7 @@ inline constexpr std::size_t nodeCacheBytes = std::size_t{64} << 20;
 inline constexpr std::size_t allCachesBytes = std::size_t{256} << 20;
 /// Width and height of an off-screen picture; above it there is none.
 inline constexpr int offScreenSide = 32'767;
-/// Pixels of an off-screen picture; above it there is none.
+/// An off-screen picture, at four bytes a pixel; above it there is none.
 inline constexpr std::size_t offScreenBytes = std::size_t{1} << 30;
 
 } // namespace Tova2::Limits
