@@ -1,11 +1,11 @@
 #include "widget/canvasinput.h"
 
 #include "widget/glcanvasprivate.h"
+#include "widget/guarded.h"
 #include "widget/tools/viewkeys.h"
 
 #include "tova/events/keyevent.h"
 #include "tova/widget/glcanvas.h"
-#include "vetra/errorreporter.h"
 #include "vetra/qt.h"
 #include "vetra/qtevents.h"
 
@@ -26,16 +26,7 @@ bool isPress(QEvent::Type type)
            type == QEvent::TouchBegin;
 }
 
-/// What listeners to the canvas throw, which is not for the toolkit.
-template <class Call>
-void guarded(Call&& call) noexcept
-{
-    try {
-        call();
-    } catch (...) {
-        Vetra::reportError(std::current_exception(), "Canvas listener");
-    }
-}
+constexpr char kListener[] = "Canvas listener";
 
 } // namespace
 
@@ -50,7 +41,7 @@ bool CanvasInput::dispatch(QEvent& event)
         m_canvas.setMovingWithMomentum(false);
     if (event.type() == QEvent::MouseMove) {
         const auto place = Vetra::fromQt(static_cast<const QMouseEvent&>(event).pos());
-        guarded([&] { m_canvas.d_func()->emitters().pointerMove.send(place); });
+        guarded(kListener, [&] { m_canvas.d_func()->emitters().pointerMove.send(place); });
     }
     if (use.hasEnded() || m_dispatcher.dispatch(event))
         return true;
@@ -59,7 +50,7 @@ bool CanvasInput::dispatch(QEvent& event)
     bool isTaken = false;
     const KeyEvent key(EventType::KeyPressEvent,
                        Vetra::fromQt(static_cast<const QKeyEvent&>(event), &m_canvas));
-    guarded([&] { isTaken = moveViewByKey(m_canvas, key); });
+    guarded(kListener, [&] { isTaken = moveViewByKey(m_canvas, key); });
     if (isTaken) // otherwise it is for the toolkit to say, which moves the focus by keys
         event.accept();
     return isTaken;

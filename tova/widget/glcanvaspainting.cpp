@@ -2,10 +2,10 @@
 
 #include "widget/canvasdecor.h"
 #include "widget/glcanvasprivate.h"
+#include "widget/guarded.h"
 #include "widget/toolkitcanvas.h"
 
 #include "tova/widget/glcanvas.h"
-#include "vetra/errorreporter.h"
 
 #include <QPainter>
 #include <QScopedValueRollback>
@@ -71,11 +71,7 @@ QRegion GLCanvasPrivate::paintPicture()
     const QRectF whole(QPointF(), m_view.size());
     const SceneGrid* const grid = m_grid ? &*m_grid : nullptr;
     m_picture.paintDue([&](QPainter& painter, const QRectF& part) {
-        try {
-            m_layers.paint(painter, view, part, whole, grid);
-        } catch (...) {
-            Vetra::reportError(std::current_exception(), "Node painter");
-        }
+        guarded("Node painter", [&] { m_layers.paint(painter, view, part, whole, grid); });
     });
     return due;
 }

@@ -2,10 +2,10 @@
 
 #include "nodes/values.h"
 #include "widget/canvasdecor.h"
+#include "widget/guarded.h"
 #include "widget/toolkitcanvas.h"
 
 #include "tova/widget/glcanvas.h"
-#include "vetra/errorreporter.h"
 #include "vetra/qt.h"
 
 #include <QDrag>
@@ -22,6 +22,8 @@ namespace {
 /// Of the view, that still shows something of the scene when the user has moved it away.
 constexpr double kLeastShown = 0.1;
 
+constexpr char kListener[] = "Canvas listener";
+
 } // namespace
 
 GLCanvasPrivate::GLCanvasPrivate(GLCanvas& canvas, ToolkitCanvas* widget)
@@ -30,7 +32,9 @@ GLCanvasPrivate::GLCanvasPrivate(GLCanvas& canvas, ToolkitCanvas* widget)
     , m_layers([this](const DirtyArea& area) { sceneDirty(area); })
     , m_busy([this] { repaintBusy(); })
 {
-    m_bars.emplace(*widget, [this](double dx, double dy) { scrollByBar(dx, dy); });
+    m_bars.emplace(*widget, [this](double dx, double dy) {
+        guarded(kListener, [&] { scrollByBar(dx, dy); });
+    });
 }
 
 void GLCanvasPrivate::beginInput()
@@ -178,16 +182,7 @@ void GLCanvasPrivate::settleLater()
 {
     if (!std::exchange(m_isSettling, true))
         QMetaObject::invokeMethod(
-            &m_turn, [this] { settleGuarded(); }, Qt::QueuedConnection);
-}
-
-void GLCanvasPrivate::settleGuarded() noexcept
-{
-    try {
-        settle();
-    } catch (...) {
-        Vetra::reportError(std::current_exception(), "Canvas listener");
-    }
+            &m_turn, [this] { guarded(kListener, [this] { settle(); }); }, Qt::QueuedConnection);
 }
 
 void GLCanvasPrivate::settle()

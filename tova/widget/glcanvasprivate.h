@@ -103,7 +103,6 @@ private:
     void viewChanged(double scaleBefore, ZoomReason reason);
     void sceneDirty(const DirtyArea& area);
     void settleLater();
-    void settleGuarded() noexcept;
     void settle();
     void markGrid(const QRectF& sceneRect);
     void scrollByBar(double dx, double dy);

@@ -1,9 +1,9 @@
 #include "tova/widget/layerstack.h"
 
 #include "nodes/deferrederror.h"
+#include "widget/guarded.h"
 
 #include "tova/scene/scene.h"
-#include "vetra/errorreporter.h"
 
 #include <algorithm>
 #include <utility>
@@ -102,11 +102,7 @@ LayerStack::LayerStack() : m_state(std::make_shared<State>()) {}
 
 LayerStack::~LayerStack()
 {
-    try {
-        m_state->removeAll();
-    } catch (...) {
-        Vetra::reportError(std::current_exception(), "Listener to a layer's removal");
-    }
+    guarded("Listener to a layer's removal", [this] { m_state->removeAll(); });
     m_state->insertion.disconnectAll();
     m_state->removal.disconnectAll();
     // What listeners have put in meanwhile. A removal further up the call stack ends by itself.

@@ -1,6 +1,6 @@
 #include "widget/openglsurface.h"
 
-#include "vetra/errorreporter.h"
+#include "widget/guarded.h"
 
 #include <QOffscreenSurface>
 #include <QOpenGLContext>
@@ -40,14 +40,12 @@ OpenGLSurface::OpenGLSurface(QWidget& view, Paint paint)
 
 void OpenGLSurface::paintGL()
 {
-    try {
+    guarded("Paint", [this] {
         const Paint paint = m_paint; // which may retire this
         QPainter painter(this);
         if (paint)
             paint(painter);
-    } catch (...) {
-        Vetra::reportError(std::current_exception(), "Paint");
-    }
+    });
 }
 
 } // namespace Tova2

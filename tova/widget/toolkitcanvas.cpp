@@ -1,8 +1,7 @@
 #include "widget/toolkitcanvas.h"
 
 #include "widget/glcanvasprivate.h"
-
-#include "vetra/errorreporter.h"
+#include "widget/guarded.h"
 
 #include <QEvent>
 #include <QFocusEvent>
@@ -16,17 +15,6 @@ bool isByKeyboard(Qt::FocusReason reason)
 {
     return reason == Qt::TabFocusReason || reason == Qt::BacktabFocusReason ||
            reason == Qt::ShortcutFocusReason;
-}
-
-/// Nothing that the host's code throws goes through the toolkit.
-template <class Call>
-void guarded(const char* where, Call&& call) noexcept
-{
-    try {
-        call();
-    } catch (...) {
-        Vetra::reportError(std::current_exception(), where);
-    }
 }
 
 } // namespace

@@ -1,11 +1,11 @@
 #include "tova/widget/viewer.h"
 
+#include "widget/guarded.h"
 #include "widget/viewerwindow.h"
 
 #include "tova/widget/glcanvas.h"
 
 #include "host/displayquery.h"
-#include "vetra/errorreporter.h"
 #include "vetra/saturate.h"
 
 #include <QApplication>
@@ -50,11 +50,7 @@ Vetra::GLRect<int> wholePixels(const Vetra::GLRect<double>& r)
 void endCanvas(GLCanvas& canvas) noexcept
 {
     const Widgets::GLObject::Use use(canvas);
-    try {
-        canvas.setScene(nullptr);
-    } catch (...) {
-        Vetra::reportError(std::current_exception(), "Viewer");
-    }
+    guarded("Viewer", [&] { canvas.setScene(nullptr); });
     canvas.destroy();
 }
 

@@ -6,6 +6,7 @@
 #include "tova/scene/scene.h"
 #include "tova/widget/glcanvas.h"
 #include "tova/widget/layerstack.h"
+#include "vetra/errorreporter.h"
 #include "widgets/qt.h"
 
 #include <gtest/gtest.h>
@@ -201,8 +202,13 @@ TEST_F(GLCanvasTest, ScrollsByStepsAndPages)
     EXPECT_EQ(canvas.getSceneRectInView(), Rect({-360, -270, 400, 300}));
     const auto bar = toQt(canvas)->findChildren<QScrollBar*>().back();
     canvas.translateScenePointToViewPoint({5000, 5000}, {0, 0});
+    canvas.connectTo(&GLCanvasEmitters::viewChange, [](Point) { throw 1; });
+    int reported = 0;
+    Vetra::setErrorReporter([&](std::exception_ptr) { ++reported; });
     bar->triggerAction(QScrollBar::SliderPageStepAdd);
+    Vetra::setErrorReporter({});
     EXPECT_EQ(canvas.viewPointToScenePoint({0, 0}), Point({5000, 5270})) << "as a page";
+    EXPECT_EQ(reported, 1) << "not for the toolkit";
 }
 
 TEST_F(GLCanvasTest, RevealsByTheLeastMove)

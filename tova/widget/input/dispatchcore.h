@@ -1,9 +1,10 @@
 #pragma once
 
+#include "widget/guarded.h"
+
 #include "tova/scene/scene.h"
 #include "vemit/listener.h"
 #include "vetra/cursor.h"
-#include "vetra/errorreporter.h"
 #include "vetra/eventsource.h"
 #include "vetra/inputenums.h"
 #include "vetra/referenced.h"
@@ -54,13 +55,7 @@ public:
     template <class Call>
     bool guard(Call&& call) noexcept
     {
-        try {
-            std::forward<Call>(call)();
-            return true;
-        } catch (...) {
-            Vetra::reportError(std::current_exception(), "Input");
-            return false;
-        }
+        return guarded("Input", std::forward<Call>(call));
     }
 
     /// Whatever begins in here and lasts remembers the number: another one means that it has been
