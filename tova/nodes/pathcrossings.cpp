@@ -46,12 +46,22 @@ void LinearPathNodeImpl::setCrossings(std::vector<PathIntersection>&& crossings)
 
 void LinearPathNodeImpl::keep(std::vector<PathIntersection>&& crossings) const
 {
-    m_crossings.reset();
     if (crossings.empty())
-        return;
-    crossings.shrink_to_fit();
-    m_crossings = std::make_unique<Crossings>(
-        Crossings{std::move(crossings), lineWidth(), kUnknown, nullptr});
+        return m_crossings.reset();
+    if (!m_crossings)
+        m_crossings = std::make_unique<Crossings>();
+    auto& [records, width, widestCrossed, marks] = *m_crossings;
+    marks.reset();
+    width = lineWidth();
+    widestCrossed = kUnknown;
+    // Where it fits it goes to where the former list was. What lists that changed places leave
+    // behind would be given back to the system all at once by whoever frees the last: for 10 ms.
+    if (crossings.size() <= records.capacity() && records.capacity() <= 2 * crossings.size()) {
+        records.assign(std::move_iterator(crossings.begin()), std::move_iterator(crossings.end()));
+    } else {
+        crossings.shrink_to_fit();
+        records = std::move(crossings);
+    }
 }
 
 void LinearPathNodeImpl::dropCrossingMarks()

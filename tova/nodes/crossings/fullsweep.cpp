@@ -138,8 +138,9 @@ bool FullSweep::clean(Host::TaskBudget& budget)
 
 bool FullSweep::discard(Host::TaskBudget& budget)
 {
-    // Giving back what large tables took needs time as well.
-    while (m_builder.freeSome() || m_tables.freeSome() || m_oldPairs.freeSome()) {
+    // Giving back what large tables took needs time as well. What was taken last goes first: else
+    // the memory before it would go back to the system along with it, in one long step.
+    while (m_oldPairs.freeSome() || m_tables.freeSome() || m_builder.freeSome()) {
         if (budget.isSpentAfterLongStep())
             return false;
     }

@@ -229,9 +229,9 @@ bool SweepTables::freeSome()
     const auto isFreed = [](auto&... arrays) {
         return ((arrays.size() > 0 && (arrays.reset(), true)) || ...);
     };
-    return isFreed(starts, ends, reaches, index.verticals, index.horizontals, index.places,
-                   index.segmentsBySerial, index.met.ends, index.meeting.ends) ||
-           index.met.values.freeSome() || index.meeting.values.freeSome() || compacted.freeSome();
+    return index.meeting.values.freeSome() || index.met.values.freeSome() || compacted.freeSome() ||
+           isFreed(starts, ends, reaches, index.verticals, index.horizontals, index.places,
+                   index.segmentsBySerial, index.met.ends, index.meeting.ends);
 }
 
 } // namespace Tova2
