@@ -195,6 +195,7 @@ bool EventDispatcher::Parts::takeKey(QEvent& event)
 
 void EventDispatcher::Parts::takeMouse(QEvent::Type type, const QMouseEvent& event)
 {
+    core.notePointer(event);
     const auto input = Vetra::fromQt(event, &core.canvas());
     if (type == QEvent::MouseMove)
         mouse.move(input);

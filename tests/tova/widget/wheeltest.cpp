@@ -21,7 +21,7 @@ struct WheelRow : NamedRow {
 
 class WheelTest : public testing::TestWithParam<WheelRow> {};
 
-constexpr Vetra::GLPoint<double> kPlace{20.5, 40.25}; // between whole pixels
+constexpr Vetra::GLPoint<double> kPlace{20.5, 40.25}; // of which wheels tell whole pixels
 
 /// Shorthand for what tools hear.
 class ShortHand final : public EventHandler {
@@ -60,11 +60,12 @@ TEST_P(WheelTest, TellsNotchesFromGestures)
     auto* const tool = new UnconsumedEventTool;
     tool->unconsumedEmitter().connect([&](Event& event) { event.accept(ear); });
     bench.scene->addTool(tool);
+    bench.mouse(QEvent::MouseMove, {kPlace.x, kPlace.y});
     for (const Turn& turn : GetParam().turns) {
         bench.clock->advance(std::chrono::milliseconds(turn.waitMs));
-        EXPECT_TRUE(bench.send(
-            QWheelEvent({kPlace.x, kPlace.y}, {20, 40}, {0, turn.pixels}, {0, turn.angle}, {},
-                        turn.hasCtrl ? Qt::ControlModifier : Qt::NoModifier, turn.phase, false)));
+        EXPECT_TRUE(bench.send(QWheelEvent({21, 40}, {20, 40}, {0, turn.pixels}, {0, turn.angle},
+                                           {}, turn.hasCtrl ? Qt::ControlModifier : Qt::NoModifier,
+                                           turn.phase, false)));
     }
     bench.clock->advance(std::chrono::seconds(1));
     EXPECT_EQ(ear.text, GetParam().heard);

@@ -8,7 +8,10 @@
 #include "tova/events/widgetevent.h"
 #include "vetra/qt.h"
 
+#include <QMouseEvent>
+
 #include <algorithm>
+#include <cmath>
 #include <vector>
 
 namespace Tova2 {
@@ -149,6 +152,17 @@ void DispatchCore::cancelIfPressed()
 {
     if (!held.isEmpty())
         cancelGesture();
+}
+
+void DispatchCore::notePointer(const QMouseEvent& event)
+{
+    m_pointer = event.windowPos() - m_viewport->mapTo(m_viewport->window(), QPoint());
+}
+
+QPointF DispatchCore::pointerNear(const QPointF& told) const
+{
+    const QPointF known = m_pointer.value_or(told), off = told - known;
+    return std::max(std::abs(off.x()), std::abs(off.y())) < 1 ? known : told;
 }
 
 void DispatchCore::enterCanvas()

@@ -10,6 +10,7 @@
 #include "vetra/referenced.h"
 
 #include <QCursor>
+#include <QPointF>
 #include <QPointer>
 #include <QWidget>
 
@@ -17,6 +18,8 @@
 #include <memory>
 #include <optional>
 #include <utility>
+
+class QMouseEvent;
 
 namespace Tova2 {
 
@@ -73,6 +76,10 @@ public:
     // exchanged meanwhile.
 
     bool isPointerInside() const { return isOpen() && m_isPointerInside; }
+    void notePointer(const QMouseEvent& event);
+    /// Where the pointer is in the viewport. The toolkit tells widgets of wheels on whole pixels
+    /// only; the move before told more exactly, and is taken for it.
+    QPointF pointerNear(const QPointF& told) const;
     void enterCanvas();
     void leaveCanvas();
     void takeFocus(Vetra::FocusReason reason);
@@ -101,6 +108,7 @@ private:
     const void* m_content = nullptr;           ///< of the scene, which may exchange it
     std::optional<Vetra::Cursor> m_toolCursor; ///< that the viewport shows
     std::optional<QCursor> m_ownCursor;        ///< what it is to show after that
+    std::optional<QPointF> m_pointer;          ///< as told last
     unsigned m_gestureNumber = 0;
     bool m_isPointerInside = false;
     bool m_hasFocus = false;

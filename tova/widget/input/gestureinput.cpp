@@ -66,10 +66,11 @@ void GestureInput::turn(const QWheelEvent& event)
 {
     const int notches = m_notches.take(event.angleDelta(), m_clock->now());
     auto input = Vetra::fromQt(event, &m_core.canvas());
+    const auto pointer = Vetra::fromQt(m_core.pointerNear(event.position()));
     input.delta = notches < 0 ? -WheelNotches::kNotch : WheelNotches::kNotch;
     for (int i = 0; i < std::abs(notches) && m_core.isOpen(); ++i) {
-        // A screen has places between whole pixels, which a zoom must keep: it would drift.
-        const auto place = m_core.canvas().viewPointToScenePoint(Vetra::fromQt(event.position()));
+        // A dense screen has places between whole pixels, and a zoom about another one drifts.
+        const auto place = m_core.canvas().viewPointToScenePoint(pointer);
         auto turned = MouseEvent(EventType::WheelEvent, input).withScenePos(place);
         if (!m_core.send(turned))
             return;
@@ -87,7 +88,7 @@ void GestureInput::forgetCancelled()
 void GestureInput::scroll(const QWheelEvent& event)
 {
     forgetCancelled();
-    m_scrolledAt = Vetra::fromQt(event.position());
+    m_scrolledAt = Vetra::fromQt(m_core.pointerNear(event.position()));
     const auto steps = m_scroll.take(event);
     if (m_scroll.isGoingOn())
         m_clock->startRepeating(event.phase() == Qt::NoScrollPhase ? kScrollPause : kLostEnd,
