@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 namespace Tova2 {
 
@@ -40,10 +41,15 @@ void LineCollector::moveTo(const QPointF& point, double lengthBefore)
     begin(point);
 }
 
-void LineCollector::begin(const QPointF& point)
+void LineCollector::flushThinner()
 {
     if (m_thinner)
         m_thinner->finish([this](const QPointF& p) { keep(p); });
+}
+
+void LineCollector::begin(const QPointF& point)
+{
+    flushThinner();
     m_lineStart = m_length;
     m_isLineNew = true;
     m_current = point;
@@ -71,10 +77,12 @@ void LineCollector::measure(const QPointF& next)
 
 void LineCollector::keep(const QPointF& point)
 {
-    if (m_isLineNew)
+    if (m_isLineNew) {
         m_lines.moveTo(point, m_lineStart);
-    else
+        m_lines.tapers() = std::exchange(m_tapers, {});
+    } else {
         m_lines.lineTo(point);
+    }
     m_isLineNew = false;
 }
 
@@ -96,12 +104,44 @@ void LineCollector::add(const CrossingMarks::Marked& marked)
             begin(m_current);
             addArc(curves);
         }
-        const auto fades = m_hasFades ? marked.fades(mark) : std::span<const CrossingMarks::Fade>();
-        for (std::size_t i = 0; i < fades.size(); ++i)
-            addFade(marked, fades[i], i % 2 == 1);
+        addFades(marked, marked.fades(mark));
         m_length = length;
         begin(marked.at(mark.to));
     }
+}
+
+void LineCollector::addFades(const CrossingMarks::Marked& marked,
+                             std::span<const CrossingMarks::Fade> fades)
+{
+    if (!(m_fadingWidth > 0) || fades.empty())
+        return;
+    // Within two pixels nobody tells how much is there from how wide it is.
+    constexpr double kNarrow = 2.5;
+    if (m_fadingWidth <= kNarrow * m_pixel)
+        return addTapers(marked, fades);
+    for (std::size_t i = 0; i < fades.size(); ++i)
+        addFade(marked, fades[i], i % 2 == 1);
+}
+
+// From the line under way to the one that begins next; where marks meet, what is left between two
+// gaps is a line without length that tapers off both ways.
+void LineCollector::addTapers(const CrossingMarks::Marked& marked,
+                              std::span<const CrossingMarks::Fade> fades)
+{
+    const auto lengthOf = [](const CrossingMarks::Fade& fade) {
+        return std::abs(fade.end - fade.clear);
+    };
+    flushThinner();
+    m_lines.tapers().end = lengthOf(fades.front());
+    constexpr double kShort = 1e-3;
+    for (std::size_t i = 1; i + 1 < fades.size(); i += 2) {
+        const double middle = fades[i].end;
+        const double share = lengthOf(fades[i]) / std::abs(fades[i].full - fades[i].clear);
+        m_tapers = {lengthOf(fades[i]), lengthOf(fades[i + 1]), std::min(share, 1.0)};
+        begin(marked.at(middle - kShort));
+        lineTo(marked.at(middle + kShort));
+    }
+    m_tapers = {lengthOf(fades.back()), 0, 1};
 }
 
 // Whatever way pixels lie, each has its share of a line in it, or of two.
@@ -136,8 +176,7 @@ void LineCollector::addArc(std::span<const CrossingMarks::Curve> curves)
 
 void LineCollector::finish()
 {
-    if (m_thinner)
-        m_thinner->finish([this](const QPointF& p) { keep(p); });
+    flushThinner();
     m_lines.finish();
 }
 

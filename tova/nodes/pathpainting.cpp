@@ -81,6 +81,7 @@ void PathNodeImpl::Painting::findExposed()
     if (m_marks && m_flat.chunks.empty() && m_node.isExact() &&
         m_marks->crossingCount() < kFewMarks) {
         m_exposed = QRectF(-far, -far, 2 * far, 2 * far);
+        m_isAllExposed = true;
         return;
     }
     const QTransform toDevice = m_context.nodeToDevice();
@@ -170,7 +171,7 @@ void PathNodeImpl::Painting::drawRun(const Run& whole)
         drawMarkedLines(run, stretches);
     else
         drawLines(run, stretches);
-    if (m_marks && !m_fadesAreLines)
+    if (m_marks && m_fadingWidth == 0)
         drawFades(run, stretches);
 }
 

@@ -62,9 +62,10 @@ private:
     const PathNodeImpl& m_node;
     PaintContext& m_context;
     FlatPath m_flat;
-    CrossingMarks* m_marks;       ///< null where there are none
-    QRectF m_exposed;             ///< in the node's coordinates, with room for strokes
-    bool m_fadesAreLines = false; ///< rather than drawn on their own
+    CrossingMarks* m_marks;      ///< null where there are none
+    QRectF m_exposed;            ///< in the node's coordinates, with room for strokes
+    bool m_isAllExposed = false; ///< without a look at what is
+    double m_fadingWidth = 0;    ///< of the line, where fades are part of it
 };
 
 } // namespace Tova2

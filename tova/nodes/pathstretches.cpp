@@ -116,7 +116,7 @@ Polylines& PathNodeImpl::Painting::collectLines(const Run& run, const Stretches&
         count += stretch.count;
     LineCollector collector(lines, m_context.nodeToPixels(), isSolid && count > kManyPoints,
                             !isSolid);
-    collector.setHasFades(m_fadesAreLines);
+    collector.setFadingWidth(m_fadingWidth);
     collector.setArcs(arcs);
     for (const Stretch& stretch : stretches)
         addStretch(run, stretch, collector);
@@ -129,7 +129,7 @@ void PathNodeImpl::Painting::drawMarkedLines(const Run& run, const Stretches& st
 {
     const StrokeArea::Key key = m_context.strokeAreaKey();
     const bool isArea = key.width > 0;
-    m_fadesAreLines = isArea && key.cap == StrokeCapStyle::FlatCap;
+    m_fadingWidth = isArea && key.cap == StrokeCapStyle::FlatCap ? key.width : 0;
     if (!isArea || !m_flat.chunks.empty())
         return drawLines(run, stretches);
     StrokeArea part;
@@ -144,6 +144,8 @@ void PathNodeImpl::Painting::drawMarkedLines(const Run& run, const Stretches& st
 
 bool PathNodeImpl::Painting::isAllExposed() const
 {
+    if (m_isAllExposed)
+        return true;
     const QRectF box = m_flat.boundingRect();
     return box.left() >= m_exposed.left() && box.right() <= m_exposed.right() &&
            box.top() >= m_exposed.top() && box.bottom() <= m_exposed.bottom();

@@ -12,6 +12,12 @@ namespace Tova2 {
 /// `finish` has to be called.
 class Polylines {
 public:
+    /// How a line leaves off beyond its ends, for an area that tapers away.
+    struct Tapers {
+        double start = 0, end = 0; ///< their lengths; 0 where the line ends as it is
+        double share = 1;          ///< of the stroke's width, along the line
+    };
+
     void clear()
     {
         m_points.clear();
@@ -21,9 +27,11 @@ public:
     void moveTo(const QPointF& point, double lengthBefore = 0)
     {
         finish();
-        m_lines.push_back({m_points.size(), lengthBefore});
+        m_lines.push_back({m_points.size(), lengthBefore, {}});
         m_points.push_back(point);
     }
+    /// Of the line under way.
+    Tapers& tapers() { return m_lines.back().tapers; }
     void lineTo(const QPointF& point) { m_points.push_back(point); }
     void finish()
     {
@@ -41,6 +49,7 @@ public:
             index + 1 < m_lines.size() ? m_lines[index + 1].first : m_points.size();
         return std::span(m_points).subspan(first, end - first);
     }
+    const Tapers& tapers(std::size_t index) const { return m_lines[index].tapers; }
     double lengthBefore(std::size_t index) const { return m_lines[index].lengthBefore; }
     std::size_t pointCount() const { return m_points.size(); }
     std::vector<QPointF>& points() { return m_points; }
@@ -49,6 +58,7 @@ private:
     struct Line {
         std::size_t first;
         double lengthBefore;
+        Tapers tapers;
     };
 
     std::vector<QPointF> m_points;

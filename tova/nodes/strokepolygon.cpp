@@ -65,33 +65,37 @@ bool StrokePolygon::buildAny(std::span<const QPointF> points, bool isClosed, dou
 bool StrokePolygon::buildAll(const Polylines& lines, double width, const Stroke& stroke)
 {
     start(width, stroke);
-    m_lineEnds.clear();
+    m_lines.clear();
     for (std::size_t i = 0; i < lines.lineCount(); ++i) {
         if (collect(lines.line(i), false) > 0)
-            m_lineEnds.push_back(m_pieces.size());
+            m_lines.push_back({m_pieces.size(), lines.tapers(i)});
     }
-    const auto line = [this](std::size_t i) {
-        const std::size_t first = i > 0 ? m_lineEnds[i - 1] : 0;
-        return Pieces(m_pieces).subspan(first, m_lineEnds[i] - first);
+    const auto select = [&](std::size_t i, double taper) {
+        const std::size_t first = i > 0 ? m_lines[i - 1].end : 0;
+        m_half = width / 2 * m_lines[i].tapers.share;
+        m_taper = taper;
+        return Pieces(m_pieces).subspan(first, m_lines[i].end - first);
     };
     m_bridges.clear();
-    for (std::size_t i = 0; i < m_lineEnds.size(); ++i) {
-        m_bridges.push_back(line(i).front().start + aside(line(i).front().along));
-        addSide(line(i), true, false);
+    for (std::size_t i = 0; i < m_lines.size(); ++i) {
+        const Pieces line = select(i, m_lines[i].tapers.end);
+        m_bridges.push_back(line.front().start + aside(line.front().along));
+        addSide(line, true, false);
         m_bridges.push_back(m_points.back());
     }
-    for (std::size_t i = m_lineEnds.size(); i-- > 0;) {
-        if (i + 1 < m_lineEnds.size())
+    for (std::size_t i = m_lines.size(); i-- > 0;) {
+        if (i + 1 < m_lines.size())
             m_points.push_back(m_bridges[2 * i + 1]);
-        addSide(line(i), false, false);
+        addSide(select(i, m_lines[i].tapers.start), false, false);
         m_points.push_back(m_bridges[2 * i]);
     }
-    return !m_lineEnds.empty();
+    return !m_lines.empty();
 }
 
 void StrokePolygon::start(double width, const Stroke& stroke)
 {
     m_half = width / 2;
+    m_taper = 0;
     m_isMitred = stroke.joinStyle() == StrokeJoinStyle::MiterJoin;
     m_isSquare = stroke.capStyle() == StrokeCapStyle::SquareCap;
     m_isRoundJoined = m_isRoundCapped = false;
@@ -228,6 +232,8 @@ void StrokePolygon::addCap(const QPointF& end, const QPointF& along)
 {
     if (m_isRoundCapped)
         return addArc(end, end + aside(along), std::numbers::pi);
+    if (m_taper > 0)
+        m_points.push_back(end + along * m_taper);
     if (!m_isSquare)
         return;
     const QPointF beyond = end + along * m_half;

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "nodes/polylines.h"
+
 #include "tova/nodes/style/stroke.h"
 
 #include <QPointF>
@@ -8,8 +10,6 @@
 #include <vector>
 
 namespace Tova2 {
-
-class Polylines;
 
 /// The area that a stroke covers as one polygon, filled by the winding rule: corner by corner what
 /// the toolkit's stroker makes, so that the antialiased picture is the same, at a fraction of its
@@ -25,7 +25,8 @@ public:
     /// `unit` is how much nobody sees. False where there is no line.
     bool buildAny(std::span<const QPointF> points, bool isClosed, double width,
                   const Stroke& stroke, double unit);
-    /// Of lines that follow each other, with short gaps. Straight back or not.
+    /// Of lines that follow each other, with short gaps, and with their tapers where caps are flat.
+    /// Straight back or not.
     bool buildAll(const Polylines& lines, double width, const Stroke& stroke);
     const std::vector<QPointF>& points() const { return m_points; }
 
@@ -47,10 +48,15 @@ private:
     void addCap(const QPointF& end, const QPointF& along);
 
     std::vector<Piece> m_pieces;
-    std::vector<std::size_t> m_lineEnds; ///< in the pieces
+    struct Line {
+        std::size_t end; ///< in the pieces
+        Polylines::Tapers tapers;
+    };
+    std::vector<Line> m_lines;
     std::vector<QPointF> m_points;
     std::vector<QPointF> m_bridges; ///< from each line to the next
     double m_half = 0;
+    double m_taper = 0;   ///< at the end of the side under way
     double m_arcStep = 0; ///< in radians
     bool m_isMitred = true;
     bool m_isSquare = false;
