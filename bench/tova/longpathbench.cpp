@@ -106,6 +106,27 @@ BENCHMARK(BM_PaintPart)
     ->Iterations(3)
     ->Unit(benchmark::kMillisecond);
 
+/// An edit anywhere, and a part of the path painted.
+void BM_PaintAfterEdit(benchmark::State& state)
+{
+    const auto look = static_cast<Look>(state.range(0));
+    const auto scene = makeLongPath(look, 1000000);
+    state.SetLabel(kLooks[look]);
+    auto path = scene->getTopLevelNodes().front().as<OpenLinearPathNode>();
+    QImage image(800, 600, QImage::Format_ARGB32_Premultiplied);
+    double y = 20;
+    for (auto _ : state) {
+        path.setPoint(500, {1000, y = 50 - y});
+        scene->render(image, {0, 0, 800, 600}, {5000, -100, 800, 600});
+    }
+}
+BENCHMARK(BM_PaintAfterEdit)
+    ->ArgName("look")
+    ->Arg(Plain)
+    ->Arg(Rounded)
+    ->Iterations(3)
+    ->Unit(benchmark::kMillisecond);
+
 /// A comb, filled, that leads back along its other side.
 template <class Path, class Points>
 void paintClosed(benchmark::State& state, const Points& points)

@@ -10,6 +10,7 @@
 
 #include <algorithm>
 #include <cstring>
+#include <limits>
 
 namespace Tova2 {
 
@@ -110,6 +111,29 @@ bool OpenLinearPathNodeImpl::hasCutCorners() const
 bool OpenLinearPathNodeImpl::isCurved() const
 {
     return m_cornerStyle == CornerStyle::Rounded && hasCutCorners();
+}
+
+// Arcs as wide as the line have no corners; those of short pieces, and of turns nearly straight
+// back, are narrower. No root is taken, since this asks for every corner of long paths.
+bool OpenLinearPathNodeImpl::hasSmoothCorners(double width) const
+{
+    constexpr double kBack = 0.5; // the cosine
+    if (!isCurved() || m_cornerRadius < width || m_ends.backoff(LineEnds::Which::Start) > 0 ||
+        m_ends.backoff(LineEnds::Which::End) > 0)
+        return false;
+    const auto squared = [](const QPointF& v) { return QPointF::dotProduct(v, v); };
+    const double shortest = std::max(4 * width * width, std::numeric_limits<double>::min());
+    QPointF in = points()[1] - points()[0];
+    for (std::size_t i = 2; i < points().size(); ++i) {
+        const QPointF out = points()[i] - points()[i - 1];
+        const double straight = QPointF::dotProduct(in, out);
+        const double lengths = squared(in) * squared(out);
+        if (!(std::min(squared(in), squared(out)) >= shortest) ||
+            (straight < 0 && straight * straight > kBack * kBack * lengths))
+            return false;
+        in = out;
+    }
+    return true;
 }
 
 std::span<const QPointF> OpenLinearPathNodeImpl::plainPoints() const

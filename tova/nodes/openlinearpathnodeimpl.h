@@ -34,6 +34,7 @@ protected:
     std::span<const QPointF> plainPoints() const override;
     Flattened flattened() const override;
     bool isCurved() const override;
+    bool hasSmoothCorners(double width) const override;
     double slack() const override { return m_cornerRadius; }
     QPainterPath pathOf(const Range& range) const override;
     void pointsChanged() override { placeDecorations(); }

@@ -137,6 +137,10 @@ StrokeExtent PathNodeImpl::extentOf(const FlatPath& flat, const Run& run, const 
         return {whole.adjusted(-far, -far, far, far), kFarReach};
     if (!isCurved() && isRectilinear(flat) && !m_strokes)
         return {strokedHull(whole, *run.stroke), 0.5};
+    if (!m_strokes && run.stroke->style() == StrokeStyle::SolidLine &&
+        run.stroke->capStyle() != StrokeCapStyle::SquareCap && !dependsOnScale(*run.stroke) &&
+        hasSmoothCorners(2 * halfStroke(*run.stroke)))
+        return {strokedHull(whole, *run.stroke), 0.5};
     StrokeExtent result =
         endsExtent(flat, run.first, (run.first + run.count - 1) % flat.pieceCount(), *run.stroke);
     const Range all = segmentsOf(flat, run.first, run.count);

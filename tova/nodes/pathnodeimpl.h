@@ -75,6 +75,9 @@ protected:
     virtual QRectF exactRect() const = 0;
     /// Whether lines between the flattened points are not good enough to be drawn.
     virtual bool isCurved() const = 0;
+    /// Whether no join of a solid line so wide reaches farther than half its width. False is always
+    /// safe.
+    virtual bool hasSmoothCorners(double) const { return false; }
     /// How far from the flattened points the segments' own outlines may lie.
     virtual double slack() const { return 0; }
     /// As one line, from the first segment's start to the last one's end.

@@ -15,7 +15,7 @@ using Element = QPainterPath::Element;
 
 CrossingMarks::CrossingMarks(const LinearPathNodeImpl& path,
                              std::span<const PathIntersection> crossings)
-    : m_path(path), m_toScene(path.sceneTransform()), m_crossings(crossings)
+    : m_toScene(path.sceneTransform()), m_path(path), m_crossings(crossings)
 {
     bool isInvertible = false;
     m_toLocal = m_toScene.inverted(&isInvertible);

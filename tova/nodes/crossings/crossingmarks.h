@@ -94,15 +94,16 @@ private:
     int addCurves(const QPainterPath& path, int first);
     void addPin(const Segment& segment, const PinMark& pin);
 
-    const LinearPathNodeImpl& m_path;
+    // What every paint reads lies together.
+    double m_scale = 0; ///< that marks are laid out for
+    StrokeArea m_area;
     QTransform m_toScene, m_toLocal;
+    const LinearPathNodeImpl& m_path;
     SegmentCrossings m_crossings;
     std::vector<Segment> m_segments;
-    double m_scale = 0; ///< that the rest is laid out for
     std::vector<Mark> m_marks;
     std::vector<Curve> m_curves;
     std::vector<Fade> m_fades;
-    StrokeArea m_area;
 };
 
 } // namespace Tova2
