@@ -14,6 +14,7 @@ enum class ChangeLevel : std::uint8_t {
     Announced = 5,  ///< other bounds of this node, soon: they are to be asked for when they matter
     Reach = 6,      ///< paints farther or less far around the same geometry
     Children = 7,   ///< has one child more or fewer; only followers are told
+    Renumbered = 8, ///< another z-value, in the same place of the stacking order
 };
 
 } // namespace Tova2

@@ -1,6 +1,7 @@
 #include "tova/nodes/node.h"
 
-#include "nodes/nodeimpl.h"
+#include "nodes/deferrederror.h"
+#include "nodes/nodekind.h"
 #include "nodes/scenelink.h"
 
 #include <algorithm>
@@ -9,42 +10,48 @@ namespace Tova2 {
 
 namespace {
 
-using Placement = void (SceneLink::*)(NodeImpl&, const NodeImpl&);
-
-/// Nothing between a node and itself, or between scenes.
-bool arePeers(const NodeImpl* node, const NodeImpl* reference)
+HeldNodes elementsOf(const std::vector<Node>& nodes)
 {
-    return node != reference && node->sceneLink() && node->sceneLink() == reference->sceneLink();
+    HeldNodes elements;
+    elements.reserve(nodes.size());
+    for (const Node& node : nodes)
+        elements.emplace_back(implBehind(node));
+    return elements;
 }
 
-void place(NodeImpl* node, const NodeImpl* reference, Placement placement)
+/// Each scene's at once.
+void toEdge(HeldNodes nodes, double direction)
 {
-    if (arePeers(node, reference))
-        (node->sceneLink()->*placement)(*node, *reference);
+    DeferredError error;
+    std::erase_if(nodes, [](const auto& node) { return !node->sceneLink(); });
+    while (!nodes.empty()) {
+        SceneLink& scene = *nodes.front()->sceneLink();
+        const auto others =
+            std::stable_partition(nodes.begin(), nodes.end(),
+                                  [&](const auto& node) { return node->sceneLink() == &scene; });
+        const HeldNodes here(nodes.begin(), others);
+        nodes.erase(nodes.begin(), others);
+        error.run([&] { scene.toEdge(here, direction); });
+        // What a tracker takes out meanwhile stays where it is.
+        std::erase_if(nodes, [](const auto& node) { return !node->sceneLink(); });
+    }
+    error.rethrow();
 }
 
-/// The nodes from the lowest z-value to the highest; those of equal value in the order given.
-std::vector<Node> byZValue(const std::vector<Node>& nodes)
+/// Nothing between a node and itself, or between scenes. Only those that are not beyond the
+/// reference already, if so asked.
+void placeNextTo(HeldNodes nodes, const Node& node, double direction, bool isOnlyEnsured = false)
 {
-    std::vector<Node> sorted = nodes;
-    std::stable_sort(sorted.begin(), sorted.end(),
-                     [](const Node& a, const Node& b) { return a.getZValue() < b.getZValue(); });
-    return sorted;
-}
-
-/// `step` on each node from the top down.
-template <class Step>
-void downwards(const std::vector<Node>& nodes, Step step)
-{
-    auto sorted = byZValue(nodes);
-    std::for_each(sorted.rbegin(), sorted.rend(), step);
-}
-
-template <class Step>
-void upwards(const std::vector<Node>& nodes, Step step)
-{
-    auto sorted = byZValue(nodes);
-    std::for_each(sorted.begin(), sorted.end(), step);
+    if (nodes.empty())
+        return;
+    const Vetra::Holder<NodeImpl> reference(implBehind(node));
+    SceneLink* const scene = reference->sceneLink();
+    std::erase_if(nodes, [&](const auto& placed) {
+        const double ahead = (placed->zValue() - reference->zValue()) * direction;
+        return placed == reference || placed->sceneLink() != scene || (isOnlyEnsured && ahead > 0);
+    });
+    if (scene && !nodes.empty())
+        scene->placeNextTo(nodes, *reference, direction);
 }
 
 } // namespace
@@ -101,70 +108,62 @@ void Node::setZValue(double z)
 
 void Node::toTop()
 {
-    NodeImpl* const impl = getValidImpl();
-    if (SceneLink* const scene = impl->sceneLink())
-        scene->toTop(*impl);
-}
-
-void Node::toBottom()
-{
-    NodeImpl* const impl = getValidImpl();
-    if (SceneLink* const scene = impl->sceneLink())
-        scene->toBottom(*impl);
-}
-
-void Node::placeAbove(const Node& reference)
-{
-    place(getValidImpl(), reference.getValidImpl(), &SceneLink::placeAbove);
-}
-
-void Node::placeBelow(const Node& reference)
-{
-    place(getValidImpl(), reference.getValidImpl(), &SceneLink::placeBelow);
-}
-
-void Node::ensureAbove(const Node& reference)
-{
-    if (getZValue() <= reference.getZValue())
-        placeAbove(reference);
-}
-
-void Node::ensureBelow(const Node& reference)
-{
-    if (getZValue() >= reference.getZValue())
-        placeBelow(reference);
+    toEdge({getValidImpl()}, +1);
 }
 
 void Node::toTop(const std::vector<Node>& nodes)
 {
-    // A node that is at the top already would stay below those that follow it there.
-    upwards(nodes, [](Node& node) { node.toTop(); });
+    toEdge(elementsOf(nodes), +1);
+}
+
+void Node::toBottom()
+{
+    toEdge({getValidImpl()}, -1);
 }
 
 void Node::toBottom(const std::vector<Node>& nodes)
 {
-    downwards(nodes, [](Node& node) { node.toBottom(); });
+    toEdge(elementsOf(nodes), -1);
 }
 
-// Each goes right next to the reference, so the one to end up farthest away goes first.
+void Node::placeAbove(const Node& reference)
+{
+    placeNextTo({getValidImpl()}, reference, +1);
+}
+
 void Node::placeAbove(const std::vector<Node>& nodes, const Node& reference)
 {
-    downwards(nodes, [reference](Node& node) { node.placeAbove(reference); });
+    placeNextTo(elementsOf(nodes), reference, +1);
+}
+
+void Node::placeBelow(const Node& reference)
+{
+    placeNextTo({getValidImpl()}, reference, -1);
 }
 
 void Node::placeBelow(const std::vector<Node>& nodes, const Node& reference)
 {
-    upwards(nodes, [reference](Node& node) { node.placeBelow(reference); });
+    placeNextTo(elementsOf(nodes), reference, -1);
+}
+
+void Node::ensureAbove(const Node& reference)
+{
+    placeNextTo({getValidImpl()}, reference, +1, true);
 }
 
 void Node::ensureAbove(const std::vector<Node>& nodes, const Node& reference)
 {
-    downwards(nodes, [reference](Node& node) { node.ensureAbove(reference); });
+    placeNextTo(elementsOf(nodes), reference, +1, true);
+}
+
+void Node::ensureBelow(const Node& reference)
+{
+    placeNextTo({getValidImpl()}, reference, -1, true);
 }
 
 void Node::ensureBelow(const std::vector<Node>& nodes, const Node& reference)
 {
-    upwards(nodes, [reference](Node& node) { node.ensureBelow(reference); });
+    placeNextTo(elementsOf(nodes), reference, -1, true);
 }
 
 void Node::setStacksBehindParent(bool behind)

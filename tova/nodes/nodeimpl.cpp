@@ -102,10 +102,12 @@ void NodeImpl::reportChange(ChangeLevel level)
 {
     // The scene asks nodes for bounds, and the sink tells: either may drop the last reference.
     const DestructionDelay delay;
-    // To a sink an announced change is one of geometry like any other.
-    const auto told = level == ChangeLevel::Announced ? ChangeLevel::Geometry : level;
+    // To a sink an announced change is one of geometry like any other, and z-values are z-values.
+    const auto told = level == ChangeLevel::Announced    ? ChangeLevel::Geometry
+                      : level == ChangeLevel::Renumbered ? ChangeLevel::Stacking
+                                                         : level;
     dropCaches(told);
-    if (level != ChangeLevel::Placement && level != ChangeLevel::Stacking)
+    if (told != ChangeLevel::Placement && told != ChangeLevel::Stacking)
         forgetEffectPictures();
     if (m_scene)
         m_scene->noteChange(*this, level);

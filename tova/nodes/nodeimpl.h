@@ -34,8 +34,8 @@ struct SceneRecord {
     std::uint32_t slot = kNone;          ///< in the display list
     std::uint32_t topLevelIndex = kNone; ///< among the scene's top-level nodes
     bool isUnsettled = false;            ///< has announced other bounds
-    bool isStale = false;                ///< its bounds are to be computed again
-    bool isSubtreeStale = false;         ///< so are those of all below it
+    bool isMoved = false;                ///< has another place in the stacking order
+    bool isSubtreeStale = false;         ///< boxes of it and all below are to be computed again
     bool isCounted = false;              ///< it was added by itself, not along with its parent
 };
 
@@ -80,6 +80,7 @@ public:
     /// Whether a scene or a parent holds a reference on the node.
     void setMembership(bool isMember);
     SceneRecord& sceneRecord() { return m_record; }
+    const SceneRecord& sceneRecord() const { return m_record; }
 
     // Geometry
     QTransform localTransform() const; ///< to the parent's coordinates

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "nodes/changelevel.h"
+#include "vetra/referenced.h"
 
 #include <QPointF>
 
@@ -13,6 +14,8 @@ class NodeImpl;
 class PathIntersectionsDecorator;
 struct PathIntersection;
 class Scene;
+
+using HeldNodes = std::vector<Vetra::Holder<NodeImpl>>;
 
 /// What a node asks of the scene it is in. Lets nodes stay below scenes.
 class SceneLink {
@@ -34,10 +37,12 @@ public:
 
     virtual void setZValue(NodeImpl& node, double z) = 0;
     virtual void stackOnTop(NodeImpl& node) = 0;
-    virtual void toTop(NodeImpl& node) = 0;
-    virtual void toBottom(NodeImpl& node) = 0;
-    virtual void placeAbove(NodeImpl& node, const NodeImpl& reference) = 0;
-    virtual void placeBelow(NodeImpl& node, const NodeImpl& reference) = 0;
+    // The nodes are of this scene, and keep their order. `direction` is +1 for up, -1 for down.
+    /// Beyond all others, in that direction.
+    virtual void toEdge(const HeldNodes& nodes, double direction) = 0;
+    /// Right beyond the reference, which is none of them.
+    virtual void placeNextTo(const HeldNodes& nodes, const NodeImpl& reference,
+                             double direction) = 0;
 
     /// Moves out the crossings that were found for the path and have not reached it. False where
     /// there is no news.

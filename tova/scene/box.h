@@ -27,6 +27,7 @@ struct Box {
                    : everywhere();
     }
 
+    bool operator==(const Box&) const = default;
     bool isNowhere() const { return !(left <= right); }
     QRectF rect() const { return {left, top, right - left, bottom - top}; }
     bool touches(const Box& b) const

@@ -36,7 +36,7 @@ std::vector<Candidate> candidatesIn(ScenePrivate& scene, const QRectF& exposed, 
     std::vector<Candidate> candidates;
     candidates.reserve(slots.size());
     for (const auto slot : slots)
-        candidates.push_back({list.node(slot), list.flags(slot)});
+        candidates.push_back({list.entries().node(slot), list.entries().flags(slot)});
     return candidates;
 }
 

@@ -25,6 +25,8 @@ bool reachesChildren(ChangeLevel level)
 void ScenePrivate::noteChange(NodeImpl& node, ChangeLevel level) noexcept
 {
     ++m_editCounter;
+    if (level == ChangeLevel::Renumbered)
+        return;
     m_cache->noteChange(node, level);
     m_crossings->nodeChanged(node, level);
     if (level == ChangeLevel::Appearance)
@@ -35,7 +37,7 @@ void ScenePrivate::noteChange(NodeImpl& node, ChangeLevel level) noexcept
         return;
     }
     if (level == ChangeLevel::Stacking) {
-        m_displayList.markOrderStale();
+        m_displayList.markMoved(node);
         return repaintAnew(node, Extent::WithChildren);
     }
     const bool reachesSubtree = reachesChildren(level) && !node.childItems().isEmpty();
@@ -45,7 +47,7 @@ void ScenePrivate::noteChange(NodeImpl& node, ChangeLevel level) noexcept
     if (!isWatched() || m_isAsking) {
         if (reachesSubtree)
             m_displayList.markSubtreeStale(node);
-        else
+        else if (level != ChangeLevel::Stacking)
             m_displayList.markStale(node);
     }
     repaintAnew(node, extent);
@@ -96,7 +98,7 @@ void ScenePrivate::noteReparented(NodeImpl& node) noexcept
 {
     if (!node.parentNode())
         addTopLevel(node);
-    m_displayList.markOrderStale();
+    m_displayList.markMoved(node);
     m_displayList.markSubtreeStale(node);
     m_crossings->nodeChanged(node, ChangeLevel::Placement);
     m_bounds.reset();
@@ -175,14 +177,8 @@ void ScenePrivate::repaintAnew(NodeImpl& node, Extent extent)
     if (m_isAsking)
         return requestRepaint(Box::everywhere());
     const FlagScope asking(m_isAsking);
-    if (extent == Extent::Alone)
-        return requestRepaint(m_displayList.computeBox(node));
-    Box all;
-    for (NodeImpl* const below : subtreeOf(node)) {
-        if (has(*below))
-            all.unite(m_displayList.computeBox(*below));
-    }
-    requestRepaint(all);
+    requestRepaint(
+        m_displayList.computeBox(extent == Extent::Alone ? Subtree{&node} : subtreeOf(node)));
 }
 
 void ScenePrivate::requestRepaint(const Box& box)

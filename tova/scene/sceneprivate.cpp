@@ -52,7 +52,8 @@ private:
 } // namespace
 
 ScenePrivate::ScenePrivate()
-    : m_tools(std::make_unique<SceneTools>(*this))
+    : m_displayList(m_editCounter)
+    , m_tools(std::make_unique<SceneTools>(*this))
     , m_cache(std::make_unique<NodeCache>())
     , m_backgroundPainter(std::make_unique<BackgroundPainter>())
     , m_crossings(std::make_unique<CrossingManager>(*this))
@@ -145,7 +146,7 @@ void ScenePrivate::enter(NodeImpl& node)
     // A node that hangs under another outside any scene comes in alone.
     if (node.parentNode())
         node.setParent(nullptr);
-    node.setZValue(nextZ(+1)); // cheaper while the toolkit need not sort by it
+    node.setZValue(widenZ(+1)); // cheaper while the toolkit need not sort by it
     const auto subtree = subtreeOf(node);
     m_toolkit.addSubtree(node, subtree);
     for (NodeImpl* const entered : subtree) {
@@ -269,6 +270,17 @@ std::vector<NodeImpl*> ScenePrivate::topLevelNodes() const
     return nodes;
 }
 
+void ScenePrivate::restack()
+{
+    if (!m_displayList.isOrderStale())
+        return m_displayList.restack({});
+    auto nodes = topLevelNodes();
+    const auto isBelow = [](const NodeImpl* a, const NodeImpl* b) { return stacksBelow(*a, *b); };
+    if (!std::is_sorted(nodes.begin(), nodes.end(), isBelow))
+        std::sort(nodes.begin(), nodes.end(), isBelow);
+    m_displayList.restack(nodes);
+}
+
 const DisplayList& ScenePrivate::displayList()
 {
     // A host that is asked for a node's bounds may ask back; it gets what is known.
@@ -277,19 +289,8 @@ const DisplayList& ScenePrivate::displayList()
     const DestructionDelay delay;
     const FlagScope asking(m_isAsking);
     followAnnounced();
-    if (!m_displayList.isOrderStale()) {
-        m_displayList.refresh({});
-        return m_displayList;
-    }
-    auto nodes = topLevelNodes();
-    const auto isBelow = [](const NodeImpl* a, const NodeImpl* b) {
-        if (a->stacksBehindParent() != b->stacksBehindParent())
-            return a->stacksBehindParent();
-        return a->zValue() < b->zValue();
-    };
-    if (!std::is_sorted(nodes.begin(), nodes.end(), isBelow))
-        std::stable_sort(nodes.begin(), nodes.end(), isBelow);
-    m_displayList.refresh(nodes);
+    restack();
+    m_displayList.refreshBoxes();
     return m_displayList;
 }
 
@@ -302,55 +303,53 @@ void include(const Box& box, Box& all)
 }
 
 template <class Visit>
-void forEachCounted(const DisplayList& list, std::size_t block, Visit visit)
+void forEachCounted(const EntryBlocks& entries, std::uint32_t block, Visit visit)
 {
-    const std::size_t first = block * DisplayList::kBlock;
-    const std::size_t end = std::min(first + DisplayList::kBlock, list.size());
-    for (std::size_t slot = first; slot < end; ++slot) {
-        if (!(list.flags(slot) & (DisplayList::Hidden | DisplayList::Uncounted)))
+    for (auto slot = EntryBlocks::first(block); slot < entries.end(block); ++slot) {
+        if (!(entries.flags(slot) & (DisplayList::Hidden | DisplayList::Uncounted)))
             visit(slot);
     }
 }
 
 /// Of the nodes whose boxes the list knows. Once the blocks that reach farthest are in, most others
 /// lie within and are passed by.
-Box knownBounds(const DisplayList& list)
+Box knownBounds(const EntryBlocks& entries)
 {
-    const auto boxes = list.blockBoxes();
-    const auto farthest = [&](auto edge) {
-        return static_cast<std::size_t>(
-            std::max_element(boxes.begin(), boxes.end(),
-                             [edge](const Box& a, const Box& b) { return edge(a) < edge(b); }) -
-            boxes.begin());
-    };
+    const auto blocks = entries.order();
     Box all;
-    if (boxes.empty())
+    if (blocks.empty())
         return all;
-    const auto includeBlock = [&](std::size_t block) {
-        forEachCounted(list, block, [&](std::size_t slot) { include(list.box(slot), all); });
+    const auto includeBlock = [&](std::uint32_t block) {
+        forEachCounted(entries, block, [&](auto slot) { include(entries.box(slot), all); });
     };
-    includeBlock(farthest([](const Box& b) { return -b.left; }));
-    includeBlock(farthest([](const Box& b) { return -b.top; }));
-    includeBlock(farthest([](const Box& b) { return b.right; }));
-    includeBlock(farthest([](const Box& b) { return b.bottom; }));
-    for (std::size_t block = 0; block < boxes.size(); ++block) {
-        if (!all.contains(boxes[block]))
+    const auto includeFarthest = [&](auto edge) {
+        const auto isNearer = [&](std::uint32_t a, std::uint32_t b) {
+            return edge(entries.commonBox(a)) < edge(entries.commonBox(b));
+        };
+        includeBlock(*std::max_element(blocks.begin(), blocks.end(), isNearer));
+    };
+    includeFarthest([](const Box& b) { return -b.left; });
+    includeFarthest([](const Box& b) { return -b.top; });
+    includeFarthest([](const Box& b) { return b.right; });
+    includeFarthest([](const Box& b) { return b.bottom; });
+    for (const auto block : blocks) {
+        if (!all.contains(entries.commonBox(block)))
             includeBlock(block);
     }
     return all;
 }
 
 /// Those of which the list knows only that they may be anywhere.
-std::vector<NodeImpl*> unknownNodes(const DisplayList& list)
+std::vector<NodeImpl*> unknownNodes(const EntryBlocks& entries)
 {
     std::vector<NodeImpl*> nodes;
-    const auto boxes = list.blockBoxes();
-    for (std::size_t block = 0; block < boxes.size(); ++block) {
-        if (std::isfinite(boxes[block].left) || boxes[block].isNowhere())
+    for (const auto block : entries.order()) {
+        const Box& common = entries.commonBox(block);
+        if (std::isfinite(common.left) || common.isNowhere())
             continue;
-        forEachCounted(list, block, [&](std::size_t slot) {
-            if (!std::isfinite(list.box(slot).left))
-                nodes.push_back(list.node(slot));
+        forEachCounted(entries, block, [&](auto slot) {
+            if (!std::isfinite(entries.box(slot).left))
+                nodes.push_back(entries.node(slot));
         });
     }
     return nodes;
@@ -365,8 +364,8 @@ QRectF ScenePrivate::bounds()
     if (m_bounds)
         return *m_bounds;
     const auto edits = m_editCounter;
-    Box all = knownBounds(displayList());
-    for (NodeImpl* const node : unknownNodes(m_displayList)) {
+    Box all = knownBounds(displayList().entries());
+    for (NodeImpl* const node : unknownNodes(m_displayList.entries())) {
         if (has(*node) && node->isVisibleToScene())
             include(boxOf(*node), all);
     }

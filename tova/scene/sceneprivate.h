@@ -59,10 +59,8 @@ public:
     // Stacking
     void setZValue(NodeImpl& node, double z) override;
     void stackOnTop(NodeImpl& node) override;
-    void toTop(NodeImpl& node) override;
-    void toBottom(NodeImpl& node) override;
-    void placeAbove(NodeImpl& node, const NodeImpl& reference) override;
-    void placeBelow(NodeImpl& node, const NodeImpl& reference) override;
+    void toEdge(const HeldNodes& nodes, double direction) override;
+    void placeNextTo(const HeldNodes& nodes, const NodeImpl& reference, double direction) override;
 
     // Changes
     void noteChange(NodeImpl& node, ChangeLevel level) noexcept override;
@@ -118,12 +116,14 @@ private:
     void reportRemoved(NodeImpl& node, DeferredError& error);
 
     bool storeZ(NodeImpl& node, double z);
-    double nextZ(double direction);
+    double widenZ(double by);
     void renumber();
-    void placeNextTo(NodeImpl& node, const NodeImpl& reference, double direction);
+    void shiftZ(NodeImpl& node, double by);
+    HeldNodes inOrder(HeldNodes nodes, double direction);
 
     enum class Extent { Alone, WithChildren };
     bool isWatched() const { return !m_repaintSinks.empty(); }
+    void restack();
     void repaintKnown(NodeImpl& node, Extent extent);
     void repaintAnew(NodeImpl& node, Extent extent);
     void requestRepaint(const Box& box);
@@ -131,6 +131,7 @@ private:
     void followAnnounced();
     void settleAnnounced();
 
+    std::uint64_t m_editCounter = 0;
     ToolkitScene m_toolkit;
     DisplayList m_displayList;
     std::vector<Scene*> m_owners;
@@ -152,7 +153,6 @@ private:
     double m_highestZ = 0;
     unsigned m_nodeCount = 0;
     unsigned m_changeCounter = 1;
-    std::uint64_t m_editCounter = 0;
     bool m_isTrackerOff = false;
     bool m_isAsking = false; ///< nodes, and so hosts, for bounds
 };

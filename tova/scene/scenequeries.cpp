@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 namespace Tova2::SceneQueries {
 
@@ -44,22 +45,27 @@ Hits hitsIn(ScenePrivate& scene, const Box& area, const QTransform& view)
 {
     const auto elsewhere = hitElsewhere(scene, area, view);
     const DisplayList& list = scene.displayList();
+    const EntryBlocks& entries = list.entries();
     DisplayList::Slots slots;
     list.candidates(area, kUnhittable, slots);
     for (NodeImpl* const node : elsewhere) {
         const auto slot = node->sceneRecord().slot;
-        if (scene.has(*node) && slot < list.size() && !(list.flags(slot) & kUnhittable))
+        if (entries.holds(*node) && !(entries.flags(slot) & kUnhittable))
             slots.push_back(slot);
     }
     if (!elsewhere.empty()) {
-        std::sort(slots.begin(), slots.end());
+        const auto ranks = entries.ranks();
+        std::sort(slots.begin(), slots.end(), [&](auto a, auto b) {
+            return std::pair(ranks[a / EntryBlocks::kBlock], a) <
+                   std::pair(ranks[b / EntryBlocks::kBlock], b);
+        });
         slots.erase(std::unique(slots.begin(), slots.end()), slots.end());
     }
     Hits hits;
     hits.reserve(slots.size());
     for (auto slot = slots.rbegin(); slot != slots.rend(); ++slot)
-        hits.push_back(
-            {list.node(*slot), list.box(*slot), (list.flags(*slot) & DisplayList::Special) != 0});
+        hits.push_back({entries.node(*slot), entries.box(*slot),
+                        (entries.flags(*slot) & DisplayList::Special) != 0});
     return hits;
 }
 
@@ -143,12 +149,15 @@ bool intersects(const Hit& hit, const Bounds& area)
 
 std::vector<NodeImpl*> all(ScenePrivate& scene)
 {
-    const DisplayList& list = scene.displayList();
+    const EntryBlocks& entries = scene.displayList().entries();
+    const auto blocks = entries.order();
     std::vector<NodeImpl*> nodes;
-    nodes.reserve(list.size());
-    for (std::size_t slot = list.size(); slot-- > 0;) {
-        if (NodeImpl* const node = list.node(slot))
-            nodes.push_back(node);
+    nodes.reserve(entries.size());
+    for (auto block = blocks.rbegin(); block != blocks.rend(); ++block) {
+        for (auto slot = entries.end(*block); slot-- > EntryBlocks::first(*block);) {
+            if (NodeImpl* const node = entries.node(slot))
+                nodes.push_back(node);
+        }
     }
     return nodes;
 }

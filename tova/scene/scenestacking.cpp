@@ -3,6 +3,8 @@
 
 #include <algorithm>
 #include <cmath>
+#include <tuple>
+#include <unordered_set>
 
 namespace Tova2 {
 
@@ -20,6 +22,7 @@ bool ScenePrivate::storeZ(NodeImpl& node, double z)
     m_lowestZ = std::min(m_lowestZ, z);
     m_highestZ = std::max(m_highestZ, z);
     static_cast<QGraphicsItem&>(node).setZValue(z);
+    m_displayList.markMoved(node); // at once, as hosts may ask for the order before they are told
     return true;
 }
 
@@ -29,14 +32,14 @@ void ScenePrivate::setZValue(NodeImpl& node, double z)
         node.reportChange(ChangeLevel::Stacking);
 }
 
-// Widens the record by 1 at the top or the bottom; the scene is renumbered first where that would
-// not be exact.
-double ScenePrivate::nextZ(double direction)
+// Widens the record at the top or the bottom, and gives its new edge; the scene is renumbered first
+// where that would not be exact.
+double ScenePrivate::widenZ(double by)
 {
-    double& edge = direction > 0 ? m_highestZ : m_lowestZ;
-    if (std::max(m_highestZ, -m_lowestZ) >= kExactLimit - 1)
+    double& edge = by > 0 ? m_highestZ : m_lowestZ;
+    if (std::max(m_highestZ, -m_lowestZ) >= kExactLimit - std::abs(by))
         renumber();
-    return edge += direction;
+    return edge += by;
 }
 
 // Equal values stay equal, and the order stays as it is.
@@ -61,56 +64,96 @@ void ScenePrivate::renumber()
     }
 }
 
+// Where the sum is exact, the order stays as it is.
+void ScenePrivate::shiftZ(NodeImpl& node, double by)
+{
+    const double before = node.zValue();
+    static_cast<QGraphicsItem&>(node).setZValue(before + by);
+    if (node.zValue() - by != before)
+        m_displayList.markOrderStale();
+}
+
 void ScenePrivate::stackOnTop(NodeImpl& node)
 {
-    storeZ(node, nextZ(+1));
+    storeZ(node, widenZ(+1));
     node.reportChange(ChangeLevel::Stacking);
 }
 
-void ScenePrivate::toTop(NodeImpl& node)
+/// Each once; in the stacking order also where z-values are equal. Downwards for a direction
+/// below 0.
+HeldNodes ScenePrivate::inOrder(HeldNodes nodes, double direction)
 {
-    if (node.zValue() != m_highestZ)
-        stackOnTop(node);
+    if (nodes.size() < 2)
+        return nodes;
+    if (!m_isAsking)
+        restack();
+    const EntryBlocks& entries = m_displayList.entries();
+    const auto ranks = entries.ranks();
+    const auto place = [&](const NodeImpl& node) {
+        const auto slot = node.sceneRecord().slot;
+        const auto rank = slot == SceneRecord::kNone ? slot : ranks[slot / EntryBlocks::kBlock];
+        return std::tuple(node.zValue(), rank, slot);
+    };
+    std::sort(nodes.begin(), nodes.end(),
+              [&](const auto& a, const auto& b) { return place(*a) < place(*b); });
+    nodes.erase(std::unique(nodes.begin(), nodes.end()), nodes.end());
+    if (direction < 0)
+        std::reverse(nodes.begin(), nodes.end());
+    return nodes;
 }
 
-void ScenePrivate::toBottom(NodeImpl& node)
+namespace {
+
+/// Once all have their values: a tracker may throw.
+void report(const HeldNodes& nodes, ChangeLevel level, DeferredError& error)
 {
-    if (node.zValue() == m_lowestZ)
-        return;
-    storeZ(node, nextZ(-1));
-    node.reportChange(ChangeLevel::Stacking);
+    for (const auto& node : nodes)
+        error.run([&] { node->reportChange(level); });
 }
 
-void ScenePrivate::placeAbove(NodeImpl& node, const NodeImpl& reference)
-{
-    placeNextTo(node, reference, +1);
-}
+} // namespace
 
-void ScenePrivate::placeBelow(NodeImpl& node, const NodeImpl& reference)
+void ScenePrivate::toEdge(const HeldNodes& nodes, double direction)
 {
-    placeNextTo(node, reference, -1);
-}
-
-// Makes room by moving all that lies beyond the reference, in the whole scene, away by 1.
-void ScenePrivate::placeNextTo(NodeImpl& node, const NodeImpl& reference, double direction)
-{
-    nextZ(direction);
-    const double base = reference.zValue();
-    std::vector<Vetra::Holder<NodeImpl>> moved;
-    for (NodeImpl* const top : topLevelNodes()) {
-        for (NodeImpl* const other : subtreeOf(*top)) {
-            const double z = other->zValue();
-            if (other == &node || !(direction > 0 ? z > base : z < base))
-                continue;
-            static_cast<QGraphicsItem*>(other)->setZValue(z + direction);
-            moved.emplace_back(other);
+    HeldNodes moved;
+    for (const auto& node : inOrder(nodes, direction)) {
+        if (node->zValue() != (direction > 0 ? m_highestZ : m_lowestZ)) {
+            storeZ(*node, widenZ(direction));
+            moved.push_back(node);
         }
     }
-    storeZ(node, base + direction);
     DeferredError error;
-    error.run([&] { node.reportChange(ChangeLevel::Stacking); });
-    for (const auto& other : moved)
-        error.run([&] { other->reportChange(ChangeLevel::Stacking); });
+    report(moved, ChangeLevel::Stacking, error);
+    error.rethrow();
+}
+
+// Makes room by moving all that lies beyond the reference, in the whole scene, as far away as there
+// are nodes to be placed. That leaves those in their order.
+void ScenePrivate::placeNextTo(const HeldNodes& nodes, const NodeImpl& reference, double direction)
+{
+    const HeldNodes placed = inOrder(nodes, direction);
+    const double room = direction * static_cast<double>(placed.size());
+    widenZ(room);
+    const double base = reference.zValue();
+    std::unordered_set<const NodeImpl*> arePlaced;
+    double z = base;
+    for (const auto& node : placed) {
+        storeZ(*node, z += direction);
+        m_displayList.markMoved(*node); // others have moved, if not this
+        arePlaced.insert(node.get());
+    }
+    HeldNodes beyond;
+    for (NodeImpl* const top : topLevelNodes()) {
+        for (NodeImpl* const other : subtreeOf(*top)) {
+            if ((other->zValue() - base) * direction > 0 && !arePlaced.contains(other))
+                beyond.emplace_back(other);
+        }
+    }
+    for (const auto& node : beyond)
+        shiftZ(*node, room);
+    DeferredError error;
+    report(placed, ChangeLevel::Stacking, error);
+    report(beyond, ChangeLevel::Renumbered, error);
     error.rethrow();
 }
 
