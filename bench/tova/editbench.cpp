@@ -7,6 +7,7 @@
 #include <benchmark/benchmark.h>
 
 #include <QCoreApplication>
+#include <QGraphicsItem>
 #include <QGraphicsView>
 
 #include <string>
@@ -46,7 +47,7 @@ const std::vector<QPointF> kBends{{60, 15}, {80, 15}, {80, 45}, {100, 45}};
 
 LineEndDecoration arrowHead()
 {
-    return LineEndings::createFilledArrow(Stroke());
+    return LineEndings::createFilledArrow(StrokeStyle::SolidLine);
 }
 
 OpenLinearPathNode addConnector(Scene& scene, int index)

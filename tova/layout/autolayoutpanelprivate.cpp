@@ -44,6 +44,10 @@ Vetra::Holder<AutoLayoutPanel> AutoLayoutPanelPrivate::keptAlive() const
 
 void AutoLayoutPanelPrivate::memberChanged(ChangeLevel level)
 {
+    if (level == ChangeLevel::Stacking && !m_isLayingOut)
+        m_tail.reset(); // the next layout puts z-values right
+    if (m_isQuiet)
+        ++m_quietChanges;
     if (m_isQuiet || level == ChangeLevel::Appearance || level == ChangeLevel::Stacking)
         return;
     const auto keep = keptAlive();
@@ -124,10 +128,13 @@ void AutoLayoutPanelPrivate::insert(int index, const Vetra::StringID& name, cons
 {
     const auto keep = keptAlive();
     const Node namesake = m_members.named(name);
+    const bool isAppended =
+        index >= m_members.count() && !namesake.isValid() && node.getParent() != root;
     Node member = node;
     DeferredError error;
     {
         const FlagScope quiet(m_isQuiet);
+        m_quietChanges = 0;
         error.run([&] { member.setParent(root); });
     }
     if (member.getParent() != root)
@@ -136,7 +143,8 @@ void AutoLayoutPanelPrivate::insert(int index, const Vetra::StringID& name, cons
         take(namesake, error);
     m_members.place(member, index);
     m_members.setName(member, name);
-    error.run([this] { requestLayout(); });
+    // That it has come is the only news, if no tracker has made others.
+    error.run([&] { isAppended&& m_quietChanges == 1 ? layoutAppended() : requestLayout(); });
     error.rethrow();
 }
 

@@ -76,18 +76,25 @@ private:
         bool isShown = true;
     };
     using Plan = std::vector<Placed>;
+    /// Where the last layout has ended, and so where it goes on for what is appended.
+    struct Tail {
+        Flow flow;
+        QRectF shown; ///< bounds of all members that are shown
+    };
 
     Vetra::Holder<AutoLayoutPanel> keptAlive() const;
     void memberChanged(ChangeLevel level);
     /// Out of the scene and off the root.
     void take(Node member, DeferredError& error);
     void applyStyle();
+    void layoutAppended();
     void layoutOnce(DeferredError& error);
+    void layoutLast(DeferredError& error);
     double panelScale() const;
-    Plan makePlan() const;
-    void carryOut(const Plan& plan, DeferredError& error);
+    Plan makePlan(const std::vector<Node>& members, Tail& tail) const;
+    void carryOut(const Plan& plan, int index, DeferredError& error);
     void showMember(const Placed& placed, int index);
-    void showFrame(const Plan& plan, DeferredError& error);
+    void showFrame(const QRectF& members, DeferredError& error);
     std::optional<QRectF> anchorRect() const;
     void place();
     void viewChanged();
@@ -107,7 +114,9 @@ private:
     double m_viewScale = 1; ///< that it was made for
     CanvasSpot m_spot;
     std::vector<Vemit::Connection> m_followed; ///< of what it is installed on
+    std::optional<Tail> m_tail; ///< none once anything but an appended member is news
     int m_suspendCount = 0;
+    int m_quietChanges = 0; ///< heard of while `m_isQuiet`
     bool m_isPending = true;
     bool m_isLayingOut = false;
     bool m_mustGoOn = false; ///< asked for a layout during one

@@ -122,6 +122,7 @@ void AutoLayoutPanelPrivate::forgetPlace()
     m_installation = Installation::None;
     m_isAnchored = false;
     m_isPending = true;
+    m_tail.reset();
 }
 
 void AutoLayoutPanelPrivate::leave(DeferredError& error)

@@ -29,6 +29,8 @@ public:
     void reconcile(DeferredError& error);
     /// Gives the node, which is a child of the root, that index or the nearest one.
     void place(const Node& node, int index);
+    /// What `reconcile` does for a node that was placed last, if nothing else has changed.
+    void followLast() { follow(m_members.back()); }
     void setName(const Node& node, const Vetra::StringID& name);
 
     int count() const { return static_cast<int>(m_members.size()); }
