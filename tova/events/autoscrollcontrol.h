@@ -2,6 +2,8 @@
 
 #include "tova/events/tool.h"
 
+#include <vector>
+
 namespace Tova2 {
 
 /// What tool stacks ask of the autoscroller, of which the process has one.
@@ -11,15 +13,19 @@ public:
     virtual void start(Tool::EAutoScrollType type) = 0;
     virtual void stop() = 0;
 
-    /// Null as long as there is none.
-    static AutoScrollControl* current() noexcept { return s_current; }
-    static void setCurrent(AutoScrollControl* control) noexcept { s_current = control; }
+    /// The one made last of those that live; null as long as there is none.
+    static AutoScrollControl* current() noexcept;
 
 protected:
-    ~AutoScrollControl() = default;
+    /// The process's own gives way to whatever stands in for it, made sooner or later.
+    explicit AutoScrollControl(bool isOwn = false);
+    AutoScrollControl(const AutoScrollControl&) = delete;
+    AutoScrollControl& operator=(const AutoScrollControl&) = delete;
+    ~AutoScrollControl();
+    static const std::vector<AutoScrollControl*>& all() noexcept { return list(); }
 
 private:
-    static AutoScrollControl* s_current;
+    static std::vector<AutoScrollControl*>& list() noexcept;
 };
 
 } // namespace Tova2

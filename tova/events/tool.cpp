@@ -1,7 +1,7 @@
 #include "tova/events/tool.h"
 
-#include "events/firsterror.h"
 #include "events/toolstackcore.h"
+#include "nodes/deferrederror.h"
 #include "tova/events/event.h"
 #include "tova/events/mouseevent.h"
 
@@ -74,7 +74,7 @@ void Tool::setInteractionState(EInteractionState state)
     const EInteractionState old = std::exchange(m_state, state);
     if (m_stack)
         m_stack->noteState(*this);
-    FirstError errors;
+    DeferredError errors;
     errors.run([&] {
         if (m_stateSink)
             m_stateSink->toolStateChanged(*this, old, state);

@@ -40,7 +40,7 @@ bool ToolDispatch::tryTool(Tool& tool, TraceLine& line, Call call)
             line << " [dropped; tool done]";
         else if (m_isKeyRepeat && !tool.requiresKeyAutoRepeat())
             line << " [dropped; tool ignores key repeat events]";
-        else if (m_core.hasTool(&tool))
+        else if (m_core.serves(tool))
             call(tool);
         m_core.collectCursor(tool);
     });
@@ -55,7 +55,7 @@ void ToolDispatch::offerToActive(Tool& tool, Call call)
     TraceLine line;
     const auto before = tool.getInteractionState();
     m_errors.run([&] {
-        if (m_core.isShutOut(tool)) {
+        if (m_core.isShutOut(tool)) { // until its cancellation has returned
             line << kHandling.skipping << tool << ") in readonly mode";
             return;
         }
@@ -100,7 +100,7 @@ void ToolDispatch::run()
         m_errors.run([this] { finish(); });
     }
     traceEnd(m_event);
-    m_errors.rethrow();
+    m_core.settle(m_errors);
 }
 
 void ToolDispatch::offer()

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "events/firsterror.h"
 #include "events/tooltracelog.h"
+#include "nodes/deferrederror.h"
 #include "tova/events/tool.h"
 
 namespace Tova2 {
@@ -38,7 +38,7 @@ private:
     ToolStackCore& m_core;
     Event& m_event;
     bool m_isKeyRepeat;
-    FirstError m_errors; // an exception ends the offering, not the dispatch
+    DeferredError m_errors; // an exception ends the offering, not the dispatch
 };
 
 } // namespace Tova2

@@ -7,19 +7,20 @@ namespace Tova2 {
 
 ToolList::Position ToolList::find(const Tool* tool) noexcept
 {
-    return std::find_if(m_places.begin(), m_places.end(),
-                        [tool](const Place& place) { return !place.isGone && place.tool == tool; });
+    return std::find_if(m_places.begin(), m_places.end(), [tool](const Place& place) {
+        return !place.isGone() && place.tool == tool;
+    });
 }
 
 ToolList::Position ToolList::findRole(const Vetra::StringID& role) noexcept
 {
     return std::find_if(m_places.begin(), m_places.end(),
-                        [&](const Place& place) { return !place.isGone && place.role == role; });
+                        [&](const Place& place) { return !place.isGone() && place.role == role; });
 }
 
 void ToolList::insertAbove(Position position, Tool& tool, const Vetra::StringID& role)
 {
-    m_places.insert(position, Place{Vetra::Holder<Tool>(&tool), role});
+    m_places.insert(position, Place{Vetra::Holder<Tool>(&tool), role, ++m_changes});
     ++m_count;
     m_isCurrentDirty = true;
 }
@@ -33,6 +34,8 @@ void ToolList::moveAbove(Position position, Position moved, const Vetra::StringI
 void ToolList::remove(Position position) noexcept
 {
     giveUp(position);
+    for (Place& place : m_places) // where it was before included
+        place.hasLeft = place.hasLeft || (place.isGone() && place.tool == position->tool);
     const auto listed = std::find(m_current.begin(), m_current.end(), position->tool);
     if (listed != m_current.end())
         listed->reset();
@@ -41,7 +44,7 @@ void ToolList::remove(Position position) noexcept
 void ToolList::giveUp(Position position) noexcept
 {
     Q_ASSERT(m_pins > 0);
-    position->isGone = true;
+    position->until = ++m_changes;
     --m_count;
     m_hasGone = true;
     m_isCurrentDirty = true;
@@ -52,7 +55,7 @@ const std::vector<Vetra::Holder<Tool>>& ToolList::current()
     if (m_isCurrentDirty) {
         m_current.clear();
         for (const Place& place : m_places) {
-            if (!place.isGone)
+            if (!place.isGone())
                 m_current.push_back(place.tool);
         }
         m_isCurrentDirty = false;
@@ -66,7 +69,7 @@ void ToolList::unlinkGone() noexcept
     std::list<Place> gone;
     for (auto place = m_places.begin(); place != m_places.end();) {
         const auto next = std::next(place);
-        if (place->isGone)
+        if (place->isGone())
             gone.splice(gone.end(), m_places, place);
         place = next;
     }

@@ -4,7 +4,9 @@
 #include "vetra/referenced.h"
 #include "vetra/stringid.h"
 
+#include <cstdint>
 #include <iterator>
+#include <limits>
 #include <list>
 #include <vector>
 
@@ -13,13 +15,21 @@ namespace Tova2 {
 /// The tools of one stack with their roles, top first. A tool has one place at most.
 ///
 /// While somebody holds a pin, a place that was given up is only marked: those who walk stay where
-/// they are, and the tool stays alive.
+/// they are, and the tool stays alive. Places know from which change of the list to which they are
+/// in it, so that a walk goes by the list as it found it: it comes to each tool once, however tools
+/// are moved about meanwhile, and to none that has been added.
 class ToolList {
+    static constexpr std::uint64_t kStays = std::numeric_limits<std::uint64_t>::max();
+
 public:
     struct Place {
         Vetra::Holder<Tool> tool;
         Vetra::StringID role;
-        bool isGone = false;
+        std::uint64_t since;
+        std::uint64_t until = kStays;
+        bool hasLeft = false; ///< the tool, and not only for another place
+
+        bool isGone() const noexcept { return until != kStays; }
     };
     using Position = std::list<Place>::iterator;
 
@@ -42,20 +52,28 @@ public:
     /// One way down the list; a pin has to be held for as long.
     class Walk {
     public:
-        explicit Walk(ToolList& list) noexcept : m_list(list), m_at(list.m_places.end()) {}
-        /// Null at the end. What is put in right above the tool handed out last is above the walk.
+        explicit Walk(ToolList& list) noexcept
+            : m_list(list), m_at(list.m_places.end()), m_began(list.m_changes)
+        {}
+        /// Null at the end.
         Tool* next()
         {
             m_at = m_isStarted ? std::next(m_at) : m_list.m_places.begin();
             m_isStarted = true;
-            while (m_at != m_list.m_places.end() && m_at->isGone)
+            while (m_at != m_list.m_places.end() && !isDue(*m_at))
                 ++m_at;
             return m_at == m_list.m_places.end() ? nullptr : m_at->tool.get();
         }
 
     private:
+        bool isDue(const Place& place) const noexcept
+        {
+            return place.since <= m_began && place.until > m_began && !place.hasLeft;
+        }
+
         ToolList& m_list;
         Position m_at;
+        std::uint64_t m_began;
         bool m_isStarted = false;
     };
 
@@ -82,6 +100,7 @@ private:
     std::list<Place> m_places;
     std::vector<Vetra::Holder<Tool>> m_current;
     std::size_t m_count = 0;
+    std::uint64_t m_changes = 0;
     int m_pins = 0;
     bool m_hasGone = false;
     bool m_isCurrentDirty = false;

@@ -1,6 +1,5 @@
 #include "events/toolstack.h"
 
-#include "events/firsterror.h"
 #include "events/toolstackcore.h"
 
 #include <string>
@@ -79,9 +78,7 @@ void ToolStack::clearToolStack()
 
 void ToolStack::cancelAllTools()
 {
-    FirstError errors;
-    m_core->cancelTools(nullptr, Tool::ECancelReason::AllToolsCancelled, errors);
-    errors.rethrow();
+    m_core->cancelAllTools();
 }
 
 void ToolStack::sendMessageToTools(Vetra::StringID id, const Vetra::any& payload)
@@ -133,6 +130,11 @@ const std::vector<Vetra::Holder<Tool>>& ToolStack::listCurrentTools() const
 bool ToolStack::getToolstackReadonly() const
 {
     return m_core->isReadonly();
+}
+
+void ToolStack::renewCursor()
+{
+    m_core->renewCursor();
 }
 
 void ToolStack::setToolstackReadonly(bool readonly)

@@ -51,10 +51,12 @@ public:
     /// turns into an empty holder in the one handed out.
     const std::vector<Vetra::Holder<Tool>>& listCurrentTools() const;
     bool getToolstackReadonly() const;
-    /// Cancels an active tool that modifies.
+    /// Cancels the tools that modify and are in the middle of something.
     void setToolstackReadonly(bool readonly);
     /// That the tools have asked for last.
     const std::optional<Vetra::Cursor>& overrideCursor() const;
+    /// Asks all tools anew, when what they answer may have changed without an event.
+    void renewCursor();
 
     void handleMouseMoveEvent(MouseEvent& event) override;
     void handleMousePressEvent(MouseEvent& event) override;

@@ -1,10 +1,10 @@
 // Who is active: state changes, cancel walks, read-only mode and the cursor that follows from it.
 
 #include "events/autoscrollcontrol.h"
-#include "events/firsterror.h"
 #include "events/toolstackcore.h"
 #include "events/toolstackhost.h"
 #include "events/toolstackscopes.h"
+#include "nodes/deferrederror.h"
 
 #include <algorithm>
 
@@ -26,19 +26,22 @@ void stopAutoScroll()
 
 } // namespace
 
-bool ToolStackCore::mayActivate(const Tool& tool) const noexcept
+bool ToolStackCore::mayActivate(const Tool& tool) const
 {
-    return m_cancelWalks < kMostCancelWalks && (!m_activating || m_activating == &tool);
+    return m_cancelWalks < kMostCancelWalks && (!m_activating || m_activating == &tool) &&
+           !isShutOut(tool);
 }
 
 void ToolStackCore::toolStateChanged(Tool& tool, State old, State now)
 {
     const Use use(*this);
-    FirstError errors;
+    DeferredError errors;
     if (old == State::Active)
         errors.run([&] { deactivate(tool); });
     if (now == State::Active)
         errors.run([&] { activate(tool); });
+    // An operation under way asks for the cursor itself; by a timer there is none.
+    m_isCursorStale = m_isCursorStale || m_uses == 1;
     settle(errors);
 }
 
@@ -48,7 +51,9 @@ void ToolStackCore::deactivate(Tool& tool)
     if (m_active != &tool)
         return;
     m_active = nullptr;
-    if (tool.autoScrollTypeDuringDrag() != Tool::EAutoScrollType::None)
+    // Whatever the tool says by now.
+    if (std::exchange(m_isScrolling, false) ||
+        tool.autoScrollTypeDuringDrag() != Tool::EAutoScrollType::None)
         stopAutoScroll();
 }
 
@@ -57,12 +62,13 @@ void ToolStackCore::forgetActive(const Tool* tool) noexcept
     if (!m_active || m_active != tool)
         return;
     m_active = nullptr;
+    m_isScrolling = false;
     stopAutoScroll();
 }
 
 void ToolStackCore::activate(Tool& tool)
 {
-    FirstError errors;
+    DeferredError errors;
     const Tool* const outer = std::exchange(m_activating, &tool);
     cancelTools(&tool, Tool::ECancelReason::OtherToolActivated, errors);
     m_activating = outer;
@@ -73,13 +79,23 @@ void ToolStackCore::activate(Tool& tool)
         if (auto* control = AutoScrollControl::current())
             control->start(type);
         m_active = &tool;
+        m_isScrolling = type != Tool::EAutoScrollType::None;
         m_hasActivated = true;
         ++m_activations;
     }
     errors.rethrow();
 }
 
-int ToolStackCore::cancelTools(const Tool* exempt, Tool::ECancelReason reason, FirstError& errors)
+void ToolStackCore::cancelAllTools()
+{
+    const Use use(*this);
+    DeferredError errors;
+    cancelTools(nullptr, Tool::ECancelReason::AllToolsCancelled, errors);
+    settle(errors);
+}
+
+int ToolStackCore::cancelTools(const Tool* exempt, Tool::ECancelReason reason,
+                               DeferredError& errors)
 {
     if (m_cancelWalks == kMostCancelWalks)
         return 0;
@@ -101,15 +117,20 @@ int ToolStackCore::cancelTools(const Tool* exempt, Tool::ECancelReason reason, F
 }
 
 int ToolStackCore::cancelOne(Tool& tool, const Tool* exempt, Tool::ECancelReason reason,
-                             FirstError& errors)
+                             DeferredError& errors)
 {
     int result = 0;
+    if (!serves(tool))
+        return result;
     if (tool.isActive() || tool.isAlert())
         errors.run([&] { result = tool.cancelsTransparently() ? 1 : 2; });
     errors.run([&] { tool.cancel(reason, exempt); });
-    // One active tool at most, whatever the tool thinks of it.
-    if (reason == Tool::ECancelReason::OtherToolActivated && tool.isActive() && hasTool(&tool))
-        errors.run([&] { tool.becomeIdle(); });
+    // One active tool at most, and none that is shut out, whatever the tool thinks of it.
+    errors.run([&] {
+        const bool hasTo = reason == Tool::ECancelReason::OtherToolActivated || isShutOut(tool);
+        if (hasTo && tool.isActive() && hasTool(&tool))
+            tool.becomeIdle();
+    });
     return result;
 }
 
@@ -118,29 +139,29 @@ void ToolStackCore::setReadonly(bool isReadonly)
     if (isReadonly == m_isReadonly)
         return;
     m_isReadonly = isReadonly;
-    if (!m_active)
-        return;
+    // A gesture that has begun would not hear of its end.
     const Use use(*this);
-    FirstError errors;
-    bool isCancelled = false;
-    errors.run([&] {
+    DeferredError errors;
+    {
         const Inside inside(*this);
-        isCancelled = isShutOut(*m_active);
-        if (isCancelled)
-            m_active->cancel(Tool::ECancelReason::AllToolsCancelled, nullptr);
-    });
-    if (isCancelled) {
-        removeDoneTools(errors);
-        errors.run([this] { renewCursor(); });
+        ToolList::Walk walk(m_tools);
+        while (Tool* tool = walk.next()) {
+            errors.run([&] {
+                if (isShutOut(*tool) && !tool->isIdle())
+                    cancelOne(*tool, nullptr, Tool::ECancelReason::AllToolsCancelled, errors);
+            });
+        }
     }
+    removeDoneTools(errors);
+    errors.run([this] { renewCursor(); });
     settle(errors);
 }
 
 void ToolStackCore::renewCursor()
 {
     m_cursor = {};
-    m_hasLostCursor = false;
-    FirstError errors;
+    m_isCursorStale = false;
+    DeferredError errors;
     if (m_active)
         errors.run([this] { collectCursor(*m_active); });
     ToolList::Walk walk(m_tools);

@@ -1,7 +1,8 @@
 #include "events/toolstackcore.h"
 
-#include "events/firsterror.h"
+#include "events/toolstackhost.h"
 #include "events/toolstackscopes.h"
+#include "nodes/deferrederror.h"
 
 namespace Tova2 {
 
@@ -9,7 +10,7 @@ void ToolStackCore::retire() noexcept
 {
     const Use use(*this);
     m_isRetired = true;
-    FirstError ignored; // There is nobody left to tell.
+    DeferredError ignored; // There is nobody left to tell.
     ignored.run([this] { clear(); });
     m_host = nullptr;
     m_scene = nullptr;
@@ -30,10 +31,10 @@ void ToolStackCore::addTool(Tool* tool, const Vetra::StringID& role)
         return;
     const Use use(*this);
     const Vetra::Holder<Tool> alive(tool);
-    FirstError errors;
+    DeferredError errors;
     removeDoneTools(errors);
     const auto taken = m_tools.findRole(role);
-    if ((tool->m_stack && !hasTool(tool)) || (taken != m_tools.end() && taken->tool == tool))
+    if (!mayEnter(*tool) || (taken != m_tools.end() && taken->tool == tool))
         return errors.rethrow();
     if (taken != m_tools.end())
         dismiss(*taken->tool, errors);
@@ -41,12 +42,18 @@ void ToolStackCore::addTool(Tool* tool, const Vetra::StringID& role)
     settle(errors);
 }
 
+/// Not a tool of another stack, nor one on its way out, which asks for a role in its own farewell.
+bool ToolStackCore::mayEnter(const Tool& tool) const noexcept
+{
+    return !tool.m_stack || (hasTool(&tool) && tool.m_membership == Tool::Membership::Member);
+}
+
 /// What callbacks did in the meantime stands: they may have brought the tool in, given the role to
 /// another one, or destroyed the stack.
 void ToolStackCore::enter(Tool& tool, const Vetra::StringID& role)
 {
     auto place = m_tools.findRole(role);
-    if ((tool.m_stack && !hasTool(&tool)) || m_isRetired)
+    if (!mayEnter(tool) || m_isRetired)
         return;
     if (place != m_tools.end() && (place->tool == &tool || place->tool->m_stateSink))
         return;
@@ -68,7 +75,12 @@ void ToolStackCore::join(Tool& tool)
     tool.m_membership = Tool::Membership::Member;
     tool.m_scene = m_scene;
     noteState(tool);
-    tool.onAddToStack();
+    DeferredError errors;
+    errors.run([&] { tool.onAddToStack(); });
+    // One that was active before it came claims the interaction now.
+    if (tool.isActive() && m_active != &tool && tool.m_stateSink == this)
+        errors.run([&] { mayActivate(tool) ? activate(tool) : tool.becomeIdle(); });
+    errors.rethrow();
 }
 
 bool ToolStackCore::removeTool(Tool* tool)
@@ -76,7 +88,7 @@ bool ToolStackCore::removeTool(Tool* tool)
     if (!isListed(tool) || tool->m_membership != Tool::Membership::Member)
         return false;
     const Use use(*this);
-    FirstError errors;
+    DeferredError errors;
     errors.run([&] { cancelForRemoval(*tool); });
     // Unless the cancellation has made it leave in another way.
     if (hasTool(tool) && tool->m_membership == Tool::Membership::Cancelled) {
@@ -105,7 +117,7 @@ void ToolStackCore::addToolBeside(Tool* tool, const Vetra::StringID& role, bool 
     if (!tool)
         return;
     const Use use(*this);
-    FirstError errors;
+    DeferredError errors;
     errors.run([&] { addTool(tool, tool->getDefaultRole()); });
     moveTool(tool, role, isAbove);
     settle(errors);
@@ -114,7 +126,7 @@ void ToolStackCore::addToolBeside(Tool* tool, const Vetra::StringID& role, bool 
 void ToolStackCore::clear()
 {
     const Use use(*this);
-    FirstError errors;
+    DeferredError errors;
     forgetActive(m_active);
     ToolList::Walk walk(m_tools);
     while (Tool* tool = walk.next())
@@ -123,7 +135,7 @@ void ToolStackCore::clear()
 }
 
 /// Cancels a tool whose role another one gets, and takes leave of it; it stays in its place.
-void ToolStackCore::dismiss(Tool& tool, FirstError& errors)
+void ToolStackCore::dismiss(Tool& tool, DeferredError& errors)
 {
     errors.run([&] { cancelForRemoval(tool); });
     if (hasTool(&tool) && tool.m_membership != Tool::Membership::Member)
@@ -146,7 +158,7 @@ void ToolStackCore::tellRemoved(Tool& tool)
     tool.m_membership = Tool::Membership::Leaving;
     tool.m_stateSink = nullptr;
     forgetActive(&tool);
-    FirstError errors;
+    DeferredError errors;
     errors.run([&] { tool.onRemoveFromStack(); });
     if (tool.m_membership != Tool::Membership::Member) // again
         tool.m_scene = nullptr;
@@ -154,7 +166,7 @@ void ToolStackCore::tellRemoved(Tool& tool)
 }
 
 /// Removes the tool without cancelling it.
-void ToolStackCore::expel(Tool& tool, FirstError& errors)
+void ToolStackCore::expel(Tool& tool, DeferredError& errors)
 {
     errors.run([&] { tellRemoved(tool); });
     if (hasTool(&tool) && tool.m_membership == Tool::Membership::Leaving)
@@ -170,11 +182,11 @@ void ToolStackCore::unlink(Tool& tool) noexcept
     tool.m_membership = Tool::Membership::None;
     if (m_cursor.from == &tool) {
         m_cursor = {};
-        m_hasLostCursor = true;
+        m_isCursorStale = true;
     }
 }
 
-void ToolStackCore::removeDoneTools(FirstError& errors)
+void ToolStackCore::removeDoneTools(DeferredError& errors)
 {
     if (m_depth > 0 || !m_mayHaveDone)
         return;
@@ -195,11 +207,16 @@ void ToolStackCore::noteStates()
         noteState(*tool);
 }
 
-/// Ends an operation that may have removed the tool whose cursor is shown.
-void ToolStackCore::settle(FirstError& errors)
+/// Ends an operation. The outermost one sees to it that the cursor is that of a tool which is here,
+/// and tells the host once nobody owns the interaction.
+void ToolStackCore::settle(DeferredError& errors)
 {
-    if (m_hasLostCursor && m_uses == 1)
-        errors.run([this] { renewCursor(); });
+    if (m_uses == 1 && !m_isRetired) {
+        if (m_isCursorStale)
+            errors.run([this] { renewCursor(); });
+        if (!m_active && m_host)
+            errors.run([this] { m_host->noToolActive(); });
+    }
     errors.rethrow();
 }
 

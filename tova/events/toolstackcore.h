@@ -12,7 +12,7 @@
 namespace Tova2 {
 
 class Event;
-class FirstError;
+class DeferredError;
 class KeyEvent;
 class Scene;
 class ToolDispatch;
@@ -43,7 +43,8 @@ public:
 
     // Activity
 
-    bool mayActivate(const Tool& tool) const noexcept;
+    /// Asks the tool, which may throw.
+    bool mayActivate(const Tool& tool) const;
     void toolStateChanged(Tool& tool, Tool::EInteractionState old, Tool::EInteractionState now);
     /// Of every tool in the list, also of one that is not heard any more.
     void noteState(const Tool& tool) noexcept
@@ -53,7 +54,8 @@ public:
     }
     /// 2 when a tool was interrupted that does not cancel transparently, else 1 when any was, else
     /// 0. Collects what the tools throw.
-    int cancelTools(const Tool* exempt, Tool::ECancelReason reason, FirstError& errors);
+    int cancelTools(const Tool* exempt, Tool::ECancelReason reason, DeferredError& errors);
+    void cancelAllTools();
     void setReadonly(bool isReadonly);
     bool isReadonly() const noexcept { return m_isReadonly; }
     Tool* activeTool() const noexcept { return m_active; }
@@ -66,6 +68,8 @@ public:
     void delegateToTool(Tool* tool, Event& event);
     void sendMessage(Vetra::StringID id, const Vetra::any& payload);
     const std::optional<Vetra::Cursor>& overrideCursor() const noexcept { return m_cursor.cursor; }
+    /// Asks all tools, the active one first, and shows what they say.
+    void renewCursor();
 
 private:
     friend class ToolDispatch;
@@ -86,37 +90,43 @@ private:
     ~ToolStackCore() = default;
 
     bool hasTool(const Tool* tool) const noexcept { return tool->m_stack == this; }
+    /// False as well for one that is told its farewell in its place: it hears of nothing else.
+    bool serves(const Tool& tool) const noexcept
+    {
+        return hasTool(&tool) && tool.m_membership != Tool::Membership::Leaving;
+    }
+    bool mayEnter(const Tool& tool) const noexcept;
     void enter(Tool& tool, const Vetra::StringID& role);
     void join(Tool& tool);
-    void dismiss(Tool& tool, FirstError& errors);
+    void dismiss(Tool& tool, DeferredError& errors);
     void cancelForRemoval(Tool& tool);
     void tellRemoved(Tool& tool);
-    void expel(Tool& tool, FirstError& errors);
+    void expel(Tool& tool, DeferredError& errors);
     void unlink(Tool& tool) noexcept;
-    void removeDoneTools(FirstError& errors);
+    void removeDoneTools(DeferredError& errors);
 
     void activate(Tool& tool);
     void deactivate(Tool& tool);
     void forgetActive(const Tool* tool) noexcept;
-    int cancelOne(Tool& tool, const Tool* exempt, Tool::ECancelReason reason, FirstError& errors);
+    int cancelOne(Tool& tool, const Tool* exempt, Tool::ECancelReason reason,
+                  DeferredError& errors);
     /// Modifying tools get nothing in read-only mode.
     bool isShutOut(const Tool& tool) const
     {
         return m_isReadonly && tool.isModifyingTool() == Tool::ModifyingType::ModifiesModel;
     }
     void noteStates();
-    void settle(FirstError& errors);
+    void settle(DeferredError& errors);
 
     /// Nothing when a tool has offered one already, or the tool has left or is done.
     void collectCursor(Tool& tool)
     {
-        if (m_cursor.cursor || !hasTool(&tool) || tool.isDone())
+        if (m_cursor.cursor || !serves(tool) || tool.isDone())
             return;
         const auto cursor = tool.overrideCursor();
         if (cursor && hasTool(&tool))
             m_cursor = {cursor, &tool};
     }
-    void renewCursor();
     void showCursor();
 
     ToolList m_tools;
@@ -131,11 +141,12 @@ private:
     int m_uses = 0;
     unsigned m_activations = 0;
     bool m_isReadonly = false;
+    bool m_isScrolling = false;  // the autoscroller was started for the active tool
     bool m_hasActivated = false; // a tool did so during the handling under way
     bool m_hasSwallowedEscape = false;
     bool m_mayHaveDone = false; // if not, looking for them is spared
     bool m_mayHaveDeferred = false;
-    bool m_hasLostCursor = false; // the tool that had offered it left
+    bool m_isCursorStale = false; // the tool that offered it left, or tools changed by themselves
     bool m_isRetired = false;
 };
 

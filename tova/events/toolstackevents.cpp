@@ -1,9 +1,9 @@
 // What comes in: events, keys with the rules for Escape, and messages.
 
-#include "events/firsterror.h"
 #include "events/tooldispatch.h"
 #include "events/toolstackcore.h"
 #include "events/toolstackscopes.h"
+#include "nodes/deferrederror.h"
 #include "tova/events/keyevent.h"
 
 namespace Tova2 {
@@ -40,7 +40,7 @@ void ToolStackCore::dispatch(Event& event, bool isKeyRepeat)
 void ToolStackCore::pressKey(KeyEvent& event)
 {
     const Use use(*this);
-    FirstError errors;
+    DeferredError errors;
     if (event.key() == Vetra::Key::Escape) {
         if (cancelTools(nullptr, Tool::ECancelReason::EscapePressed, errors) == 2) {
             event.consume();
@@ -69,7 +69,7 @@ void ToolStackCore::delegateToTool(Tool* tool, Event& event)
     const Use use(*this);
     const Vetra::Holder<Tool> alive(tool->referenceCount() > 0 ? tool : nullptr);
     const bool wasHere = hasTool(tool);
-    FirstError errors;
+    DeferredError errors;
     errors.run([&] {
         event.accept(*tool);
         if (wasHere && !hasTool(tool))
@@ -84,13 +84,13 @@ void ToolStackCore::sendMessage(Vetra::StringID id, const Vetra::any& payload)
 {
     const Use use(*this);
     TraceLine() << "Sending message " << id.str();
-    FirstError errors;
+    DeferredError errors;
     {
         const ActivationScope activations(*this);
         const Inside inside(*this);
         const auto receive = [&](Tool& tool, TraceLine& line) {
             m_hasActivated = false;
-            if (!errors.run([&] { tool.receiveMessage(id, payload); }))
+            if (serves(tool) && !errors.run([&] { tool.receiveMessage(id, payload); }))
                 line << " [threw an exception]";
         };
         if (m_active)
@@ -101,7 +101,7 @@ void ToolStackCore::sendMessage(Vetra::StringID id, const Vetra::any& payload)
     }
     removeDoneTools(errors);
     errors.run([this] { renewCursor(); });
-    errors.rethrow();
+    settle(errors);
 }
 
 } // namespace Tova2

@@ -1,5 +1,6 @@
 #include "events/toolstack.h"
 
+#include "events/eventoperations.h"
 #include "events/toolstackcore.h"
 #include "tova/events/contextmenuevent.h"
 #include "tova/events/dragevent.h"
@@ -13,114 +14,29 @@
 
 namespace Tova2 {
 
-void ToolStack::handleMouseMoveEvent(MouseEvent& event)
+namespace {
+
+/// Keys alone are more than an event: Escape cancels, and they repeat.
+void take(ToolStackCore& core, Event& event)
 {
-    m_core->dispatch(event, false);
+    core.dispatch(event, false);
+}
+void take(ToolStackCore& core, KeyEvent& event)
+{
+    if (event.type() == EventType::KeyPressEvent)
+        core.pressKey(event);
+    else
+        core.releaseKey(event);
 }
 
-void ToolStack::handleMousePressEvent(MouseEvent& event)
-{
-    m_core->dispatch(event, false);
-}
+} // namespace
 
-void ToolStack::handleMouseReleaseEvent(MouseEvent& event)
-{
-    m_core->dispatch(event, false);
-}
-
-void ToolStack::handleMouseDoubleClickEvent(MouseEvent& event)
-{
-    m_core->dispatch(event, false);
-}
-
-void ToolStack::handleHoverEnterEvent(MouseEvent& event)
-{
-    m_core->dispatch(event, false);
-}
-
-void ToolStack::handleHoverExitEvent(MouseEvent& event)
-{
-    m_core->dispatch(event, false);
-}
-
-void ToolStack::handleUserDragInitEvent(MouseEvent& event)
-{
-    m_core->dispatch(event, false);
-}
-
-void ToolStack::handleDragEnterEvent(DragEvent& event)
-{
-    m_core->dispatch(event, false);
-}
-
-void ToolStack::handleDragLeaveEvent(WidgetEvent& event)
-{
-    m_core->dispatch(event, false);
-}
-
-void ToolStack::handleDragEvent(DragEvent& event)
-{
-    m_core->dispatch(event, false);
-}
-
-void ToolStack::handleDropEvent(DragEvent& event)
-{
-    m_core->dispatch(event, false);
-}
-
-void ToolStack::handleFocusInEvent(FocusEvent& event)
-{
-    m_core->dispatch(event, false);
-}
-
-void ToolStack::handleFocusOutEvent(FocusEvent& event)
-{
-    m_core->dispatch(event, false);
-}
-
-void ToolStack::handleEnterCanvasEvent(WidgetEvent& event)
-{
-    m_core->dispatch(event, false);
-}
-
-void ToolStack::handleLeaveCanvasEvent(WidgetEvent& event)
-{
-    m_core->dispatch(event, false);
-}
-
-void ToolStack::handleContextMenuEvent(ContextMenuEvent& event)
-{
-    m_core->dispatch(event, false);
-}
-
-void ToolStack::handleWheelEvent(MouseEvent& event)
-{
-    m_core->dispatch(event, false);
-}
-
-void ToolStack::handleInputMethodEvent(InputMethodEvent& event)
-{
-    m_core->dispatch(event, false);
-}
-
-void ToolStack::handlePanGestureEvent(PanGestureEvent& event)
-{
-    m_core->dispatch(event, false);
-}
-
-void ToolStack::handlePinchGestureEvent(PinchGestureEvent& event)
-{
-    m_core->dispatch(event, false);
-}
-
-void ToolStack::handleKeyPressEvent(KeyEvent& event)
-{
-    m_core->pressKey(event);
-}
-
-void ToolStack::handleKeyReleaseEvent(KeyEvent& event)
-{
-    m_core->releaseKey(event);
-}
+#define TOVA_TAKE(operation, E)                                                                    \
+    void ToolStack::operation(E& event)                                                            \
+    {                                                                                              \
+        take(*m_core, event);                                                                      \
+    }
+TOVA_EVENT_OPERATIONS(TOVA_TAKE)
+#undef TOVA_TAKE
 
 } // namespace Tova2

@@ -13,6 +13,8 @@ public:
     virtual void showToolCursor(const Vetra::Cursor& cursor) = 0;
     /// No tool has a cursor to show.
     virtual void restoreCursor() = 0;
+    /// An operation on the stack has ended, and no tool owns the interaction.
+    virtual void noToolActive() = 0;
 
 protected:
     ~ToolStackHost() = default;

@@ -67,7 +67,7 @@ public:
         if (--m_core.m_dispatches > 0)
             m_core.m_cursor = isOuterGone() ? OfferedCursor() : m_outer;
         else
-            m_core.m_hasLostCursor = false;
+            m_core.m_isCursorStale = false;
     }
 
 private:

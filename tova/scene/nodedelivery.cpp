@@ -210,9 +210,9 @@ bool NodeDelivery::enterAll(const Chain& chain, MouseEvent& event)
     return run == m_hoverRun;
 }
 
-MouseEvent NodeDelivery::lastHover() const
+MouseEvent NodeDelivery::lastHover(EventCanvas* canvas) const
 {
-    return {EventType::HoverEvent, nullptr, m_lastPosition, {}, {}, 0, {}, {}, {}, false, false};
+    return {EventType::HoverEvent, canvas, m_lastPosition, {}, {}, 0, {}, {}, {}, false, false};
 }
 
 void NodeDelivery::noteLeft()
@@ -222,8 +222,10 @@ void NodeDelivery::noteLeft()
                                                  [&](NodeImpl* node) { return !hasLeft(node); });
     m_departed.insert(m_departed.end(), firstLeft, m_hovered.end());
     m_hovered.erase(firstLeft, m_hovered.end());
-    if (hasLeft(m_topmost))
+    if (hasLeft(m_topmost)) {
         m_topmost = nullptr;
+        m_hasTopmostDeparted = true;
+    }
     if (hasLeft(m_pressed))
         m_pressed = nullptr;
     if (!hasLeft(m_focused))
@@ -233,7 +235,7 @@ void NodeDelivery::noteLeft()
     m_focused = nullptr;
 }
 
-void NodeDelivery::tellDeparted(DeferredError& error)
+bool NodeDelivery::tellDeparted(DeferredError& error)
 {
     const auto departed = std::exchange(m_departed, {});
     for (auto node = departed.rbegin(); node != departed.rend(); ++node) {
@@ -244,6 +246,7 @@ void NodeDelivery::tellDeparted(DeferredError& error)
         FocusEvent event(EventType::FocusOutEvent, Vetra::FocusReason::OtherReason);
         error.run([&] { send(*node, event, &NodeEmitters::focusOut); });
     }
+    return std::exchange(m_hasTopmostDeparted, false);
 }
 
 void NodeDelivery::forgetAll() noexcept

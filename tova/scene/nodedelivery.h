@@ -11,6 +11,7 @@
 namespace Tova2 {
 
 class DeferredError;
+class EventCanvas;
 class ScenePrivate;
 
 /// Hands input on to the nodes of one scene through their emitters, and remembers who is under the
@@ -46,13 +47,13 @@ public:
     /// The pointer is over none.
     Crossing hoverNothing();
     /// Where the pointer was last, as an event of the scene's own.
-    MouseEvent lastHover() const;
+    MouseEvent lastHover(EventCanvas* canvas = nullptr) const;
 
     /// Some have left the scene: keeps who was hovered or had the keyboard for `tellDeparted`.
     void noteLeft();
     /// Once the scene's records are whole again. The caller has held off destruction since
-    /// `noteLeft`.
-    void tellDeparted(DeferredError& error);
+    /// `noteLeft`. True when the topmost node under the pointer was among them.
+    bool tellDeparted(DeferredError& error);
     void forgetAll() noexcept;
 
 private:
@@ -76,6 +77,7 @@ private:
     bool m_isFocusTold = false;
     std::vector<NodeImpl*> m_departed; ///< were hovered, have left
     NodeImpl* m_departedFocus = nullptr;
+    bool m_hasTopmostDeparted = false;
     unsigned m_hoverRun = 0; ///< an outer one ends when an inner one has taken place
     Vetra::GLPoint<double> m_lastPosition;
 };

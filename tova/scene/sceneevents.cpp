@@ -7,96 +7,28 @@
 
 namespace Tova2 {
 
-namespace {
-
-template <class E>
-void handByStack(Scene& scene, void (EventHandler::*operation)(E&), E& event)
-{
-    const SceneUse use(scene);
-    (use->tools().stack().*operation)(event);
-}
-
-} // namespace
-
-void Scene::handleMousePressEvent(MouseEvent& event)
-{
-    handByStack(*this, &EventHandler::handleMousePressEvent, event);
-}
-
-void Scene::handleMouseReleaseEvent(MouseEvent& event)
-{
-    handByStack(*this, &EventHandler::handleMouseReleaseEvent, event);
-}
-
-void Scene::handleMouseDoubleClickEvent(MouseEvent& event)
-{
-    handByStack(*this, &EventHandler::handleMouseDoubleClickEvent, event);
-}
-
-void Scene::handleWheelEvent(MouseEvent& event)
-{
-    handByStack(*this, &EventHandler::handleWheelEvent, event);
-}
-
-void Scene::handleKeyPressEvent(KeyEvent& event)
-{
-    handByStack(*this, &EventHandler::handleKeyPressEvent, event);
-}
-
-void Scene::handleKeyReleaseEvent(KeyEvent& event)
-{
-    handByStack(*this, &EventHandler::handleKeyReleaseEvent, event);
-}
-
-void Scene::handleEnterCanvasEvent(WidgetEvent& event)
-{
-    handByStack(*this, &EventHandler::handleEnterCanvasEvent, event);
-}
-
-void Scene::handleDragLeaveEvent(WidgetEvent& event)
-{
-    handByStack(*this, &EventHandler::handleDragLeaveEvent, event);
-}
-
-void Scene::handleDragEnterEvent(DragEvent& event)
-{
-    handByStack(*this, &EventHandler::handleDragEnterEvent, event);
-}
-
-void Scene::handleDragEvent(DragEvent& event)
-{
-    handByStack(*this, &EventHandler::handleDragEvent, event);
-}
-
-void Scene::handleDropEvent(DragEvent& event)
-{
-    handByStack(*this, &EventHandler::handleDropEvent, event);
-}
-
-void Scene::handleContextMenuEvent(ContextMenuEvent& event)
-{
-    handByStack(*this, &EventHandler::handleContextMenuEvent, event);
-}
-
-void Scene::handleInputMethodEvent(InputMethodEvent& event)
-{
-    handByStack(*this, &EventHandler::handleInputMethodEvent, event);
-}
-
-void Scene::handlePanGestureEvent(PanGestureEvent& event)
-{
-    handByStack(*this, &EventHandler::handlePanGestureEvent, event);
-}
-
-void Scene::handlePinchGestureEvent(PinchGestureEvent& event)
-{
-    handByStack(*this, &EventHandler::handlePinchGestureEvent, event);
-}
-
-void Scene::handleUserDragInitEvent(MouseEvent& event)
-{
-    handByStack(*this, &EventHandler::handleUserDragInitEvent, event);
-}
+#define TOVA_BY_STACK(operation, E)                                                                \
+    void Scene::operation(E& event)                                                                \
+    {                                                                                              \
+        SceneUse(*this)->tools().stack().operation(event);                                         \
+    }
+TOVA_BY_STACK(handleMousePressEvent, MouseEvent)
+TOVA_BY_STACK(handleMouseReleaseEvent, MouseEvent)
+TOVA_BY_STACK(handleMouseDoubleClickEvent, MouseEvent)
+TOVA_BY_STACK(handleWheelEvent, MouseEvent)
+TOVA_BY_STACK(handleKeyPressEvent, KeyEvent)
+TOVA_BY_STACK(handleKeyReleaseEvent, KeyEvent)
+TOVA_BY_STACK(handleEnterCanvasEvent, WidgetEvent)
+TOVA_BY_STACK(handleDragLeaveEvent, WidgetEvent)
+TOVA_BY_STACK(handleDragEnterEvent, DragEvent)
+TOVA_BY_STACK(handleDragEvent, DragEvent)
+TOVA_BY_STACK(handleDropEvent, DragEvent)
+TOVA_BY_STACK(handleContextMenuEvent, ContextMenuEvent)
+TOVA_BY_STACK(handleInputMethodEvent, InputMethodEvent)
+TOVA_BY_STACK(handlePanGestureEvent, PanGestureEvent)
+TOVA_BY_STACK(handlePinchGestureEvent, PinchGestureEvent)
+TOVA_BY_STACK(handleUserDragInitEvent, MouseEvent)
+#undef TOVA_BY_STACK
 
 void Scene::handleMouseMoveEvent(MouseEvent& event)
 {

@@ -189,7 +189,7 @@ void ScenePrivate::removeNode(NodeImpl& node)
     if (has(node)) {
         const Vetra::Holder<NodeImpl> parent(node.parentNode());
         leave(node);
-        m_tools->delivery().tellDeparted(error);
+        m_tools->tellDeparted(error);
         if (parent)
             error.run([&] { parent->tellFollowers(ChangeLevel::Children); });
     }

@@ -77,10 +77,17 @@ void SceneTools::sendMessage(const Vetra::StringID& id, const Vetra::any& payloa
 
 void SceneTools::handleMove(MouseEvent& event)
 {
+    m_isLeaveHeld = false;
     DeferredError error;
     error.run([&] { m_stack.handleMouseMoveEvent(event); });
-    if (!isHoverHeld(event))
-        error.run([&] { tellTools(m_delivery.hover(event), event); });
+    if (!isHoverHeld(event)) {
+        NodeDelivery::Crossing crossing;
+        error.run([&] { crossing = m_delivery.hover(event); });
+        error.run([&] { tellTools(crossing, event); });
+        // Tools and nodes may want another cursor since the tools were asked.
+        if ((crossing.hasLeft || crossing.hasEntered) && !event.isConsumed())
+            error.run([&] { m_stack.renewCursor(); });
+    }
     error.rethrow();
 }
 
@@ -88,8 +95,31 @@ void SceneTools::handleLeave(WidgetEvent& event)
 {
     DeferredError error;
     error.run([&] { m_stack.handleLeaveCanvasEvent(event); });
-    error.run([&] { tellTools(m_delivery.hoverNothing(), m_delivery.lastHover()); });
+    m_isLeaveHeld = m_stack.getActiveTool() != nullptr;
+    if (!m_isLeaveHeld)
+        error.run([&] { leaveNodes(event.canvas()); });
     error.rethrow();
+}
+
+/// A gesture has ended beyond the edge of its canvas, where the pointer is over no node.
+void SceneTools::noToolActive()
+{
+    if (std::exchange(m_isLeaveHeld, false))
+        leaveNodes(nullptr);
+}
+
+void SceneTools::leaveNodes(EventCanvas* canvas)
+{
+    tellTools(m_delivery.hoverNothing(), m_delivery.lastHover(canvas));
+}
+
+void SceneTools::tellDeparted(DeferredError& error)
+{
+    if (!m_delivery.tellDeparted(error))
+        return;
+    if (!m_stack.getActiveTool())
+        error.run([&] { tellTools({.hasLeft = true}, m_delivery.lastHover()); });
+    error.run([&] { m_stack.renewCursor(); });
 }
 
 void SceneTools::handleFocusIn(FocusEvent& event)

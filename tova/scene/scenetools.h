@@ -49,6 +49,9 @@ public:
     CursorEmitter& cursorEmitter() noexcept { return m_cursorChanged; }
     MessageEmitter& messageEmitter() noexcept { return m_messageSent; }
 
+    /// Of what `NodeDelivery::noteLeft` has found.
+    void tellDeparted(DeferredError& error);
+
     void addRolloverFactory(const std::string& name, RolloverFactory* factory);
     bool removeRolloverFactory(const std::string& name);
     RolloverFactory* rolloverFactoryFor(const Node& node) const;
@@ -56,8 +59,10 @@ public:
 private:
     void showToolCursor(const Vetra::Cursor& cursor) override;
     void restoreCursor() override;
+    void noToolActive() override;
 
     bool isHoverHeld(const MouseEvent& move);
+    void leaveNodes(EventCanvas* canvas);
     void tellTools(const NodeDelivery::Crossing& crossing, const MouseEvent& hover);
     void offerHover(MouseEvent event, void (EventHandler::*operation)(MouseEvent&));
 
@@ -68,6 +73,7 @@ private:
     // Listeners ask for the cursor that holds now, so one change told covers those made meanwhile.
     CursorEmitter m_cursorChanged{Vemit::SendMode::Immediate, Vemit::DropMode::WhileBusy};
     std::map<std::string, Vetra::Holder<RolloverFactory>> m_rolloverFactories;
+    bool m_isLeaveHeld = false; ///< the pointer left the canvas in the middle of a gesture
     ToolStack m_stack;
 };
 

@@ -61,7 +61,7 @@ struct EventDispatcher::Parts {
 /// What is disabled, hidden or shut out takes leave of all input.
 void EventDispatcher::Parts::withdraw()
 {
-    Autoscroller::instance().forgetView(core.host());
+    Autoscroller::forgetView(core.host());
     keys.releaseHeld();
     if (core.isOpen())
         core.cancelIfBusy();

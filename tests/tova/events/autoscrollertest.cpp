@@ -201,6 +201,23 @@ TEST_F(AutoscrollerTest, EndsWithTheToolTheViewOrAnException)
     }
 }
 
+TEST_F(AutoscrollerTest, StandInsTakeOverInAnyOrderAndTheDragsTypeMayChange)
+{
+    auto newer = std::make_unique<Autoscroller>(std::make_unique<ManualClock>());
+    EXPECT_EQ(&Autoscroller::instance(), newer.get());
+    m_autoscroller.reset(); // the older one first
+    m_tool->becomeActive();
+    EXPECT_EQ(newer->state(), State::Alert);
+    m_tool->scrollType = Tool::EAutoScrollType::None;
+    m_tool->becomeIdle();
+    EXPECT_EQ(newer->state(), State::Idle) << "scrolls on though the drag is over";
+    m_tool->scrollType = Tool::EAutoScrollType::Default;
+    newer.reset();
+    m_tool->becomeActive();
+    EXPECT_EQ(Autoscroller::instance().state(), State::Alert) << "the process's own is back";
+    m_tool->becomeIdle();
+}
+
 TEST_F(AutoscrollerTest, SettingsRefuseWhatMakesNoSense)
 {
     EXPECT_EQ(m_autoscroller->setting("RegionThickness"), 20);

@@ -40,7 +40,12 @@ public:
     bool cancelsTransparently() const override { return isTransparent; }
     Vetra::StringID getDefaultRole() const override { return name; }
     bool requiresKeyAutoRepeat() const override { return wantsRepeats; }
-    std::optional<Vetra::Cursor> overrideCursor() override { return cursor; }
+    EAutoScrollType autoScrollTypeDuringDrag() override { return scrollType; }
+    std::optional<Vetra::Cursor> overrideCursor() override
+    {
+        run(onCursor);
+        return cursor;
+    }
     void receiveMessage(Vetra::StringID id, const Vetra::any& payload) override
     {
         tell("message");
@@ -48,15 +53,15 @@ public:
     }
     void handleMousePressEvent(Tova2::MouseEvent& event) override
     {
-        tell("press");
         current = &event;
+        tell("press", &event);
         run(onPress);
     }
-    void handleKeyPressEvent(Tova2::KeyEvent&) override { tell("key"); }
-    void handleKeyReleaseEvent(Tova2::KeyEvent&) override { tell("key up"); }
+    void handleKeyPressEvent(Tova2::KeyEvent& event) override { tell("key", &event); }
+    void handleKeyReleaseEvent(Tova2::KeyEvent& event) override { tell("key up", &event); }
     void deferredActivate(Tova2::Event& event, bool isKeyRepeat) override
     {
-        tell("deferred");
+        tell("deferred", &event);
         Tool::deferredActivate(event, isKeyRepeat);
     }
 
@@ -64,14 +69,23 @@ public:
     Action onPress;
     Action onCancel; ///< in place of becoming idle
     Action onRemove;
+    Action onCursor; ///< whenever it is asked for one
+    /// What it is called by, and with which event.
+    std::function<void(ProbeTool&, const std::string&, Tova2::Event*)> onCall;
     Tova2::Event* current = nullptr;
     std::optional<Vetra::Cursor> cursor;
     bool isModifying = false;
     bool isTransparent = false;
     bool wantsRepeats = false;
+    EAutoScrollType scrollType = EAutoScrollType::Default;
 
 private:
-    void tell(const std::string& what) { m_log.push_back(name + " " + what); }
+    void tell(const std::string& what, Tova2::Event* event = nullptr)
+    {
+        m_log.push_back(name + " " + what);
+        if (onCall)
+            onCall(*this, what, event);
+    }
     void run(const Action& action)
     {
         if (action)

@@ -1,3 +1,6 @@
+#include "events/probetool.h"
+#include "events/recordinghandler.h"
+
 #include "tova/events/contextmenuevent.h"
 #include "tova/events/contextmenutool.h"
 #include "tova/events/cursorchangetool.h"
@@ -5,6 +8,7 @@
 #include "tova/events/movecursorupdateblocker.h"
 #include "tova/events/tooltiptool.h"
 #include "tova/events/unconsumedeventtool.h"
+#include "tova/nodes/nodeemitters.h"
 #include "tova/nodes/rectnode.h"
 #include "tova/scene/rolloverfactory.h"
 #include "tova/scene/scene.h"
@@ -30,6 +34,7 @@ protected:
         m_scene->addNode(m_block);
     }
 
+    ProbeTool::Log m_log; // tools write to it until the scene ends
     Vetra::Holder<Scene> m_scene = Scene::createScene();
     RectNode m_block{{0, 0, 100, 100}};
     RectNode m_inner{{10, 10, 20, 20}};
@@ -55,8 +60,8 @@ TEST_F(ReadyToolsTest, TheCursorIsTheNodesOwnOrItsNearestAncestors)
 TEST_F(ReadyToolsTest, TheCursorGoesWithItsNodeAndWithThePointer)
 {
     const std::pair<const char*, std::function<void()>> ends[] = {
-        {"hidden", [&] { m_block.setVisible(false); }},
-        {"removed", [&] { m_block.remove(); }},
+        {"hidden", [&] { m_block.setVisible(false), m_user.pressKey(Vetra::Key::Shift); }},
+        {"removed, and the mouse rests", [&] { m_block.remove(); }},
         {"left", [&] { m_user.leaveCanvas(); }},
     };
     m_scene->addTool(new CursorChangeTool);
@@ -67,9 +72,19 @@ TEST_F(ReadyToolsTest, TheCursorGoesWithItsNodeAndWithThePointer)
         m_user.moveTo(m_onBlock);
         ASSERT_TRUE(m_scene->hasToolOverrideCursor()) << name;
         end();
-        m_user.pressKey(Vetra::Key::Shift);
         EXPECT_FALSE(m_scene->hasToolOverrideCursor()) << name;
     }
+}
+
+TEST_F(ReadyToolsTest, ACursorThatFollowsFromHoverIsThereAtOnce)
+{
+    struct Ears : Vemit::Listener {
+    } ears;
+    m_scene->addTool(new CursorChangeTool);
+    m_block.connectTo(&NodeEmitters::hoverEnter, &ears,
+                      [&](auto&, auto&) { m_block.setCursor(Vetra::CursorShape::Cross); });
+    m_user.moveTo(m_onBlock);
+    EXPECT_EQ(m_scene->getToolOverrideCursor(), Vetra::CursorShape::Cross);
 }
 
 TEST_F(ReadyToolsTest, ABlockerKeepsTheCursorWhereItWas)
@@ -141,6 +156,14 @@ TEST_F(ReadyToolsTest, AProviderMayThrowOrTakeTheToolOut)
     });
     m_user.contextMenu(m_onBlock);
     EXPECT_EQ(std::count(log.begin(), log.end(), "show 1"), 0);
+    m_scene->addTool(tool.get());
+    const Vetra::Holder<ProbeTool> other(new ProbeTool(m_log, "other"));
+    other->onCancel = [](ProbeTool&) { throw std::runtime_error("not now"); };
+    m_scene->addTool(other.get());
+    tool->setActionProvider([](auto&) { return std::vector<ContextMenuAction>(1); });
+    EXPECT_THROW(m_user.contextMenu(m_onBlock), std::runtime_error);
+    EXPECT_TRUE(tool->isIdle()) << "another tool's cancellation threw";
+    m_scene->removeTool(tool.get());
 }
 
 // Tool tip
@@ -195,7 +218,12 @@ TEST_F(ToolTipTest, ATipShowsAfterTheTimeInForTheTimeOut)
 }
 
 struct SlowRollover : RolloverFactory {
-    int timeIn(const Node&) override { return 2000; }
+    int timeIn(const Node& node) override
+    {
+        Scene* const scene = node.getScene();
+        return scene->removeRolloverFactory("once") ? own : 2000;
+    }
+    int own = 2000;
     int timeOut(const Node&) override { return 0; }
 };
 
@@ -213,6 +241,12 @@ TEST_F(ToolTipTest, AFactoryTimesTheNodesItIsFor)
     EXPECT_TRUE(m_scene->removeRolloverFactory("slow"));
     rest(100);
     EXPECT_EQ(m_shown, "") << "the usual time is over";
+    m_block.addTag("once");
+    m_scene->addRolloverFactory("once", new SlowRollover);
+    m_user.moveTo(m_beside);
+    m_user.moveTo(m_onBlock);
+    rest(600);
+    EXPECT_EQ(m_shown, "a block") << "the factory has removed itself when it was asked";
 }
 
 TEST_F(ToolTipTest, WhateverHappensTheTipGoes)
@@ -308,6 +342,31 @@ TEST_F(ReadyToolsTest, ADragHasASourceAndEndsOnce)
     EXPECT_TRUE(user.isDragging());
     EXPECT_EQ(keyOf([&] { user.endDrag(); }), "");
     EXPECT_EQ(keyOf([&] { user.endDrag(); }), outside);
+    const Vetra::Holder<ProbeTool> tool(new ProbeTool(m_log, "tool"));
+    tool->onPress = [](ProbeTool& t) { t.becomeActive(); };
+    m_scene->addTool(tool.get());
+    m_user.beginDrag(m_onBlock, nullptr, {});
+    EXPECT_TRUE(tool->isIdle()) << "the drag swallows the release";
+}
+
+TEST_F(ReadyToolsTest, TheDriverTypesCharactersAndOutlivesItsCanvas)
+{
+    const Vetra::Holder<ProbeTool> tool(new ProbeTool(m_log, "tool"));
+    std::vector<std::u16string> typed;
+    auto canvas = std::make_unique<FakeCanvas>(m_scene.get());
+    EventTestDriver user(*m_scene, canvas.get());
+    tool->onCall = [&](ProbeTool&, const std::string& how, Event* event) {
+        if (how == "key")
+            typed.push_back(static_cast<KeyEvent*>(event)->text());
+        if (how == "press")
+            canvas.reset();
+    };
+    m_scene->addTool(tool.get());
+    user.typeText(u"a\U0001F600");
+    EXPECT_EQ(typed, (std::vector<std::u16string>{u"a", u"\U0001F600"}));
+    EXPECT_FALSE(user.drag(m_onBlock, m_beside));
+    EXPECT_EQ(std::count(m_log.begin(), m_log.end(), "tool press"), 1);
+    tool->onCall = {};
 }
 
 } // namespace

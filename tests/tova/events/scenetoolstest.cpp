@@ -106,8 +106,10 @@ TEST_F(SceneToolsTest, CursorThatToolsAskForIsToldWhenItChanges)
     press();
     tool->cursor = Vetra::CursorShape::ClosedHand;
     press();
+    tool->cursor = Vetra::CursorShape::Cross;
+    tool->becomeAlert(); // by itself, as from a timer
     m_scene->removeTool(tool.get());
-    EXPECT_THAT(shown, ElementsAre("17", "18", "usual"));
+    EXPECT_THAT(shown, ElementsAre("17", "18", "2", "usual"));
 }
 
 TEST_F(SceneToolsTest, ReadOnlyModeKeepsModifyingToolsOutAndMovesTheCounterOn)
@@ -168,6 +170,16 @@ TEST_F(SceneToolsTest, ToolsHearOfHoverOnceANodeIsTopmostAndNotDuringAGesture)
     move(50);
     EXPECT_EQ(top->hovered, "enter exit ");
     EXPECT_EQ(below->hovered, "exit ");
+    move(5);
+    top->becomeActive();
+    WidgetEvent leave(EventType::LeaveCanvasEvent);
+    m_scene->handleLeaveCanvasEvent(leave);
+    EXPECT_EQ(below->hovered, "exit ") << "the active tool owns the interaction";
+    top->becomeIdle();
+    EXPECT_EQ(below->hovered, "exit exit ") << "told once it is over";
+    move(5);
+    m_scene->removeNode(node);
+    EXPECT_EQ(below->hovered, "exit exit exit ") << "the node under a resting pointer has gone";
 }
 
 TEST_F(SceneToolsTest, DestroyingTheContentLetsToolsGoUncancelledAndTheHandleStaysUsable)

@@ -18,14 +18,13 @@ using testing::IsEmpty;
 using State = Tool::EInteractionState;
 
 struct ShownCursor final : ToolStackHost {
+    void noToolActive() override {}
     void showToolCursor(const Vetra::Cursor& cursor) override { shown = cursor; }
     void restoreCursor() override { shown.reset(); }
     std::optional<Vetra::Cursor> shown;
 };
 
 struct ScrollSpy final : AutoScrollControl {
-    ScrollSpy() { setCurrent(this); }
-    ~ScrollSpy() { setCurrent(nullptr); }
     void start(Tool::EAutoScrollType) override { isRunning = true; }
     void stop() override { isRunning = false; }
     bool isRunning = false;
@@ -145,8 +144,19 @@ TEST_F(ToolStackTest, ReadOnlyCancelsAndShutsOutModifyingTools)
     a->becomeDeferredActive();
     EXPECT_FALSE(press());
     a->becomeActive();
-    EXPECT_TRUE(press());
+    EXPECT_EQ(m_stack->getActiveTool(), nullptr);
     EXPECT_THAT(m_log, IsEmpty());
+    for (const State begun : {State::Alert, State::DeferredActive}) {
+        m_stack->setToolstackReadonly(false);
+        a->setInteractionState(begun);
+        m_stack->setToolstackReadonly(true);
+        EXPECT_TRUE(a->isIdle()) << "waits for a release that it will not hear of";
+    }
+    m_stack->setToolstackReadonly(false);
+    a->onCancel = [](ProbeTool&) {};
+    a->becomeActive();
+    m_stack->setToolstackReadonly(true);
+    EXPECT_TRUE(a->isIdle());
 }
 
 TEST_F(ToolStackTest, TakenRoleIsReplacedInPlace)

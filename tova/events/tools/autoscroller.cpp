@@ -22,14 +22,21 @@ AutoscrollView::~AutoscrollView() = default;
 /// The state machine.
 class AutoscrollerPrivate final : public AutoScrollControl {
 public:
-    explicit AutoscrollerPrivate(std::unique_ptr<GestureClock> clock)
-        : m_clock(clock ? std::move(clock) : GestureClock::onEventLoop()), m_previous(current())
+    AutoscrollerPrivate(Autoscroller& owner, std::unique_ptr<GestureClock> clock, bool isOwn)
+        : AutoScrollControl(isOwn)
+        , handle(owner)
+        , m_clock(clock ? std::move(clock) : GestureClock::onEventLoop())
+    {}
+
+    /// Oldest first, the process's own before all.
+    template <class Call>
+    static void forEach(Call call)
     {
-        setCurrent(this);
+        for (AutoScrollControl* const control : all()) {
+            if (auto* const each = dynamic_cast<AutoscrollerPrivate*>(control))
+                call(*each);
+        }
     }
-    AutoscrollerPrivate(const AutoscrollerPrivate&) = delete;
-    AutoscrollerPrivate& operator=(const AutoscrollerPrivate&) = delete;
-    ~AutoscrollerPrivate() { setCurrent(m_previous); }
 
     void start(Tool::EAutoScrollType type) override;
     void stop() override;
@@ -37,6 +44,7 @@ public:
     void forgetView(const AutoscrollView& view);
     State state() const noexcept { return m_state; }
 
+    Autoscroller& handle;
     AutoscrollSettings settings;
 
 private:
@@ -59,7 +67,6 @@ private:
     }
 
     std::unique_ptr<GestureClock> m_clock;
-    AutoScrollControl* m_previous;
     AutoscrollView* m_view = nullptr;
     EventCanvas* m_canvas = nullptr;
     Vetra::GLMouseEvent2 m_event; // the last one of the user's
@@ -215,13 +222,22 @@ void AutoscrollerPrivate::scroll()
 Autoscroller& Autoscroller::instance()
 {
     // Lives on at the end of the process, when the event loop is gone already.
-    static Autoscroller& autoscroller = *new Autoscroller(nullptr);
-    return autoscroller;
+    static Autoscroller& own = *new Autoscroller(nullptr, true);
+    Autoscroller* last = &own;
+    AutoscrollerPrivate::forEach([&](AutoscrollerPrivate& each) { last = &each.handle; });
+    return *last;
 }
 
 Autoscroller::Autoscroller(std::unique_ptr<GestureClock> clock)
-    : d(std::make_unique<AutoscrollerPrivate>(std::move(clock)))
+    : Autoscroller(std::move(clock), false)
 {}
+
+Autoscroller::Autoscroller(std::unique_ptr<GestureClock> clock, bool isOwn)
+{
+    if (AutoScrollControl* const before = isOwn ? nullptr : AutoScrollControl::current())
+        before->stop();
+    d = std::make_unique<AutoscrollerPrivate>(*this, std::move(clock), isOwn);
+}
 
 Autoscroller::~Autoscroller() = default;
 
@@ -233,7 +249,7 @@ void Autoscroller::pointerMoved(AutoscrollView& view, EventCanvas& canvas,
 
 void Autoscroller::forgetView(const AutoscrollView& view)
 {
-    d->forgetView(view);
+    AutoscrollerPrivate::forEach([&](AutoscrollerPrivate& each) { each.forgetView(view); });
 }
 
 Autoscroller::State Autoscroller::state() const noexcept

@@ -4,6 +4,8 @@
 #include "tova/events/eventcanvas.h"
 #include "tova/scene/scene.h"
 
+#include "nodes/deferrederror.h"
+
 #include <utility>
 
 namespace Tova2 {
@@ -27,8 +29,10 @@ void ContextMenuTool::setActionProvider(ActionProvider provider)
 
 void ContextMenuTool::cancel(ECancelReason, const Tool*)
 {
-    m_presenter->hide();
-    becomeIdle();
+    DeferredError errors;
+    errors.run([this] { m_presenter->hide(); });
+    errors.run([this] { becomeIdle(); });
+    errors.rethrow();
 }
 
 void ContextMenuTool::onRemoveFromStack()
@@ -41,14 +45,20 @@ void ContextMenuTool::handleContextMenuEvent(ContextMenuEvent& event)
     const auto provider = m_provider; // it may set another one
     if (!provider)
         return;
-    auto actions = provider(requestOf(event));
+    const ContextMenuRequest request = requestOf(event);
+    auto actions = provider(request);
     if (actions.empty() || !scene()) // the provider may have taken the tool out
         return;
     event.consume();
     // For a moment only: a menu ends every gesture under way, and then runs beside the stack.
-    becomeActive();
-    m_presenter->show(std::move(actions), event.asGLContextMenuEvent2().globalPosition);
-    becomeIdle();
+    DeferredError errors;
+    errors.run([&] {
+        becomeActive();
+        if (isActive() && scene()) // nobody has refused, or taken the tool out meanwhile
+            m_presenter->show(std::move(actions), request.globalPos);
+    });
+    errors.run([this] { becomeIdle(); });
+    errors.rethrow();
 }
 
 ContextMenuRequest ContextMenuTool::requestOf(const ContextMenuEvent& event)

@@ -55,6 +55,12 @@ void CursorChangeTool::handleMouseMoveEvent(MouseEvent& event)
     m_hovered = carrierOfCursor(node).isValid() ? WeakRef(node) : WeakRef();
 }
 
+/// Those who listen to the node may have given it a cursor since the move.
+void CursorChangeTool::handleHoverEnterEvent(MouseEvent& event)
+{
+    CursorChangeTool::handleMouseMoveEvent(event);
+}
+
 void CursorChangeTool::handleLeaveCanvasEvent(WidgetEvent&)
 {
     m_hovered = {};

@@ -12,6 +12,8 @@
 #include "tova/events/widgetevent.h"
 #include "vetra/saturate.h"
 
+#include <QChar>
+
 #include <algorithm>
 #include <cmath>
 
@@ -44,7 +46,7 @@ Vetra::MouseButtons without(Vetra::MouseButtons buttons, Vetra::MouseButton butt
 EventTestDriver::Place::Place(const Node& node) : point(middleOf(node)) {}
 
 EventTestDriver::EventTestDriver(EventHandler& receiver, EventCanvas* canvas)
-    : m_receiver(receiver), m_canvas(canvas)
+    : m_receiver(receiver), m_canvas(canvas), m_canvasLife(canvas)
 {
     pointAt({});
 }
@@ -107,7 +109,7 @@ bool EventTestDriver::contextMenu(const Place& place, Vetra::ContextMenuReason r
 {
     pointAt(place.point);
     ContextMenuEvent event(EventType::ContextMenuEvent,
-                           {m_canvas, pixel(), pixel(), m_modifiers, reason});
+                           {canvas(), pixel(), pixel(), m_modifiers, reason});
     return send(event);
 }
 
@@ -140,8 +142,11 @@ bool EventTestDriver::typeKey(Vetra::Key key, const std::u16string& text)
 bool EventTestDriver::typeText(const std::u16string& text)
 {
     bool consumed = false;
-    for (const char16_t unit : text) {
-        KeyEvent press(EventType::KeyPressEvent, m_canvas, std::u16string(1, unit), false,
+    for (std::size_t at = 0, length = 0; at < text.size(); at += length) {
+        const bool isPair = at + 1 < text.size() && QChar::isHighSurrogate(text[at]) &&
+                            QChar::isLowSurrogate(text[at + 1]);
+        length = isPair ? 2 : 1;
+        KeyEvent press(EventType::KeyPressEvent, canvas(), text.substr(at, length), false,
                        m_buttons, 0, true);
         send(press);
         consumed = releaseKey(press.key());
@@ -151,33 +156,33 @@ bool EventTestDriver::typeText(const std::u16string& text)
 
 bool EventTestDriver::compose(const std::u16string& preedit)
 {
-    InputMethodEvent event(EventType::InputMethodEvent, m_canvas, {}, {}, preedit, 0, 0, true);
+    InputMethodEvent event(EventType::InputMethodEvent, canvas(), {}, {}, preedit, 0, 0, true);
     return send(event);
 }
 
 bool EventTestDriver::commit(const std::u16string& text, int start, int length)
 {
-    InputMethodEvent event(EventType::InputMethodEvent, m_canvas, text, {}, {}, start, length,
+    InputMethodEvent event(EventType::InputMethodEvent, canvas(), text, {}, {}, start, length,
                            true);
     return send(event);
 }
 
 bool EventTestDriver::focusIn(Vetra::FocusReason reason)
 {
-    FocusEvent event(EventType::FocusInEvent, {m_canvas, reason});
+    FocusEvent event(EventType::FocusInEvent, {canvas(), reason});
     return send(event);
 }
 
 bool EventTestDriver::focusOut(Vetra::FocusReason reason)
 {
-    FocusEvent event(EventType::FocusOutEvent, {m_canvas, reason});
+    FocusEvent event(EventType::FocusOutEvent, {canvas(), reason});
     return send(event);
 }
 
 bool EventTestDriver::pan(Vetra::GestureState state, const Vetra::GLPoint<double>& delta,
                           double acceleration)
 {
-    PanGestureEvent event(EventType::PanGestureEvent, m_canvas, Vetra::GestureType::Pan, state,
+    PanGestureEvent event(EventType::PanGestureEvent, canvas(), Vetra::GestureType::Pan, state,
                           delta, acceleration);
     return send(event);
 }
@@ -185,20 +190,21 @@ bool EventTestDriver::pan(Vetra::GestureState state, const Vetra::GLPoint<double
 bool EventTestDriver::pinch(Vetra::GestureState state, const Place& centre, double scale,
                             double degrees)
 {
-    PinchGestureEvent event(EventType::PinchGestureEvent, m_canvas, Vetra::GestureType::Pinch,
+    PinchGestureEvent event(EventType::PinchGestureEvent, canvas(), Vetra::GestureType::Pinch,
                             state, viewPoint(centre.point), scale, degrees);
     return send(event);
 }
 
 bool EventTestDriver::send(Event& event)
 {
-    event.accept(m_receiver);
+    if (!hasLostCanvas())
+        event.accept(m_receiver);
     return event.isConsumed();
 }
 
 Vetra::GLPoint<double> EventTestDriver::viewPoint(const Vetra::GLPoint<double>& scenePoint) const
 {
-    return m_canvas ? m_canvas->scenePointToViewPoint(scenePoint) : scenePoint;
+    return canvas() ? canvas()->scenePointToViewPoint(scenePoint) : scenePoint;
 }
 
 void EventTestDriver::pointAt(const Vetra::GLPoint<double>& scenePoint)
@@ -211,7 +217,7 @@ Vetra::GLPoint<double> EventTestDriver::pointedAt() const
 {
     const auto moved = viewPoint(m_pointer) - m_place;
     const bool isThere = std::abs(moved.x) < kSamePlace && std::abs(moved.y) < kSamePlace;
-    return isThere || !m_canvas ? m_pointer : m_canvas->viewPointToScenePoint(m_place);
+    return isThere || !canvas() ? m_pointer : canvas()->viewPointToScenePoint(m_place);
 }
 
 Vetra::GLPoint<int> EventTestDriver::pixel() const
@@ -222,7 +228,7 @@ Vetra::GLPoint<int> EventTestDriver::pixel() const
 bool EventTestDriver::sendMouse(EventType type, Vetra::MouseButton button, int delta)
 {
     // Not by the pixel, which a scene point need not lie on.
-    MouseEvent event(type, m_canvas, pointedAt(), m_place, m_place, delta, button, m_buttons,
+    MouseEvent event(type, canvas(), pointedAt(), m_place, m_place, delta, button, m_buttons,
                      m_modifiers, false, true);
     return send(event);
 }
@@ -230,13 +236,13 @@ bool EventTestDriver::sendMouse(EventType type, Vetra::MouseButton button, int d
 bool EventTestDriver::sendKey(EventType type, Vetra::Key key, const std::u16string& text,
                               bool isAutoRepeat)
 {
-    KeyEvent event(type, m_canvas, key, m_modifiers, text, isAutoRepeat, m_buttons, 0, true);
+    KeyEvent event(type, canvas(), key, m_modifiers, text, isAutoRepeat, m_buttons, 0, true);
     return send(event);
 }
 
 bool EventTestDriver::sendWidget(EventType type)
 {
-    WidgetEvent event(type, {m_canvas});
+    WidgetEvent event(type, {canvas()});
     return send(event);
 }
 

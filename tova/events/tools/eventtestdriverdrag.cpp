@@ -2,8 +2,10 @@
 #include "tova/events/dragevent.h"
 #include "tova/events/eventcanvas.h"
 #include "tova/events/eventerrors.h"
+#include "tova/events/eventhandler.h"
 #include "tova/events/eventtestdriver.h"
 #include "tova/events/eventtype.h"
+#include "tova/events/itoolstack.h"
 
 #include <QScopeGuard>
 
@@ -36,6 +38,8 @@ void EventTestDriver::beginDrag(const Place& from, Vetra::EventSource* source,
     moveTo(Vetra::GLPoint<double>{from.point.x + kDragStart, from.point.y + kDragStart});
     pointAt(from.point);
     sendMouse(EventType::UserDragInitEvent, Vetra::MouseButton::LeftButton);
+    if (auto* const tools = hasLostCanvas() ? nullptr : dynamic_cast<IToolStack*>(&m_receiver))
+        tools->cancelAllTools();
     m_isDragging = true;
     m_dragSource = source;
     m_dragData = data;
@@ -88,7 +92,7 @@ Vetra::DropAction EventTestDriver::dropFromOutside(const Place& place,
 
 Vetra::DropAction EventTestDriver::sendDrag(EventType type)
 {
-    DragEvent event(type, m_canvas, m_dragSource, m_dragData, pixel(), m_buttons, m_modifiers,
+    DragEvent event(type, canvas(), m_dragSource, m_dragData, pixel(), m_buttons, m_modifiers,
                     m_dragActions, preferred(m_dragActions));
     send(event);
     return event.dropAction();

@@ -139,7 +139,8 @@ Node ToolTipTool::tippedNodeAt(const MouseEvent& event) const
 
 milliseconds ToolTipTool::timeOf(Phase phase, const Node& node) const
 {
-    RolloverFactory* factory = scene()->getRolloverFactoryFor(node);
+    // Counted: it may remove itself from the scene when it is asked.
+    const Vetra::Holder<RolloverFactory> factory(scene()->getRolloverFactoryFor(node));
     if (phase == Phase::Waiting)
         return milliseconds(factory ? factory->timeIn(node) : DEFAULT_TOOLTIP_TIMEIN);
     return milliseconds(factory ? factory->timeOut(node) : DEFAULT_TOOLTIP_TIMEOUT);

@@ -1,5 +1,7 @@
 #include "tova/events/unconsumedeventtool.h"
 
+#include "events/eventoperations.h"
+
 #include "tova/events/contextmenuevent.h"
 #include "tova/events/dragevent.h"
 #include "tova/events/focusevent.h"
@@ -23,114 +25,12 @@ void UnconsumedEventTool::cancel(ECancelReason, const Tool*)
     becomeIdle();
 }
 
-void UnconsumedEventTool::handleMouseMoveEvent(MouseEvent& event)
-{
-    m_unconsumed.send(event);
-}
-
-void UnconsumedEventTool::handleMousePressEvent(MouseEvent& event)
-{
-    m_unconsumed.send(event);
-}
-
-void UnconsumedEventTool::handleMouseReleaseEvent(MouseEvent& event)
-{
-    m_unconsumed.send(event);
-}
-
-void UnconsumedEventTool::handleMouseDoubleClickEvent(MouseEvent& event)
-{
-    m_unconsumed.send(event);
-}
-
-void UnconsumedEventTool::handleHoverEnterEvent(MouseEvent& event)
-{
-    m_unconsumed.send(event);
-}
-
-void UnconsumedEventTool::handleHoverExitEvent(MouseEvent& event)
-{
-    m_unconsumed.send(event);
-}
-
-void UnconsumedEventTool::handleUserDragInitEvent(MouseEvent& event)
-{
-    m_unconsumed.send(event);
-}
-
-void UnconsumedEventTool::handleDragEnterEvent(DragEvent& event)
-{
-    m_unconsumed.send(event);
-}
-
-void UnconsumedEventTool::handleDragLeaveEvent(WidgetEvent& event)
-{
-    m_unconsumed.send(event);
-}
-
-void UnconsumedEventTool::handleDragEvent(DragEvent& event)
-{
-    m_unconsumed.send(event);
-}
-
-void UnconsumedEventTool::handleDropEvent(DragEvent& event)
-{
-    m_unconsumed.send(event);
-}
-
-void UnconsumedEventTool::handleFocusInEvent(FocusEvent& event)
-{
-    m_unconsumed.send(event);
-}
-
-void UnconsumedEventTool::handleFocusOutEvent(FocusEvent& event)
-{
-    m_unconsumed.send(event);
-}
-
-void UnconsumedEventTool::handleEnterCanvasEvent(WidgetEvent& event)
-{
-    m_unconsumed.send(event);
-}
-
-void UnconsumedEventTool::handleLeaveCanvasEvent(WidgetEvent& event)
-{
-    m_unconsumed.send(event);
-}
-
-void UnconsumedEventTool::handleContextMenuEvent(ContextMenuEvent& event)
-{
-    m_unconsumed.send(event);
-}
-
-void UnconsumedEventTool::handleWheelEvent(MouseEvent& event)
-{
-    m_unconsumed.send(event);
-}
-
-void UnconsumedEventTool::handleKeyPressEvent(KeyEvent& event)
-{
-    m_unconsumed.send(event);
-}
-
-void UnconsumedEventTool::handleKeyReleaseEvent(KeyEvent& event)
-{
-    m_unconsumed.send(event);
-}
-
-void UnconsumedEventTool::handleInputMethodEvent(InputMethodEvent& event)
-{
-    m_unconsumed.send(event);
-}
-
-void UnconsumedEventTool::handlePanGestureEvent(PanGestureEvent& event)
-{
-    m_unconsumed.send(event);
-}
-
-void UnconsumedEventTool::handlePinchGestureEvent(PinchGestureEvent& event)
-{
-    m_unconsumed.send(event);
-}
+#define TOVA_SEND(operation, E)                                                                    \
+    void UnconsumedEventTool::operation(E& event)                                                  \
+    {                                                                                              \
+        m_unconsumed.send(event);                                                                  \
+    }
+TOVA_EVENT_OPERATIONS(TOVA_SEND)
+#undef TOVA_SEND
 
 } // namespace Tova2

@@ -51,7 +51,7 @@ void DispatchCore::close()
 {
     if (!std::exchange(m_isOpen, false))
         return;
-    Autoscroller::instance().forgetView(m_host);
+    Autoscroller::forgetView(m_host);
     unfollow();
 }
 
@@ -65,7 +65,7 @@ void DispatchCore::followScene()
         return;
     const bool wasInside = m_isPointerInside;
     const bool hadFocus = m_hasFocus;
-    Autoscroller::instance().forgetView(m_host);
+    Autoscroller::forgetView(m_host);
     if (beforeSceneLeaves)
         beforeSceneLeaves();
     leaveCanvas();

@@ -53,9 +53,11 @@ class TOVA_EXPORT Autoscroller {
 public:
     enum class State { Idle, Alert, Autoscroll, Pause };
 
-    /// That of the process, on the host's event loop.
+    /// That of the process, on the host's event loop, or what stands in for it.
     static Autoscroller& instance();
-    /// Stands in for that of the process until it dies; null is taken for the host's event loop.
+    /// Stands in for that of the process, and for older stand-ins, until it dies: stacks and
+    /// canvases go by it, so that a test can scroll by a clock of its own. Null is taken for the
+    /// host's event loop.
     explicit Autoscroller(std::unique_ptr<GestureClock> clock);
     ~Autoscroller();
     Autoscroller(const Autoscroller&) = delete;
@@ -64,8 +66,8 @@ public:
     /// The canvas calls this for each press and move, before it dispatches the event. `canvas` and
     /// `view` are the same thing's two sides.
     void pointerMoved(AutoscrollView& view, EventCanvas& canvas, const Vetra::GLMouseEvent2& event);
-    /// Before it dies, and when it stops showing what is dragged.
-    void forgetView(const AutoscrollView& view);
+    /// Before it dies, and when it stops showing what is dragged; for all autoscrollers.
+    static void forgetView(const AutoscrollView& view);
 
     State state() const noexcept;
     /// "Idle", "Alert", "Autoscroll" or "Pause".
@@ -77,6 +79,8 @@ public:
     bool setSetting(std::string_view name, double value);
 
 private:
+    Autoscroller(std::unique_ptr<GestureClock> clock, bool isOwn);
+
     std::unique_ptr<AutoscrollerPrivate> d;
 };
 

@@ -22,6 +22,7 @@ public:
     std::optional<Vetra::Cursor> overrideCursor() override;
 
     void handleMouseMoveEvent(MouseEvent& event) override;
+    void handleHoverEnterEvent(MouseEvent& event) override;
     void handleLeaveCanvasEvent(WidgetEvent& event) override;
 
 private:

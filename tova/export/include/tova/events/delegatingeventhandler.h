@@ -36,9 +36,6 @@ protected:
     void setEventHandlerDelegate(EventHandler* delegate) noexcept { m_delegate = delegate; }
 
 private:
-    template <class E>
-    void passOn(void (EventHandler::*operation)(E&), E& event);
-
     EventHandler* m_delegate = nullptr;
 };
 

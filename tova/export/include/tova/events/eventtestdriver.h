@@ -20,7 +20,8 @@ enum class EventType : std::uint32_t;
 /// Plays the user in a test: makes the events that a canvas would make of real input, marked as
 /// test events, and hands them to a scene or to any other handler. It keeps the pointer's place in
 /// the view, the buttons and the modifiers as a user would; its calls say whether the last event
-/// they sent came back consumed. Receiver and canvas are not owned.
+/// they sent came back consumed. Receiver and canvas are not owned; once a handler has ended the
+/// canvas, nothing more is sent.
 class TOVA_EXPORT EventTestDriver {
 public:
     /// Where to point: a scene point, or the middle of a node's bounding rectangle.
@@ -60,7 +61,7 @@ public:
     bool pressKey(Vetra::Key key, const std::u16string& text = {}, bool isAutoRepeat = false);
     bool releaseKey(Vetra::Key key);
     bool typeKey(Vetra::Key key, const std::u16string& text = {});
-    /// A press and a release for each code unit.
+    /// A press and a release for each character, of two code units or one.
     bool typeText(const std::u16string& text);
     /// Shows `preedit` as the text that an input method composes.
     bool compose(const std::u16string& preedit);
@@ -79,7 +80,8 @@ public:
     // Drag and drop
 
     /// Presses at `from`, moves past the threshold and starts a drag out of `source`, which is null
-    /// when nothing took it up. A drag in progress ends first.
+    /// when nothing took it up. A drag in progress ends first. As on a canvas, what a scene's tools
+    /// had begun by then is cancelled: the drag swallows the release.
     void beginDrag(const Place& from, Vetra::EventSource* source, const Vetra::GLMimeData& data,
                    Vetra::DropActions actions = Vetra::DropAction::Copy | Vetra::DropAction::Move);
     /// What the handlers answer. Throws as `drop` does when no drag is in progress.
@@ -97,6 +99,8 @@ public:
 
 private:
     bool send(Event& event);
+    EventCanvas* canvas() const { return m_canvasLife.isAlive() ? m_canvas : nullptr; }
+    bool hasLostCanvas() const { return m_canvas && !canvas(); }
     Vetra::GLPoint<double> viewPoint(const Vetra::GLPoint<double>& scenePoint) const;
     void pointAt(const Vetra::GLPoint<double>& scenePoint);
     /// The scene may have been moved under the pointer.
@@ -111,6 +115,7 @@ private:
 
     EventHandler& m_receiver;
     EventCanvas* m_canvas;
+    Vetra::EventSource::Watch m_canvasLife;
     Vetra::GLPoint<double> m_pointer; // in the scene, when it was placed
     Vetra::GLPoint<double> m_place;   // in the view
     Vetra::MouseButtons m_buttons;

@@ -11,16 +11,17 @@ class Tool;
 
 /// An ordered stack of tools, each under a role of its own; the top one sees events first.
 ///
-/// All of it may be called from inside a tool's callbacks. It takes visible effect at once: an
-/// event under way is not offered to a tool that has left, nor to one that was put above the tool
-/// whose turn it is, while one put below is still offered it. What a tool throws reaches the caller
-/// after the operation has been completed.
+/// All of it may be called from inside a tool's callbacks. It takes visible effect at once, but an
+/// event, message or cancellation under way goes by the order that it found: it comes to each tool
+/// once, to none that has left and to none that was added meanwhile. What a tool throws reaches the
+/// caller after the operation has been completed.
 class TOVA_EXPORT IToolStack {
 public:
     virtual ~IToolStack();
 
     /// On top, or in place of the tool that has the role, which is cancelled and leaves. A tool of
-    /// this stack moves to its new role; one of another stack is refused, and null ignored.
+    /// this stack moves to its new role; one of another stack is refused, as is one that asks while
+    /// it is being removed, and null ignored. One that comes active claims the interaction.
     virtual void addTool(Tool* tool, const Vetra::StringID& role) = 0;
     /// Under its default role.
     virtual void addTool(Tool* tool) = 0;

@@ -83,8 +83,9 @@ public:
     void becomeDeferredActive() { setInteractionState(EInteractionState::DeferredActive); }
     void becomeDone() { setInteractionState(EInteractionState::Done); }
     /// Nothing when equal. A value that is no state is refused, and so is becoming active while the
-    /// stack cancels tools because another one became active, or inside three cancellations. A tool
-    /// that is still active when another has taken over becomes idle.
+    /// stack cancels tools because another one became active, inside three cancellations, or by a
+    /// tool that modifies in a read-only stack. A tool that is still active when another has taken
+    /// over, or when its stack turns read-only, becomes idle.
     void setInteractionState(EInteractionState state);
     EInteractionState getInteractionState() const noexcept { return m_state; }
     bool isIdle() const noexcept { return m_state == EInteractionState::Idle; }
