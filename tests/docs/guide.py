@@ -1,5 +1,5 @@
-"""Holds the README and the guide to what exists: a block of C++ stands in an example, line for line but for its
-indentation; pictures and files that are linked exist; the index leads to every page. Usage: guide.py ROOT"""
+"""Holds the README and the guide to what exists: a block of C++, or of CMake in the guide, stands in an example, line
+for line but for its indentation; pictures and files that are linked exist; the index leads to every page. Usage: guide.py ROOT"""
 import pathlib
 import re
 import sys
@@ -13,11 +13,12 @@ def bare(text):
     return "\n".join(["", *filter(None, map(str.strip, text.splitlines())), ""])
 
 
-examples = [bare(source.read_text()) for kind in ("*.cpp", "*.h") for source in (root / "examples").rglob(kind)]
+examples = [bare(source.read_text()) for kind in ("*.cpp", "*.h", "*/CMakeLists.txt") for source in (root / "examples").rglob(kind)]
 faults, blocks = [], 0
 for page in pages:
     text = page.read_text()
-    for block in re.findall(r"^```cpp\n(.*?)^```$", text, re.DOTALL | re.MULTILINE):
+    kinds = "cpp" if page.parent == root else "cpp|cmake"
+    for block in re.findall(rf"^```(?:{kinds})\n(.*?)^```$", text, re.DOTALL | re.MULTILINE):
         blocks += 1
         if not any(bare(block) in example for example in examples):
             faults.append(f"{page}: in no example:\n{block}")

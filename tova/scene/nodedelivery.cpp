@@ -122,6 +122,11 @@ void NodeDelivery::deliverKey(KeyEvent& event, NodeEmitters::KeyEmitter NodeEmit
     deliver(m_focused, event, emitter);
 }
 
+Node NodeDelivery::focusedNode() const
+{
+    return m_focused ? m_focused->handle() : Node();
+}
+
 void NodeDelivery::moveFocus(NodeImpl* pressed)
 {
     const auto chain = chainOf<Chain>(pressed, listensToKeyboard);

@@ -34,6 +34,9 @@ public:
     void pressKey(KeyEvent& event) { deliverKey(event, &NodeEmitters::keyPress); }
     void releaseKey(KeyEvent& event) { deliverKey(event, &NodeEmitters::keyRelease); }
 
+    /// Empty when no node has the keyboard.
+    Node focusedNode() const;
+
     // To the node that has the keyboard, when the canvas gets or loses it.
     void focusIn(FocusEvent& event) { tellFocus(event, true); }
     void focusOut(FocusEvent& event) { tellFocus(event, false); }

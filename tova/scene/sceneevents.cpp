@@ -50,6 +50,11 @@ void Scene::handleFocusOutEvent(FocusEvent& event)
     SceneUse(*this)->tools().handleFocusOut(event);
 }
 
+Node Scene::getFocusedNode() const
+{
+    return d->tools().delivery().focusedNode();
+}
+
 void Scene::passMousePressEventToNode(MouseEvent& event)
 {
     SceneUse(*this)->tools().delivery().press(event);

@@ -13,6 +13,9 @@ namespace Tova2 {
 /// What a marquee over `viewRect` covers, its frame included.
 QRect marqueeExtent(const QRectF& viewRect);
 void paintMarquee(QPainter& painter, const QRectF& viewRect, const QPalette& palette);
+/// Around a node that has the keyboard, and what it covers.
+void paintFocusOutline(QPainter& painter, const QRectF& node, const QPalette& palette);
+QRect focusOutlineExtent(const QRectF& node);
 /// Around a view that has the keyboard.
 void paintFocusRing(QPainter& painter, const QRectF& view, const QPalette& palette);
 

@@ -125,6 +125,16 @@ void GLCanvas::setGridVisible(bool on)
     d->setGridVisible(on);
 }
 
+bool GLCanvas::focusIndicatorVisible() const
+{
+    return d->isFocusIndicated();
+}
+
+void GLCanvas::setFocusIndicatorVisible(bool on)
+{
+    d->setFocusIndicated(on);
+}
+
 void GLCanvas::setMarquee(const Vetra::GLRect<double>& rect)
 {
     d->setMarquee(Vetra::toQt(rect));

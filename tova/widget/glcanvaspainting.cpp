@@ -96,6 +96,8 @@ void GLCanvasPrivate::paintDecor(QPainter& painter) const
         paintMarquee(painter, m_view.toView(m_marquee), m_widget->palette());
     if (m_busy.isRunning())
         m_busy.paint(painter, m_view.toView(m_busy.scenePoint()));
+    if (!m_focusedNode.isNull())
+        paintFocusOutline(painter, m_view.toView(m_focusedNode), m_widget->palette());
     if (m_widget->showsFocus())
         paintFocusRing(painter, m_widget->rect(), m_widget->palette());
 }

@@ -5,6 +5,8 @@
 #include "widget/guarded.h"
 #include "widget/toolkitcanvas.h"
 
+#include "tova/nodes/node.h"
+#include "tova/scene/scene.h"
 #include "tova/widget/glcanvas.h"
 #include "vetra/qt.h"
 
@@ -193,6 +195,7 @@ void GLCanvasPrivate::settle()
         markGrid(m_grid->follow(m_layers.sceneRect()));
     if (m_widget && m_isRenderingEnabled)
         update(m_picture.due());
+    followFocus();
     placeScrollbars();
 }
 
@@ -228,6 +231,45 @@ void GLCanvasPrivate::markGrid(const QRectF& sceneRect)
 {
     if (!sceneRect.isEmpty())
         m_picture.mark(sceneRect);
+}
+
+bool GLCanvasPrivate::dispatch(QEvent& event)
+{
+    // What may give another node the keyboard. Later: a handler may end the canvas.
+    const auto type = event.type();
+    if (m_isFocusIndicated && (type == QEvent::MouseButtonPress || type == QEvent::KeyPress ||
+                               type == QEvent::FocusIn || type == QEvent::FocusOut))
+        settleLater();
+    return m_input->dispatch(event);
+}
+
+void GLCanvasPrivate::setFocusIndicated(bool on)
+{
+    m_isFocusIndicated = on;
+    followFocus();
+}
+
+QRectF GLCanvasPrivate::focusedNodeRect() const
+{
+    Scene* const scene = m_canvas.getScene();
+    if (!m_isFocusIndicated || !scene || !m_widget->hasFocus())
+        return {};
+    const Node node = scene->getFocusedNode();
+    if (!node.isValid() || !node.isVisibleToScene())
+        return {};
+    const QRectF rect = Vetra::toQt(node.mapLocalToScene(node.getBoundingRect()).boundingRect());
+    return isFinite(rect) ? rect : QRectF();
+}
+
+void GLCanvasPrivate::followFocus()
+{
+    if (!m_widget)
+        return;
+    const QRectF before = std::exchange(m_focusedNode, focusedNodeRect());
+    for (const QRectF& rect : {before, m_focusedNode}) {
+        if (before != m_focusedNode && !rect.isNull())
+            update(focusOutlineExtent(view().toView(rect)));
+    }
 }
 
 void GLCanvasPrivate::setMovingWithMomentum(bool on)

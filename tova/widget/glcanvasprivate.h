@@ -67,7 +67,7 @@ public:
     CanvasInput& input() { return *m_input; }
 
     // Of the toolkit's widget
-    bool dispatch(QEvent& event) { return m_input->dispatch(event); }
+    bool dispatch(QEvent& event);
     void viewResized();
     void paint(const QRegion& exposed);
 
@@ -77,6 +77,8 @@ public:
     void setRenderingEnabled(bool on);
     bool isGridVisible() const { return m_grid.has_value(); }
     void setGridVisible(bool on);
+    bool isFocusIndicated() const { return m_isFocusIndicated; }
+    void setFocusIndicated(bool on);
     bool isMovingWithMomentum() const { return m_isMovingWithMomentum; }
     void setMovingWithMomentum(bool on);
     void setMarquee(const QRectF& sceneRect);
@@ -105,6 +107,8 @@ private:
     void settleLater();
     void settle();
     void markGrid(const QRectF& sceneRect);
+    QRectF focusedNodeRect() const;
+    void followFocus();
     void scrollByBar(double dx, double dy);
     void repaintBusy();
 
@@ -126,12 +130,14 @@ private:
     std::optional<SceneGrid> m_grid;
     BusyAnimation m_busy;
     std::optional<CanvasInput> m_input;
-    QRectF m_marquee; ///< in the scene
+    QRectF m_marquee;     ///< in the scene
+    QRectF m_focusedNode; ///< in the scene, as its outline is shown; null without one
     GLCanvasEmitters m_emitters;
     QObject m_turn; ///< receives what waits for the next turn of the event loop
     bool m_isSettling = false;
     bool m_isPainting = false;
     bool m_isRenderingEnabled = true;
+    bool m_isFocusIndicated = false;
     bool m_isMovingWithMomentum = false;
 };
 

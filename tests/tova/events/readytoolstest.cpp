@@ -128,14 +128,31 @@ TEST_F(ReadyToolsTest, AMenuOpensForWhatIsUnderThePointer)
         asked = request;
         return std::vector<ContextMenuAction>(request.node.isValid() ? 2 : 0);
     });
-    EXPECT_TRUE(m_user.contextMenu(m_onInner, Vetra::ContextMenuReason::Keyboard));
+    EXPECT_TRUE(m_user.contextMenu(m_onInner));
     EXPECT_EQ(asked.node, m_inner);
-    EXPECT_TRUE(asked.isByKeyboard);
+    EXPECT_FALSE(m_user.contextMenu(m_onInner, Vetra::ContextMenuReason::Keyboard))
+        << "what lies in the middle of the canvas is not what is meant";
+    struct Ears : Vemit::Listener {
+    } ears;
+    m_inner.connectTo(&NodeEmitters::keyPress, &ears, [](auto&&, auto&&) {});
+    MouseEvent press(EventType::MousePressEvent, nullptr, m_onInner, {}, {}, 0,
+                     Vetra::MouseButton::LeftButton, Vetra::MouseButton::LeftButton, {}, false,
+                     true);
+    m_scene->passMousePressEventToNode(press);
+    FakeCanvas canvas(m_scene.get());
+    EventTestDriver user(*m_scene, &canvas);
+    EXPECT_TRUE(user.contextMenu(m_beside, Vetra::ContextMenuReason::Keyboard));
+    EXPECT_EQ(asked.node, m_inner) << "it has the keyboard";
+    EXPECT_EQ(asked.scenePos, m_onInner);
+    EXPECT_EQ(asked.globalPos, (Vetra::GLPoint<int>{20, 0})) << "over the node";
+    tool->setKeyboardNodeProvider([&] { return m_block; });
+    user.contextMenu(m_beside, Vetra::ContextMenuReason::Keyboard);
+    EXPECT_EQ(asked.node, m_block) << "the selection goes first";
     EXPECT_FALSE(m_user.contextMenu(m_beside)) << "nothing to offer there";
     m_scene->removeTool(tool.get());
     EXPECT_EQ(log.front(), "show 2");
     EXPECT_EQ(log.back(), "hide");
-    EXPECT_EQ(std::count(log.begin(), log.end(), "show 2"), 1);
+    EXPECT_EQ(std::count(log.begin(), log.end(), "show 2"), 3);
     EXPECT_TRUE(tool->isIdle());
 }
 

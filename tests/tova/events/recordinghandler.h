@@ -1,5 +1,7 @@
 #pragma once
 
+#include "events/eventoperations.h"
+
 #include "tova/events/contextmenuevent.h"
 #include "tova/events/dragevent.h"
 #include "tova/events/eventcanvas.h"
@@ -22,28 +24,20 @@ class RecordingHandler : public EventHandler {
 public:
     std::vector<std::string> log;
 
-    void handleMouseMoveEvent(MouseEvent&) override { log.push_back("MouseMove"); }
-    void handleMousePressEvent(MouseEvent&) override { log.push_back("MousePress"); }
-    void handleMouseReleaseEvent(MouseEvent&) override { log.push_back("MouseRelease"); }
-    void handleMouseDoubleClickEvent(MouseEvent&) override { log.push_back("MouseDoubleClick"); }
-    void handleHoverEnterEvent(MouseEvent&) override { log.push_back("HoverEnter"); }
-    void handleHoverExitEvent(MouseEvent&) override { log.push_back("HoverExit"); }
-    void handleUserDragInitEvent(MouseEvent&) override { log.push_back("UserDragInit"); }
-    void handleDragEnterEvent(DragEvent&) override { log.push_back("DragEnter"); }
-    void handleDragLeaveEvent(WidgetEvent&) override { log.push_back("DragLeave"); }
-    void handleDragEvent(DragEvent&) override { log.push_back("Drag"); }
-    void handleDropEvent(DragEvent&) override { log.push_back("Drop"); }
-    void handleFocusInEvent(FocusEvent&) override { log.push_back("FocusIn"); }
-    void handleFocusOutEvent(FocusEvent&) override { log.push_back("FocusOut"); }
-    void handleEnterCanvasEvent(WidgetEvent&) override { log.push_back("EnterCanvas"); }
-    void handleLeaveCanvasEvent(WidgetEvent&) override { log.push_back("LeaveCanvas"); }
-    void handleContextMenuEvent(ContextMenuEvent&) override { log.push_back("ContextMenu"); }
-    void handleWheelEvent(MouseEvent&) override { log.push_back("Wheel"); }
-    void handleKeyPressEvent(KeyEvent&) override { log.push_back("KeyPress"); }
-    void handleKeyReleaseEvent(KeyEvent&) override { log.push_back("KeyRelease"); }
-    void handleInputMethodEvent(InputMethodEvent&) override { log.push_back("InputMethod"); }
-    void handlePanGestureEvent(PanGestureEvent&) override { log.push_back("PanGesture"); }
-    void handlePinchGestureEvent(PinchGestureEvent&) override { log.push_back("PinchGesture"); }
+#define TOVA_RECORD(operation, E)                                                                  \
+    void operation(E&) override                                                                    \
+    {                                                                                              \
+        record(#operation);                                                                        \
+    }
+    TOVA_EVENT_OPERATIONS(TOVA_RECORD)
+#undef TOVA_RECORD
+
+private:
+    /// "MousePress" of "handleMousePressEvent".
+    void record(std::string operation)
+    {
+        log.push_back(operation.substr(6, operation.size() - 11));
+    }
 };
 
 /// Shows `scene` at twice its size, with scene point (10, 20) in the corner.

@@ -2,6 +2,8 @@
 
 #include "scene/sceneprivate.h"
 
+#include "tova/events/mouseevent.h"
+#include "tova/nodes/nodeemitters.h"
 #include "tova/nodes/rectnode.h"
 #include "tova/scene/scene.h"
 #include "tova/widget/glcanvas.h"
@@ -11,7 +13,7 @@
 
 #include <gtest/gtest.h>
 
-#include <QCoreApplication>
+#include <QApplication>
 #include <QImage>
 #include <QPixmap>
 #include <QScrollBar>
@@ -273,6 +275,34 @@ TEST_F(GLCanvasTest, ShowsTheOverlayOverTheBaseAndTheGridUnderIt)
     canvas.setGridVisible(false);
     QCoreApplication::processEvents();
     EXPECT_EQ(picture().pixelColor(100, 120), QColor(Qt::white));
+}
+
+TEST_F(GLCanvasTest, OutlinesTheNodeThatHasTheKeyboard)
+{
+    struct Ears : Vemit::Listener {
+    } ears;
+    RectNode block({50, 50, 40, 40});
+    scene->addNode(block);
+    block.connectTo(&NodeEmitters::keyPress, &ears, [](auto&&, auto&&) {});
+    MouseEvent press(EventType::MousePressEvent, nullptr, {70, 70}, {}, {}, 0, {}, {}, {}, false,
+                     true);
+    scene->passMousePressEventToNode(press);
+    canvas.setScene(scene.get());
+    QWidget& widget = *toQt(canvas);
+    widget.show();
+    QApplication::setActiveWindow(&widget);
+    widget.setFocus();
+    const auto isOutlinedAt = [&](int x) {
+        canvas.renderNow();
+        return picture().pixelColor(x, 70) != QColor(Qt::white);
+    };
+    EXPECT_FALSE(isOutlinedAt(47)) << "unless the host wants it";
+    canvas.setFocusIndicatorVisible(true);
+    EXPECT_TRUE(isOutlinedAt(47));
+    block.setPosition({block.getPosition().x + 100, block.getPosition().y});
+    EXPECT_TRUE(isOutlinedAt(147) && !isOutlinedAt(47)) << "follows the node";
+    widget.clearFocus();
+    EXPECT_FALSE(isOutlinedAt(147));
 }
 
 TEST_F(GLCanvasTest, MovesThePictureWithTheScene)

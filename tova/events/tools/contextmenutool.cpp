@@ -3,7 +3,9 @@
 #include "tova/events/contextmenuevent.h"
 #include "tova/events/eventcanvas.h"
 #include "tova/scene/scene.h"
+#include "vetra/saturate.h"
 
+#include "events/tools/shownin.h"
 #include "nodes/deferrederror.h"
 
 #include <utility>
@@ -25,6 +27,11 @@ Vetra::StringID ContextMenuTool::staticGetDefaultRole()
 void ContextMenuTool::setActionProvider(ActionProvider provider)
 {
     m_provider = std::move(provider);
+}
+
+void ContextMenuTool::setKeyboardNodeProvider(NodeProvider provider)
+{
+    m_keyboardNode = std::move(provider);
 }
 
 void ContextMenuTool::cancel(ECancelReason, const Tool*)
@@ -69,10 +76,35 @@ ContextMenuRequest ContextMenuTool::requestOf(const ContextMenuEvent& event)
     request.globalPos = input.globalPosition;
     request.isByKeyboard = input.reason == Vetra::ContextMenuReason::Keyboard;
     request.canvas = event.canvas();
+    if (request.isByKeyboard) {
+        aimByKeyboard(request, event);
+        return request;
+    }
     const auto view = request.canvas ? request.canvas->getViewportTransform() : Vetra::Transform();
     if (scene())
         request.node = scene()->getNodeAt(request.scenePos, view);
     return request;
+}
+
+/// What lies in the middle of the canvas, where such an event comes from, is not what is meant.
+void ContextMenuTool::aimByKeyboard(ContextMenuRequest& request, const ContextMenuEvent& event)
+{
+    const auto provider = m_keyboardNode; // it may set another one
+    request.node = provider ? provider() : Node();
+    if (!request.node.isValid() && scene())
+        request.node = scene()->getFocusedNode();
+    if (!isShownIn(request.node, scene())) {
+        request.node = {};
+        return;
+    }
+    request.scenePos = request.node.mapLocalToScene(request.node.getBoundingRect().center());
+    if (!request.canvas)
+        return;
+    const auto& input = event.asGLContextMenuEvent2();
+    const auto place = request.canvas->scenePointToViewPoint(request.scenePos);
+    request.globalPos = Vetra::saturatedInts(
+        Vetra::GLPoint<double>{place.x + input.globalPosition.x - input.position.x,
+                               place.y + input.globalPosition.y - input.position.y});
 }
 
 } // namespace Tova2

@@ -52,20 +52,35 @@ public:
 
     /// Calls `callable(args...)`, until either end disconnects or the emitter dies. A null function
     /// is not connected: the handle is empty.
-    template <Detail::Callback<Args...> F>
+    template <class F>
     Connection connect(F&& callable)
     {
-        return isNull(callable) ? Connection() : add(std::forward<F>(callable), nullptr);
+        static_assert(Detail::Callback<F, Args...>,
+                      "connect: the callback has to take what the emitter sends, argument for "
+                      "argument; `auto&&` takes one that does not matter");
+        if constexpr (!Detail::Callback<F, Args...>)
+            return {};
+        else
+            return isNull(callable) ? Connection() : add(std::forward<F>(callable), nullptr);
     }
 
     /// The same, ending as well when `listener` dies. `callable` is one of its member functions or
     /// anything that takes the arguments. A null listener is not connected.
-    template <std::derived_from<Listener> T, Detail::CallbackOf<T, Args...> F>
+    template <class T, class F>
     Connection connect(T* listener, F&& callable)
     {
-        if (!listener || isNull(callable))
+        static_assert(std::derived_from<T, Listener>,
+                      "connect: the listener has to derive from Vemit::Listener");
+        static_assert(Detail::CallbackOf<F, T, Args...>,
+                      "connect: the callback, or the listener's member function, has to take what "
+                      "the emitter sends, argument for argument; `auto&&` takes one that does not "
+                      "matter");
+        constexpr bool isFine = std::derived_from<T, Listener> && Detail::CallbackOf<F, T, Args...>;
+        if constexpr (!isFine)
             return {};
-        if constexpr (std::is_member_pointer_v<std::decay_t<F>>)
+        else if (!listener || isNull(callable))
+            return {};
+        else if constexpr (std::is_member_pointer_v<std::decay_t<F>>)
             return add(Detail::MemberCall<T, std::decay_t<F>>{listener, callable}, listener);
         else
             return add(std::forward<F>(callable), listener);

@@ -26,10 +26,13 @@ struct ContextMenuAction {
 
 /// What the user asks a menu for.
 struct ContextMenuRequest {
+    /// Where the pointer is; by keyboard the middle of the node that is meant.
     Vetra::GLPoint<double> scenePos;
     Vetra::GLPoint<int> globalPos; ///< on the screen, where the menu will open
-    bool isByKeyboard = false;     ///< then the menu is for what is selected, wherever the pointer
-    Node node;                     ///< the topmost at the position; may be empty
+    bool isByKeyboard = false;
+    /// The topmost at the position; by keyboard, wherever the pointer is, the one that is meant.
+    /// Either may be empty.
+    Node node;
     EventCanvas* canvas = nullptr;
 };
 

@@ -10,6 +10,7 @@ namespace Tova2 {
 /// Without a provider, or where it has none, the event goes on to the tools below.
 class TOVA_EXPORT ContextMenuTool : public Tool {
 public:
+    using NodeProvider = std::function<Node()>;
     using ActionProvider = std::function<std::vector<ContextMenuAction>(const ContextMenuRequest&)>;
 
     /// Shows menus through `presenter`; null stands for the toolkit's popup.
@@ -18,6 +19,10 @@ public:
     static Vetra::StringID staticGetDefaultRole();
 
     void setActionProvider(ActionProvider provider);
+    /// Says which node a menu asked for by key is for, and opens over, such as the one that is
+    /// selected. Without a provider, or when it has none, that is the scene's focused node; without
+    /// that either, the menu is for no node and opens in the middle of the canvas.
+    void setKeyboardNodeProvider(NodeProvider provider);
 
     ModifyingType isModifyingTool() const override { return ModifyingType::NeverModifies; }
     EAutoScrollType autoScrollTypeDuringDrag() override { return EAutoScrollType::None; }
@@ -30,9 +35,11 @@ public:
 
 private:
     ContextMenuRequest requestOf(const ContextMenuEvent& event);
+    void aimByKeyboard(ContextMenuRequest& request, const ContextMenuEvent& event);
 
     std::unique_ptr<ContextMenuPresenter> m_presenter;
     ActionProvider m_provider;
+    NodeProvider m_keyboardNode;
 };
 
 } // namespace Tova2

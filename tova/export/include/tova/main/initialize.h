@@ -1,10 +1,7 @@
 #pragma once
 
 #include "tova/tova_export.h"
-
-namespace Vetra {
-class ErrorHolder;
-}
+#include "vetra/errorholder.h"
 
 namespace Tova2 {
 

@@ -102,8 +102,8 @@ public:
     DrawStyle getCreationDrawStyle();
 
     // Tools. A new scene has the ready tools of which its factory makes one; from the bottom up
-    // "UnconsumedEventTool", "CursorChangeTool", "PanZoomTool", "ToolTipTool", "ScrollWheelTool"
-    // and "TextTool".
+    // "UnconsumedEventTool", "CursorChangeTool", "PanZoomTool", "ToolTipTool" and
+    // "ScrollWheelTool". The role "TextTool", on top of them, has no tool yet.
 
     void addTool(Tool* tool, const Vetra::StringID& role) override;
     void addTool(Tool* tool) override;
@@ -134,7 +134,7 @@ public:
     ToolFactory& getToolFactory();
     /// Tools that modify get no events while it is on.
     bool getToolstackReadonly();
-    /// Cancels an active tool that modifies, and moves the change counter on.
+    /// Cancels the gestures of tools that modify, and moves the change counter on.
     void setToolstackReadonly(bool isReadonly);
     /// That tools want shown instead of the usual one; the arrow when they want none.
     Vetra::Cursor getToolOverrideCursor();
@@ -184,6 +184,8 @@ public:
     void passMouseMoveEventToNode(MouseEvent& event);
     void passKeyPressEventToNode(KeyEvent& event);
     void passKeyReleaseEventToNode(KeyEvent& event);
+    /// The node that keys go to; empty when there is none.
+    Node getFocusedNode() const;
 
     // Settings
 

@@ -6,9 +6,13 @@ namespace Tova2 {
 
 class Node;
 
-/// Told of what happens to the nodes of a scene, for an undo log or a model kept in step. A tracker
-/// may edit the scene and may throw: what was under way is completed first, then the exception
-/// reaches whoever made the change.
+/// Told which nodes of a scene come, go and change, to keep a model or an undo log in step. It
+/// hears of a change once the new value is stored, and not which value it was: an undo log keeps
+/// what it may have to put back from before. Looks for a moment, such as a glow under the pointer,
+/// are changes as well; those of the overlay scene are another scene's.
+///
+/// A tracker may edit the scene and may throw: what was under way is completed first, then the
+/// exception reaches whoever made the change.
 class TOVA_EXPORT SceneChangeTracker {
 public:
     virtual ~SceneChangeTracker();

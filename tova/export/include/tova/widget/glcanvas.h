@@ -168,6 +168,10 @@ public:
     /// Each fifth is darker. No part of the scene, its bounds, queries or pictures.
     bool gridVisible() const;
     void setGridVisible(bool on);
+    /// An outline around the scene's focused node while the canvas has the keyboard; off at first.
+    /// No part of the scene either.
+    bool focusIndicatorVisible() const;
+    void setFocusIndicatorVisible(bool on);
     /// A rubber band in scene coordinates; an empty rectangle takes it away.
     void setMarquee(const Vetra::GLRect<double>& rect);
     /// A turning wheel at the scene point.
