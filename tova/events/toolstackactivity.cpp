@@ -159,6 +159,7 @@ void ToolStackCore::setReadonly(bool isReadonly)
 
 void ToolStackCore::renewCursor()
 {
+    const Use use(*this);
     m_cursor = {};
     m_isCursorStale = false;
     DeferredError errors;

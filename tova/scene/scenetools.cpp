@@ -1,6 +1,7 @@
 #include "scene/scenetools.h"
 
 #include "nodes/deferrederror.h"
+#include "nodes/destruction.h"
 
 #include "tova/events/focusevent.h"
 #include "tova/events/mouseevent.h"
@@ -104,8 +105,10 @@ void SceneTools::handleLeave(WidgetEvent& event)
 /// A gesture has ended beyond the edge of its canvas, where the pointer is over no node.
 void SceneTools::noToolActive()
 {
-    if (std::exchange(m_isLeaveHeld, false))
-        leaveNodes(nullptr);
+    if (!std::exchange(m_isLeaveHeld, false))
+        return;
+    const DestructionDelay delay; // a tool may end its gesture by a timer, with no use of the scene
+    leaveNodes(nullptr);
 }
 
 void SceneTools::leaveNodes(EventCanvas* canvas)

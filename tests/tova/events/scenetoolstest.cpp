@@ -204,7 +204,10 @@ TEST_F(SceneToolsTest, ToolsFollowTheContentToItsNextOwnerAndOutliveTheLast)
     EXPECT_EQ(tool->scene(), second.get());
     EXPECT_TRUE(second->hasTool(tool.get()));
     Scene* seen = second.get();
-    tool->onRemove = [&](ProbeTool& t) { seen = t.scene(); };
+    tool->onRemove = [&](ProbeTool& t) {
+        seen = t.scene();
+        throw std::runtime_error("in its farewell"); // which is reported: nobody could catch it
+    };
     second.reset();
     EXPECT_EQ(seen, nullptr);
 }
