@@ -10,6 +10,9 @@ namespace Tova2 {
 
 namespace {
 
+constexpr double kNan = std::numeric_limits<double>::quiet_NaN();
+constexpr double kInf = std::numeric_limits<double>::infinity();
+
 /// Scenes of few coordinates, so that pieces overlap, share corners and end on each other.
 class RandomScene {
 public:
@@ -62,7 +65,7 @@ CrossingModel::Points RandomScene::points()
         else if (kind == 18)
             next = {coordinate(), coordinate()};
         else if (below(4) == 0)
-            next.y = std::numeric_limits<double>::quiet_NaN();
+            next.y = (below(2) ? 1 : -1) * (below(2) ? kNan : kInf);
         made.push_back(next);
     }
     return made;
