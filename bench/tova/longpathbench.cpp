@@ -49,7 +49,7 @@ Vetra::Holder<Scene> makeLongPath(Look look, int count)
     auto scene = Scene::createScene();
     // A row of pixels meets all teeth of a tall one.
     OpenLinearPathNode node(
-        zigzag(count, look == Crossed, look < Wide && look > Plain ? count : 40));
+        zigzag(count, look >= Rounded, look < Wide && look > Plain ? count : 40));
     node.setDrawStyle(styleOf(look));
     if (look == Stretched)
         node.setTransform(Vetra::Transform(1, 0, 0, 5, 0, 0));
