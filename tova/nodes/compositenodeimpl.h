@@ -4,7 +4,7 @@
 
 namespace Tova2 {
 
-class CompositeNodeImpl final : public ContainerNodeImpl {
+class CompositeNodeImpl final : public GroupNodeImpl {
 public:
     static constexpr const char* kTypeName = "Tova2.CompositeNode";
 

@@ -5,11 +5,8 @@
 namespace Tova2 {
 
 /// A node of its children alone. Its style belongs to nothing.
-class ContainerNodeImpl : public NodeImpl {
+class GroupNodeImpl : public NodeImpl {
 public:
-    static constexpr const char* kTypeName = "Tova2.ContainerNode";
-
-    const char* typeName() const override { return kTypeName; }
     QRectF strokedRect() const override { return {}; }
     double strokeReach() const override { return 0; }
     bool countsInBounds() const override { return false; }
@@ -18,6 +15,13 @@ public:
     bool outlineContains(const QPointF&) const override { return false; }
     bool outlineIntersects(const Bounds&) const override { return false; }
     void paintNode(PaintContext&) const override {} // its children draw themselves
+};
+
+class ContainerNodeImpl final : public GroupNodeImpl {
+public:
+    static constexpr const char* kTypeName = "Tova2.ContainerNode";
+
+    const char* typeName() const override { return kTypeName; }
 };
 
 } // namespace Tova2

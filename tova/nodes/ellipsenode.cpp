@@ -78,7 +78,7 @@ double EllipseNode::getScaledHeight(double viewScale) const
     return getValidEllipseImpl()->geometryRectAt(viewScale).height();
 }
 
-void EllipseNode::setLodScale(LodScale* scale)
+void EllipseNode::setLodScale(const LodScale* scale)
 {
     getValidEllipseImpl()->setLodScale(scale);
 }

@@ -6,6 +6,7 @@
 #include "nodes/fancyroundedrectnodeimpl.h"
 #include "nodes/imagenodeimpl.h"
 #include "nodes/linenodeimpl.h"
+#include "nodes/nodekind.h"
 #include "nodes/opencurvedpathnodeimpl.h"
 #include "nodes/openlinearpathnodeimpl.h"
 #include "nodes/roundedrectnodeimpl.h"
@@ -22,7 +23,7 @@ void inspectEnd(Inspection& out, const char* label, const LineEndDecoration& dec
 {
     if (!decoration.isValid())
         return;
-    out.line(label) << static_cast<const NodeImpl*>(decoration.getNode().getReferenced()) << " at "
+    out.line(label) << implBehind(decoration.getNode()) << " at "
                     << Vetra::toQt(decoration.getPosition()) << ", rotation "
                     << decoration.getRotation() << ", backoff " << decoration.getLineBackoff();
 }

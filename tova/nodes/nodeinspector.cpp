@@ -3,6 +3,7 @@
 #include "nodes/inspection.h"
 #include "nodes/nodeextras.h"
 #include "nodes/nodeimpl.h"
+#include "nodes/nodekind.h"
 
 #include "vetra/qt.h"
 
@@ -64,7 +65,7 @@ std::string inspectorText(const Node& node)
     }
     // Held: a custom painter that is asked for its bounds may let go of it.
     const Node held = node;
-    const auto& impl = static_cast<const NodeImpl&>(*held.getReferenced());
+    const auto& impl = *implBehind(held);
     out.line("Node") << &impl;
     inspectPlace(out, impl);
     inspectLooks(out, impl);

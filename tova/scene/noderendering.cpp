@@ -37,8 +37,8 @@ QRectF reachOf(NodeImpl& root, double scale)
 } // namespace
 
 // Here, beside the pipeline it needs, rather than with the node's other operations.
-Vetra::Pixmap Node::renderToPixmap(CacheType type, double scale,
-                                   Vetra::GLPoint<double>& offset) const
+Vetra::Pixmap Node::renderToPixmap(CacheType type, double scale, Vetra::GLPoint<double>& offset,
+                                   const Vetra::StringID&) const
 {
     NodeImpl* const root = getValidImpl();
     const DestructionDelay delay;

@@ -45,6 +45,8 @@ TEST_P(BoundsQueryTest, TellsRegionsInsideFromThoseBesideIt)
 TEST_P(BoundsQueryTest, ContainsAndMeetsItself)
 {
     EXPECT_TRUE(m_bounds.contains(m_bounds));
+    const auto anew = m_bounds.transformed(Vetra::Transform::fromTranslate(64, 0));
+    EXPECT_TRUE(m_bounds.contains(anew.transformed(Vetra::Transform::fromTranslate(-64, 0))));
     EXPECT_TRUE(m_bounds.intersectsWith(m_bounds));
     EXPECT_EQ(m_bounds.intersectedWith(m_bounds), m_bounds);
     EXPECT_EQ(m_bounds.unionedWith(m_bounds), m_bounds);
@@ -77,6 +79,15 @@ TEST(BoundsQueryTest, RectangleInAGapOfAListIsNotPartOfIt)
     const Bounds list(std::vector<Rect>{{0, 0, 1, 1}, {9, 9, 1, 1}, {4, 4, 1, 1}});
     EXPECT_THAT(list.boundingRects(), testing::ElementsAre(Rect{0, 0, 1, 1}, Rect{9, 9, 1, 1}));
     EXPECT_FALSE(list.contains(Point{4.5, 4.5}));
+}
+
+TEST(BoundsQueryTest, ARectangleAcrossGapsIsNotContained)
+{
+    const Bounds stripes(std::vector<Rect>{{0, 0, 10, 2}, {0, 4, 10, 2}, {0, 8, 10, 2}});
+    const Bounds abutting(std::vector<Rect>{{0, 0, 10, 4}, {0, 4, 10, 3}, {0, 6, 10, 4}});
+    EXPECT_FALSE(stripes.contains(Bounds(Rect{1, 1, 8, 8})));
+    EXPECT_TRUE(abutting.contains(Bounds(Rect{1, 1, 8, 8})));
+    EXPECT_TRUE(stripes.contains(Bounds(Rect{0, 4, 10, 2})));
 }
 
 TEST(BoundsQueryTest, EdgesAreClosed)

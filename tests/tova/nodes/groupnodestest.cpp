@@ -29,6 +29,7 @@ TEST(CompositeNodeTest, ItsContainerIsItsOneChildAndHoldsTheParts)
     EXPECT_TRUE(container.isa("Tova2.ContainerNode"));
     EXPECT_EQ(container, composite.getCompositeContainer());
     EXPECT_EQ(container.getParent(), composite);
+    EXPECT_FALSE(composite.as<ContainerNode>().isValid()); // nor does it say so of itself
     EXPECT_EQ(composite.getChildren(), std::vector<Node>{container});
 
     RectNode part({0, 0, 10, 10});

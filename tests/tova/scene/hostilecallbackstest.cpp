@@ -1,6 +1,5 @@
 #include "nodes/flagscope.h"
-#include "nodes/nodeimpl.h"
-#include "scene/sceneprivate.h"
+#include "scene/watching.h"
 #include "tova/events/focusevent.h"
 #include "tova/events/mouseevent.h"
 #include "tova/nodes/customnode.h"
@@ -28,19 +27,6 @@ namespace {
 using namespace Tova2;
 
 struct Thrown {};
-
-/// What makes a scene look for what is to be painted again with each edit.
-void watch(Scene& scene)
-{
-    struct Idle final : RepaintSink {
-        void repaintRequested(const DirtyArea&) override {}
-    };
-    static Idle idle;
-    const Node inside = scene.addNode(RectNode());
-    const auto* impl = static_cast<const NodeImpl*>(inside.getReferenced());
-    static_cast<ScenePrivate*>(impl->sceneLink())->addRepaintSink(&idle);
-    scene.removeNode(inside);
-}
 
 /// Scenes, nodes and handles that every callback may do anything to.
 class World : public SceneChangeTracker, public Vemit::Listener {

@@ -1,10 +1,12 @@
 #include "support/rows.h"
+#include "tova/events/tool.h"
 #include "tova/nodes/customnode.h"
 #include "tova/nodes/customnodepainter.h"
 #include "tova/nodes/rectnode.h"
 #include "tova/scene/scene.h"
 #include "tova/scene/scenechangetracker.h"
 #include "vetra/error.h"
+#include "vetra/errorreporter.h"
 
 #include <gtest/gtest.h>
 
@@ -189,6 +191,49 @@ TEST(LifetimeTest, ATrackerThatRepeatsWhatItIsToldIsToldOnce)
     EXPECT_EQ(tracker.removed, 2);
     EXPECT_EQ(scene->getAllNodesCount(), 0u);
     scene->endChangeTracking();
+}
+
+struct FailingTool : Tool {
+    ModifyingType isModifyingTool() const override { return ModifyingType::NeverModifies; }
+    Vetra::StringID getDefaultRole() const override { return Vetra::StringID("FailingTool"); }
+    void cancel(ECancelReason, const Tool*) override {}
+    void onRemoveFromStack() override { throw std::runtime_error("tool"); }
+};
+
+// Out of a destructor, where it would end the process.
+TEST(LifetimeTest, WhatAToolThrowsAtTheEndOfItsSceneIsReported)
+{
+    int reported = 0;
+    Vetra::setErrorReporter([&](std::exception_ptr) { ++reported; });
+    const RectNode node = filled();
+    auto scene = Scene::createScene();
+    scene->addNode(node);
+    scene->addTool(new FailingTool);
+    scene.reset();
+    Vetra::setErrorReporter({});
+    EXPECT_EQ(reported, 1);
+    EXPECT_EQ(node.getScene(), nullptr);
+}
+
+TEST(LifetimeTest, ATagsValueMayEditTheTagsAsItEnds)
+{
+    const Vetra::StringID tag("some");
+    const std::function<void(Node&)> ends[] = {
+        [&](Node& node) { node.addTag(tag); },
+        [&](Node& node) { node.removeTag(tag); },
+        [](Node& node) { node.removeAllTags(); },
+    };
+    for (const auto& end : ends) {
+        for (const auto& act : {ends[0], ends[1], ends[2]}) {
+            Node node = filled();
+            node.addTag(tag, std::shared_ptr<void>(&node, [&](void*) {
+                            act(node);
+                            node.release();
+                        }));
+            end(node);
+            EXPECT_FALSE(node.isValid());
+        }
+    }
 }
 
 /// Neither building nor searching nor taking down may use stack in proportion to the depth.

@@ -2,9 +2,7 @@
 
 #include "host/displayquery.h"
 #include "support/rows.h"
-#include "tova/nodes/rectnode.h"
-#include "tova/nodes/shapenode.h"
-#include "tova/nodes/textnode.h"
+#include "tova/tova.h"
 #include "vetra/error.h"
 #include "vetra/qt.h"
 
@@ -107,6 +105,74 @@ TEST_F(SceneTest, BoundsLeaveOutWhatShowsNothing)
     EXPECT_EQ(m_scene->getBounds(), (Rect{0, 0, 10, 10}));
     hidden.setVisible(true);
     EXPECT_EQ(m_scene->getBounds(), (Rect{0, 0, 905, 905}));
+}
+
+TEST_F(SceneTest, FindsInARectangleWhatSaysThatItIsThere)
+{
+    const Rect all{-100, -100, 300, 300};
+    OpenLinearPathNode path({{0, 0}, {50, 0}, {50, 50}});
+    QPainterPath triangle;
+    triangle.addPolygon(QPolygonF({{0, 0}, {10, 0}, {0, 10}}));
+    ShapeNode shape(Vetra::fromQt(triangle));
+    LineNode line({0, 0}, {50, 50});
+    for (Node node : {Node(path), Node(shape), Node(line)}) {
+        for (const Stroke& stroke : {Stroke(StrokeStyle::SolidLine), Stroke::NoStroke()}) {
+            node.setStroke(stroke);
+            node.setFill(Fill::NoFill());
+            m_scene->addNode(node);
+            EXPECT_EQ(m_scene->getNodesIntersectingRect(all).size(), node.intersects(all));
+            EXPECT_EQ(node.intersects(all), !stroke.isNoStroke());
+            m_scene->removeNode(node);
+        }
+    }
+    for (Node node : {Node(RectNode()), Node(RoundedRectNode()), Node(FancyRoundedRectNode()),
+                      Node(EllipseNode())}) {
+        m_scene->addNode(node);
+        EXPECT_TRUE(m_scene->getNodesIntersectingRect(all).empty()) << "without extent";
+        EXPECT_EQ(m_scene->getBounds(), Rect()) << "without extent";
+        m_scene->removeNode(node);
+    }
+}
+
+/// Is hit far to the right of its node, and may take it out.
+struct FarTester : CustomHitTestFunctor {
+    bool contains(const Node& node, double, const Vetra::GLPoint<double>& point) const override
+    {
+        if (takesOut)
+            Node(node).remove();
+        return point.x >= 500;
+    }
+    bool intersects(const Node&, double, const Rect& rect) const override
+    {
+        return rect.right() >= 500;
+    }
+    bool intersects(const Node& node, double tolerance, const Bounds& area) const override
+    {
+        return intersects(node, tolerance, area.boundingRect());
+    }
+    Bounds hitTestBounds(const Node&, double) const override
+    {
+        return Bounds(Rect{500, 0, 10, 10});
+    }
+    bool takesOut = false;
+};
+
+TEST_F(SceneTest, AFunctorMayEnlargeWhereItsNodeIsHit)
+{
+    Vetra::Holder<FarTester> tester(new FarTester);
+    RectNode node({0, 0, 10, 10}), below({500, 0, 10, 10});
+    m_scene->addNode(below);
+    m_scene->addNode(node);
+    node.setCustomHitTestFunctor(tester.get());
+    EXPECT_EQ(m_scene->getNodeAt({505, 5}), node);
+    EXPECT_EQ(m_scene->getNodesAtScenePos({505, 5}), (std::vector<Node>{node, below}));
+    EXPECT_EQ(m_scene->getNodesIntersectingRect({500, 0, 2, 2}), (std::vector<Node>{node, below}));
+    EXPECT_FALSE(m_scene->getNodeAt({5, 5}).isValid());
+    tester->takesOut = true;
+    EXPECT_EQ(m_scene->getNodeAt({505, 5}), below);
+    m_scene->addNode(node);
+    node.setCustomHitTestFunctor(nullptr);
+    EXPECT_EQ(m_scene->getNodeAt({505, 5}), below);
 }
 
 std::string errorOfCreation()

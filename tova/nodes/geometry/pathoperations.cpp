@@ -168,8 +168,16 @@ bool containsPoint(const QPainterPath& path, const Bounds::Point& point)
 bool containsRect(const QPainterPath& path, const Bounds::Rect& rect)
 {
     const double k = rangeFactor(path);
-    return k == 1 ? path.contains(Vetra::toQt(rect))
-                  : mapped(path, scaling(k)).contains(Vetra::toQt(scaling(k).mapRect(rect)));
+    if (k != 1)
+        return mapped(path, scaling(k)).contains(Vetra::toQt(scaling(k).mapRect(rect)));
+    // Edges are closed, but the toolkit finds that a common one sticks out.
+    const Bounds::Rect within = rect.grown(-coordinateTolerance);
+    const QRectF inner = Vetra::toQt(within.isValid() ? within : rect);
+    if (!path.contains(inner))
+        return false;
+    // Under this rule the toolkit tries five points of a rectangle that edges cross.
+    const bool isCertain = path.fillRule() == Qt::OddEvenFill || !canCombine(path, path);
+    return isCertain || path.simplified().contains(inner);
 }
 
 bool intersectsRect(const QPainterPath& path, const Bounds::Rect& rect)

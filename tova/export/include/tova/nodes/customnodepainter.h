@@ -12,7 +12,10 @@ namespace Tova2 {
 ///
 /// Rectangles and regions that are not finite count as empty. Bounds are asked for in the middle of
 /// other work, so an exception from `getBoundingRect` makes the node empty instead of passing on;
-/// one from any other operation passes to whoever caused the call, with the QPainter restored.
+/// one from any other operation passes to whoever caused the call, with the QPainter restored. A
+/// painter may edit and ask anything from any operation. Asked for bounds, it is answered from what
+/// the scene knew before, and finds its own node empty; what it edits then is seen by the next
+/// query.
 class TOVA_EXPORT CustomNodePainter : public Vetra::Referenced {
 public:
     // The order of the virtual operations is part of the interface.

@@ -41,7 +41,7 @@ public:
     double getScaledWidth(double viewScale) const;
     double getScaledHeight(double viewScale) const;
     /// Not owned; null draws the same size at every view scale.
-    void setLodScale(LodScale* scale);
+    void setLodScale(const LodScale* scale);
     /// Any value but -1, which is the initial one, draws the ellipse with its centre on the corner
     /// of a pixel.
     void setWidthToPixelAlignCenter(double width);

@@ -227,7 +227,8 @@ public:
     bool hasCursor() const;
     /// The arrow when none is set.
     Vetra::Cursor getCursor() const;
-    /// Null restores the element's own shape.
+    /// Null restores the element's own shape. Scenes ask the functor wherever the element's bounds
+    /// or those that the functor gives reach.
     void setCustomHitTestFunctor(CustomHitTestFunctor* functor);
     bool contains(const Vetra::GLPoint<double>& point) const;
     bool containsScenePoint(const Vetra::GLPoint<double>& point) const;
@@ -247,11 +248,13 @@ public:
     // Output
 
     /// The element with its children, on a transparent ground, at `scale` pixels a local unit.
-    /// `offset` is set to the local point of the pixmap's top left corner. With a cache type other
-    /// than NoCache a picture made before is used again while nothing has changed. A null pixmap
-    /// when there is nothing to show or when it would exceed the library's limits.
-    Vetra::Pixmap renderToPixmap(CacheType type, double scale,
-                                 Vetra::GLPoint<double>& offset) const;
+    /// `offset` is set to the local point of the pixmap's top left corner. Painted anew at each
+    /// call; with a cache type other than NoCache, elements below that have a cache of their own
+    /// are painted from it. An element looks the same in every layer, so `layerId`, the layer that
+    /// the picture is meant for, changes nothing. A null pixmap when there is nothing to show or
+    /// when it would exceed the library's limits.
+    Vetra::Pixmap renderToPixmap(CacheType type, double scale, Vetra::GLPoint<double>& offset,
+                                 const Vetra::StringID& layerId = {}) const;
 
 protected:
     /// Slot of what makes an element on first need; a kind of node asks its private half for it.

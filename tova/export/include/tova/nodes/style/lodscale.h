@@ -11,7 +11,8 @@ namespace Tova2 {
 ///
 /// Functions are immutable and shared: whoever takes a pointer to one never owns it, and a function
 /// made by the host has to outlive its users. A view scale that is not finite or not above 0 counts
-/// as 1, and no result is infinite.
+/// as 1, and no result is infinite. A host's function depends on nothing but the view scale: it is
+/// asked in the middle of other work, and must neither throw nor edit anything.
 class TOVA_EXPORT LodScale {
 public:
     static const LodScale* instance();
