@@ -142,11 +142,18 @@ void DisplayList::refreshBoxes()
 
 void DisplayList::candidates(const Box& area, std::uint8_t without, Slots& slots) const
 {
-    for (const auto block : m_entries.order()) {
-        if (!m_entries.commonBox(block).touches(area))
+    const auto order = m_entries.order();
+    if (order.empty())
+        return;
+    // Kept here, or each slot found would have the arrays looked up again for every block.
+    const Box* const commonBoxes = &m_entries.commonBox(0);
+    const Box wanted = area;
+    for (const auto block : order) {
+        if (!commonBoxes[block].touches(wanted))
             continue;
-        for (Slot slot = EntryBlocks::first(block); slot < m_entries.end(block); ++slot) {
-            if (m_entries.box(slot).touches(area) && !(m_entries.flags(slot) & without))
+        const Slot end = m_entries.end(block);
+        for (Slot slot = EntryBlocks::first(block); slot < end; ++slot) {
+            if (m_entries.box(slot).touches(wanted) && !(m_entries.flags(slot) & without))
                 slots.push_back(slot);
         }
     }
