@@ -145,6 +145,8 @@ INSTANTIATE_TEST_SUITE_P(
         InputCase{{"FingersWhoseGestureMayNeverEnd"},
                   {2, {3, 0}}, // what is less than a pixel waits for more of it
                   [](Test& on) {
+                      on.user.pan(GestureState::GestureUpdated, {std::nan(""), 1e300});
+                      on.canvas->translateScenePointToViewPoint({5000, 5000}, {0, 0});
                       on.user.pan(GestureState::GestureUpdated, {1.4, 0});
                       on.user.pan(GestureState::GestureUpdated, {1.4, 0});
                   }},

@@ -60,9 +60,11 @@ Vetra::GLPoint<double> PanZoomTool::wholePixels(const Vetra::GLPoint<double>& wa
 /// move.
 void PanZoomTool::follow(const Vetra::GLPoint<double>& way)
 {
-    m_behind += way;
-    const auto whole = wholePixels(m_behind);
-    m_behind = m_behind - whole;
+    const auto wanted = m_behind + way;
+    const auto whole = wholePixels(wanted);
+    const auto rest = wanted - whole;
+    // More than a pixel is what no sum can hold, or no number.
+    m_behind = std::hypot(rest.x, rest.y) < 1 ? rest : Vetra::GLPoint<double>{};
     translateWithSoftLimits(whole.x, whole.y, false);
 }
 
