@@ -90,7 +90,8 @@ bool CanvasInput::scrollBy(const Vetra::GLPoint<double>& step)
         return false;
     const auto before = m_canvas.getSceneRectInView();
     const double scale = m_canvas.getScale();
-    m_canvas.translate({-step.x / scale, -step.y / scale});
+    const auto whole = m_canvas.d_func()->wholePixels(step, m_scrollRest);
+    m_canvas.translate({-whole.x / scale, -whole.y / scale});
     return m_canvas.getSceneRectInView() != before;
 }
 

@@ -37,6 +37,7 @@ private:
     GLCanvas& m_canvas;
     QObject m_turn; ///< receives what waits for the next turn of the event loop
     bool m_isHoverDue = false;
+    Vetra::GLPoint<double> m_scrollRest; ///< of autoscrolling, in view pixels
     EventDispatcher m_dispatcher;
 };
 

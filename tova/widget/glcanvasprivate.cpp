@@ -82,6 +82,17 @@ QPointF GLCanvasPrivate::wholePixels(const QPointF& way) const
     return {std::round(way.x() * ratio) / ratio, std::round(way.y() * ratio) / ratio};
 }
 
+Vetra::GLPoint<double> GLCanvasPrivate::wholePixels(const Vetra::GLPoint<double>& way,
+                                                    Vetra::GLPoint<double>& rest) const
+{
+    const auto wanted = rest + way;
+    const auto whole = Vetra::fromQt(wholePixels(Vetra::toQt(wanted)));
+    rest = wanted - whole;
+    if (!(std::hypot(rest.x, rest.y) < 1)) // what no sum can hold, or no number
+        rest = {};
+    return whole;
+}
+
 QRectF GLCanvasPrivate::panLimits() const
 {
     const QRectF scene = m_layers.sceneRect();

@@ -92,6 +92,9 @@ public:
     /// The nearest way in view pixels that is one of whole device pixels: the picture of a view
     /// that goes it is copied, not painted anew.
     QPointF wholePixels(const QPointF& way) const;
+    /// The same for one way of many: `rest`, less than a pixel, is what the others have left over.
+    Vetra::GLPoint<double> wholePixels(const Vetra::GLPoint<double>& way,
+                                       Vetra::GLPoint<double>& rest) const;
 
     Vetra::GLMimeData mimeData;
     std::vector<std::string> dropFormats{"text/plain", "text/html",  "text/uri-list",

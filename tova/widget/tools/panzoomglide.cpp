@@ -51,20 +51,11 @@ void PanZoomTool::letGo()
     cancel(ECancelReason::AllToolsCancelled, nullptr);
 }
 
-Vetra::GLPoint<double> PanZoomTool::wholePixels(const Vetra::GLPoint<double>& way) const
-{
-    return m_canvas ? Vetra::fromQt(m_canvas->d_func()->wholePixels(Vetra::toQt(way))) : way;
-}
-
-/// By whole device pixels, however few of them a pixel is; what is left over counts with the next
-/// move.
 void PanZoomTool::follow(const Vetra::GLPoint<double>& way)
 {
-    const auto wanted = m_behind + way;
-    const auto whole = wholePixels(wanted);
-    const auto rest = wanted - whole;
-    // More than a pixel is what no sum can hold, or no number.
-    m_behind = std::hypot(rest.x, rest.y) < 1 ? rest : Vetra::GLPoint<double>{};
+    if (!m_canvas)
+        return;
+    const auto whole = m_canvas->d_func()->wholePixels(way, m_behind);
     translateWithSoftLimits(whole.x, whole.y, false);
 }
 
@@ -152,7 +143,7 @@ void PanZoomTool::settle(GLCanvas& canvas)
     if (!m_glideFrom)
         return;
     const auto way = canvas.scenePointToViewPoint({}) - *std::exchange(m_glideFrom, {});
-    const auto rest = wholePixels(way) - way;
+    const auto rest = Vetra::fromQt(canvas.d_func()->wholePixels(Vetra::toQt(way))) - way;
     translateWithSoftLimits(rest.x, rest.y, false);
 }
 

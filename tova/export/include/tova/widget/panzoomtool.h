@@ -81,7 +81,6 @@ private:
     void followFingers(const Vetra::GLPoint<double>& way);
     void zoomBy(double factor, const Vetra::GLPoint<double>& scenePoint);
 
-    Vetra::GLPoint<double> wholePixels(const Vetra::GLPoint<double>& way) const;
     void follow(const Vetra::GLPoint<double>& way);
     void translateWithSoftLimits(double dx, double dy, bool fromMomentum);
     bool isInterrupted() const;
