@@ -118,6 +118,18 @@ void BM_FrameOfView(benchmark::State& state)
     }
 }
 
+/// All of the scene, a little nearer and farther: every pixel at another scale.
+void BM_ZoomStepAtFit(benchmark::State& state)
+{
+    Shown shown(makeDiagram(static_cast<int>(state.range(0)) / 2));
+    const auto bounds = shown.scene().getBounds();
+    double scale = std::min(kWidth / bounds.width, kHeight / bounds.height);
+    for (auto _ : state) {
+        shown.canvas().setScale(scale *= 0.9999);
+        turn();
+    }
+}
+
 void moveOne(benchmark::State& state, Shown& shown)
 {
     const auto middle = shown.canvas().getSceneRectInView().center();
@@ -258,6 +270,7 @@ void peerCounts(benchmark::internal::Benchmark* bench)
 
 BENCHMARK(BM_Frame)->Apply(counts);
 BENCHMARK(BM_FrameOfView)->Apply(peerCounts);
+BENCHMARK(BM_ZoomStepAtFit)->Apply(counts);
 BENCHMARK(BM_MoveOne)->Apply(counts);
 BENCHMARK(BM_MoveOneAtRatio)->Apply(ratios);
 BENCHMARK(BM_DragViewAtRatio)->Apply(ratios)->Iterations(400);

@@ -143,6 +143,16 @@ void BM_BareBlocks(benchmark::State& state)
     renderBare(state, makeBareGrid(static_cast<int>(state.range(0))));
 }
 
+void BM_LodDiagram(benchmark::State& state)
+{
+    render(state, makeDiagram(static_cast<int>(state.range(0)) / 2), "tova2::default");
+}
+
+void BM_BareDiagram(benchmark::State& state)
+{
+    renderBare(state, makeBareDiagram(static_cast<int>(state.range(0)) / 2));
+}
+
 void BM_LodLabelledDiagram(benchmark::State& state)
 {
     render(state, makeLabelledDiagram(static_cast<int>(state.range(0))), "tova2::default");
@@ -172,6 +182,8 @@ void boxes(benchmark::internal::Benchmark* bench)
 BENCHMARK(BM_LodBlocks)->Apply(blocks);
 BENCHMARK(BM_FullQualityBlocks)->Apply(blocks);
 BENCHMARK(BM_BareBlocks)->Apply(blocks);
+BENCHMARK(BM_LodDiagram)->Apply(blocks);
+BENCHMARK(BM_BareDiagram)->Apply(blocks);
 BENCHMARK(BM_LodLabelledDiagram)->Apply(boxes);
 BENCHMARK(BM_FullQualityLabelledDiagram)->Apply(boxes);
 BENCHMARK(BM_BareLabelledDiagram)->Apply(boxes);

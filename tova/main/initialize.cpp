@@ -25,7 +25,7 @@ void registerPlainFeatures()
 
 /// In the order of start; the editor framework, which comes before them, collects by itself.
 constexpr void (*kStarts[])() = {
-    registerStandardStrategies,
+    [] { LODManagerPrivate::instance().addStandard(); },
     HostLinks::registerForShutdown,
     registerPlainFeatures,
     MathGraphics::initialize_math_graphics_kernel,
@@ -52,7 +52,7 @@ void terminate_tova()
 {
     if (std::exchange(isTerminated, true))
         return;
-    unregisterStandardStrategies();
+    LODManagerPrivate::instance().removeStandard();
     HostLinks::unregisterFromShutdown();
     Host::terminate_oxstudio();
     Vetra::ImageCompositor::Manager::instance().clearCache();

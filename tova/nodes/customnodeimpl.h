@@ -26,6 +26,7 @@ public:
     Bounds outline() const override;
     void paintNode(PaintContext& context) const override;
     bool hidesItsSilhouette() const override { return false; }
+    bool isSilhouetteOfInk() const override { return false; }
     void paintSilhouette(PaintContext& context) const override;
     QPainterPath silhouetteOutline(double viewScale) const override;
 

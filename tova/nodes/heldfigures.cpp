@@ -1,7 +1,8 @@
 #include "nodes/heldfigures.h"
 
-#include "nodes/coveragelayer.h"
+#include "nodes/pixelarea.h"
 
+#include <QImage>
 #include <QPainter>
 
 #include <algorithm>
@@ -64,17 +65,19 @@ void HeldFigures::drawOnLayer(QPainter& painter, double pixelRatio, const QRect&
 {
     if (reach.isEmpty())
         return;
-    CoverageLayer layer(reach);
+    QImage layer(reach.size(), QImage::Format_ARGB32_Premultiplied);
     if (layer.isNull())
         return;
+    layer.fill(Qt::transparent);
+    PixelArea pixels(layer, reach.topLeft());
     for (const Figure& figure : m_figures) {
         if (figure.width > 0)
-            layer.draw(figure.line, figure.width, figure.color);
+            pixels.draw(figure.line, figure.width, figure.color);
         else
-            layer.fill(boxOf(figure.line), figure.color);
+            pixels.fill(boxOf(figure.line), figure.color);
     }
-    layer.image().setDevicePixelRatio(pixelRatio);
-    painter.drawImage(QPointF(reach.topLeft()) / pixelRatio, layer.image());
+    layer.setDevicePixelRatio(pixelRatio);
+    painter.drawImage(QPointF(reach.topLeft()) / pixelRatio, layer);
 }
 
 void HeldFigures::drawSingly(QPainter& painter) const

@@ -1,6 +1,6 @@
 #include "nodes/effects/effectcache.h"
 #include "nodes/effects/effectlayer.h"
-#include "nodes/effects/effectpainter.h"
+#include "nodes/effects/effectpainting.h"
 #include "nodes/effects/effectplacement.h"
 #include "nodes/effects/silhouettestyle.h"
 #include "nodes/nodeimpl.h"
@@ -19,12 +19,12 @@ void NodeImpl::paintWithEffects(PaintContext& context) const
     const bool isSeen = !layers.empty() && !strokedRectAt(context.options().viewScale).isEmpty();
     for (const EffectLayer& layer : layers) {
         if (isSeen && layer.isBelow)
-            context.effectPainter().paint(*this, layer, context);
+            paintEffect(*this, layer, context);
     }
     paintNode(context);
     for (const EffectLayer& layer : layers) {
         if (isSeen && !layer.isBelow)
-            context.effectPainter().paint(*this, layer, context);
+            paintEffect(*this, layer, context);
     }
 }
 
@@ -35,8 +35,8 @@ QRectF NodeImpl::paintedRect(const QTransform& toTarget, const QTransform& view,
     if (m_style.effect().isEmpty() || own.isEmpty())
         return toTarget.mapRect(own);
     const EffectReach reach = reachOf(m_style.effect(), viewScale);
-    const QRectF local = own.adjusted(-reach.around, -reach.around, reach.around,
-                                      std::max(reach.around, reach.below));
+    const double around = silhouetteBox(viewScale) ? reach.around : reach.aroundCorners;
+    const QRectF local = own.adjusted(-around, -around, around, std::max(around, reach.below));
     const QRectF shifted = effectLengths(*this, toTarget, view).mapRect(reach.shifted);
     return toTarget.mapRect(local).adjusted(shifted.left(), shifted.top(), shifted.right(),
                                             shifted.bottom());

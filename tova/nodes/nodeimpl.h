@@ -153,10 +153,10 @@ public:
     // The silhouette, which effects are made from: what the node paints, but opaque
     /// Into a context of silhouettes.
     virtual void paintSilhouette(PaintContext& context) const { paintNode(context); }
-    /// The silhouette's edge, or the line that the node strokes around its fill.
+    /// Its edge, without the gaps of dashes.
     virtual QPainterPath silhouetteOutline(double viewScale) const;
-    /// How far the stroke reaches beyond that line; 0 at the silhouette's edge.
-    virtual double strokeBeyondOutline(double) const { return 0; }
+    /// Whether it is made of lines, areas and letters, and not of pictures.
+    virtual bool isSilhouetteOfInk() const { return true; }
     /// Where a box is all of it.
     virtual std::optional<SilhouetteBox> silhouetteBox(double) const { return {}; }
     /// Whether nothing that lies under it is seen.

@@ -1,6 +1,5 @@
 #include "nodes/paintcontext.h"
 
-#include "nodes/effects/pixeleffectpainter.h"
 #include "nodes/effects/silhouettestyle.h"
 #include "nodes/pen.h"
 
@@ -16,7 +15,6 @@ namespace Tova2 {
 
 PaintContext::PaintContext(QPainter& painter, const QTransform& view, const PaintOptions& options)
     : m_painter(painter)
-    , m_effectPainter(&PixelEffectPainter::instance())
     , m_view(view)
     , m_options(options)
     , m_simplification(&Simplification::of(options.quality))
@@ -65,16 +63,25 @@ void PaintContext::setOpacity(double opacity)
     m_painter.setOpacity(opacity);
 }
 
-void PaintContext::setSilhouette(double cosmeticWidth)
+void PaintContext::setSilhouette(double cosmeticWidth, const Vetra::Color& color)
 {
     m_isSilhouette = true;
+    m_silhouetteColor = color;
     m_cosmeticWidth = cosmeticWidth;
     m_simplification = &Simplification::none();
 }
 
+void PaintContext::setQuality(std::uint8_t quality)
+{
+    if (quality == m_options.quality)
+        return;
+    m_options.quality = quality;
+    m_simplification = m_isSilhouette ? &Simplification::none() : &Simplification::of(quality);
+}
+
 QColor PaintContext::ink(const QColor& color) const
 {
-    return m_isSilhouette && color.alpha() > 0 ? QColor(Qt::black) : color;
+    return m_isSilhouette && color.alpha() > 0 ? Vetra::toQt(m_silhouetteColor) : color;
 }
 
 double PaintContext::pixelsOf(const Stroke& stroke) const
@@ -99,7 +106,7 @@ Stroke PaintContext::aligned(const Stroke& stroke) const
 void PaintContext::setStyle(const DrawStyle& style, double extent)
 {
     if (m_isSilhouette)
-        applyStyle(silhouetteStyle(style, m_cosmeticWidth), extent);
+        applyStyle(silhouetteStyle(style, m_silhouetteColor, m_cosmeticWidth), extent);
     else
         applyStyle(style, extent);
 }
@@ -169,7 +176,8 @@ QTransform PaintContext::nodeToDevice() const
 
 QTransform PaintContext::nodeToPixels() const
 {
-    return nodeToDevice() * QTransform::fromScale(m_pixelRatio, m_pixelRatio);
+    return m_isMovedOnly ? QTransform::fromTranslate(m_offset.x(), m_offset.y()) * m_viewToPixels
+                         : m_nodeToDevice * QTransform::fromScale(m_pixelRatio, m_pixelRatio);
 }
 
 double PaintContext::pixelsAUnit() const

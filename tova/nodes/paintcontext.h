@@ -1,6 +1,7 @@
 #pragma once
 
 #include "nodes/heldfigures.h"
+#include "nodes/pixelarea.h"
 #include "nodes/polylines.h"
 #include "nodes/simplification.h"
 #include "nodes/strokearea.h"
@@ -13,6 +14,7 @@
 #include <QTransform>
 
 #include <limits>
+#include <optional>
 #include <span>
 #include <vector>
 
@@ -26,8 +28,6 @@ class QRectF;
 namespace Tova2 {
 
 class StripFill;
-
-class EffectPainter;
 
 /// A painter on its way through the nodes of a scene. It knows what the painter is set to, so that
 /// nodes that look alike and only lie elsewhere cost no change of state: as long as a node is
@@ -45,17 +45,15 @@ public:
     /// without the toolkit's general stroker. Elsewhere a stroke has to stay one.
     void setFillsStrokes(bool on) { m_fillsStrokes = on; }
     bool isOnPixels() const { return m_fillsStrokes; }
+    /// What the painter paints on, where some of it may be drawn past the painter.
+    void setPixels(const std::optional<PixelArea>& pixels) { m_pixels = pixels; }
 
-    /// Nodes then draw all that shows of them, and nothing else, as opaque black. `cosmeticWidth`
-    /// is that of lines of one pixel, in the node's units.
-    void setSilhouette(double cosmeticWidth);
+    /// Nodes then draw all that shows of them, and nothing else, in one colour. `cosmeticWidth` is
+    /// that of lines of one pixel, in the node's units.
+    void setSilhouette(double cosmeticWidth, const Vetra::Color& color);
     bool isSilhouette() const { return m_isSilhouette; }
     /// Of what a node draws with a colour that is not its style's.
     QColor ink(const QColor& color) const;
-
-    /// Who draws effects; not owned. Unless set, they are drawn as pixels where they are soft.
-    EffectPainter& effectPainter() const { return *m_effectPainter; }
-    void setEffectPainter(EffectPainter& painter) { m_effectPainter = &painter; }
 
     const PaintOptions& options() const { return m_options; }
     const QTransform& view() const { return m_view; }
@@ -69,7 +67,9 @@ public:
     /// `extent` is that of the figure in local units, where there is one to be filled.
     void setStyle(const DrawStyle& style, double extent = std::numeric_limits<double>::infinity());
 
-    /// What the quality of this paint leaves out.
+    /// That of the nodes to come.
+    void setQuality(std::uint8_t quality);
+    /// What the quality leaves out.
     const Simplification& simplification() const { return *m_simplification; }
     /// Draws a figure that is too small to be told from a box as one, of which it covers a share.
     /// False, and nothing drawn, where it is not too small.
@@ -159,13 +159,16 @@ private:
     double widthAcross(const QLineF& pixels) const;
     bool holdLines(std::span<const QPointF> points);
     bool holdAll(const Polylines& lines);
+    bool canHoldLines() const;
+    void holdLine(const QLineF& pixels, QRgb color);
+    QPointF heldPoint(const QPointF& point) const;
+    bool holdPath(const QPainterPath& path);
     QPainter& viewPainter();
     Stroke aligned(const Stroke& stroke) const;
     QRectF aligned(const QRectF& rect) const;
     QPointF aligned(const QPointF& point) const;
 
     QPainter& m_painter;
-    EffectPainter* m_effectPainter;
     QTransform m_view;
     PaintOptions m_options;
     const Simplification* m_simplification;
@@ -179,6 +182,7 @@ private:
     Fill m_fill;
     double m_pixelRatio;
     double m_cosmeticWidth = 0; ///< of silhouettes
+    Vetra::Color m_silhouetteColor;
     QTransform m_viewToPixels;
     bool m_isViewOnPixels; ///< moved by whole pixels, and no more
     bool m_isUpright;      ///< the view neither turns nor shears
@@ -195,7 +199,8 @@ private:
     bool m_fillsStrokes = false;
     bool m_isSilhouette = false;
 
-    HeldFigures m_held; ///< nothing has been drawn since
+    std::optional<PixelArea> m_pixels;
+    HeldFigures m_held; ///< nothing has been drawn since; empty while there are pixels to draw on
     StrokePolygon m_strokePolygon;
     std::vector<QPointF> m_movedPoints;
     Polylines m_movedLines, m_scratchLines;

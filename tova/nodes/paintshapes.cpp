@@ -112,6 +112,8 @@ void PaintContext::drawLine(const QLineF& line)
 
 void PaintContext::drawPath(const QPainterPath& path)
 {
+    if (holdPath(path))
+        return;
     if (!m_isPixelAligned && drawsShifted() && m_offset.isNull()) {
         // Connectors mostly: their points are the scene's.
         QPainter& painter = viewPainter();

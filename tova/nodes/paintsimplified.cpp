@@ -1,8 +1,10 @@
+#include "nodes/cubic.h"
 #include "nodes/paintcontext.h"
 
 #include "vetra/qt.h"
 
 #include <QPainter>
+#include <QPainterPath>
 
 #include <algorithm>
 #include <cmath>
@@ -43,10 +45,13 @@ QRectF PaintContext::heldBox(const QRectF& area) const
 
 void PaintContext::hold(const QRectF& area, const Vetra::Color& color)
 {
+    if (color.alpha() == 0)
+        return;
+    if (m_pixels)
+        return m_pixels->fill(heldBox(area), heldColor(color));
     if (m_held.isFull())
         flush();
-    if (color.alpha() > 0)
-        m_held.add(heldBox(area), heldColor(color));
+    m_held.add(heldBox(area), heldColor(color));
 }
 
 void PaintContext::fillArea(const QRectF& area, const Vetra::Color& color)
@@ -131,22 +136,69 @@ double PaintContext::widthAcross(const QLineF& pixels) const
 }
 
 /// Without joins, which are less than a pixel.
-bool PaintContext::holdLines(std::span<const QPointF> points)
+bool PaintContext::canHoldLines() const
 {
-    const bool isThin = m_stroke.style() == StrokeStyle::SolidLine && m_penWidth <= 1;
-    if (!isThin || !canHold() || !m_isAntialiased)
-        return false;
+    return m_stroke.style() == StrokeStyle::SolidLine && m_penWidth <= 1 && canHold() &&
+           m_isAntialiased;
+}
+
+QPointF PaintContext::heldPoint(const QPointF& point) const
+{
+    const QPointF inScene = (m_isPixelAligned ? aligned(point) : point) + m_offset;
+    return {inScene.x() * m_viewToPixels.m11() + m_viewToPixels.dx(),
+            inScene.y() * m_viewToPixels.m22() + m_viewToPixels.dy()};
+}
+
+void PaintContext::holdLine(const QLineF& pixels, QRgb color)
+{
+    if (m_pixels)
+        return m_pixels->draw(pixels, widthAcross(pixels), color);
     if (m_held.isFull())
         flush();
+    m_held.add(pixels, widthAcross(pixels), color);
+}
+
+bool PaintContext::holdLines(std::span<const QPointF> points)
+{
+    if (!canHoldLines())
+        return false;
     const QRgb color = heldColor(m_stroke.color());
-    const auto place = [this](const QPointF& point) {
-        return m_viewToPixels.map((m_isPixelAligned ? aligned(point) : point) + m_offset);
-    };
-    QPointF before = place(points.front());
+    QPointF before = heldPoint(points.front());
     for (const QPointF& point : points.subspan(1)) {
-        const QLineF line(before, place(point));
-        m_held.add(line, widthAcross(line), color);
-        before = line.p2();
+        const QPointF after = heldPoint(point);
+        holdLine({before, after}, color);
+        before = after;
+    }
+    return true;
+}
+
+/// The edges of a shape without a fill; curves as chords that are not told from them.
+bool PaintContext::holdPath(const QPainterPath& path)
+{
+    if (m_fill.style() != FillStyle::NoFill || m_isPixelAligned || !canHoldLines())
+        return false;
+    constexpr double kUnseen = 0.1; // pixels
+    const QRgb color = heldColor(m_stroke.color());
+    QPointF before;
+    const auto goTo = [&](const QPointF& after) {
+        holdLine({before, after}, color);
+        before = after;
+    };
+    for (int i = 0; i < path.elementCount(); ++i) {
+        const QPainterPath::Element element = path.elementAt(i);
+        if (element.isMoveTo()) {
+            before = heldPoint(element);
+        } else if (element.isLineTo()) {
+            goTo(heldPoint(element));
+        } else {
+            m_movedPoints.clear();
+            const Cubic curve{{before, heldPoint(element), heldPoint(path.elementAt(i + 1)),
+                               heldPoint(path.elementAt(i + 2))}};
+            curve.appendChordsWithin(kUnseen, m_movedPoints);
+            i += 2;
+            for (const QPointF& point : m_movedPoints)
+                goTo(point);
+        }
     }
     return true;
 }

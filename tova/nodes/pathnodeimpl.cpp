@@ -263,19 +263,10 @@ QByteArray PathNodeImpl::silhouetteKey() const
 QPainterPath PathNodeImpl::silhouetteOutline(double viewScale) const
 {
     const Stroke& stroke = drawStyle().stroke();
-    if (isFilled())
-        return wholePath();
-    return m_strokes || keepsItsWidth(stroke, viewScale)
-               ? outline().asQPainterPath()
-               : strokedArea(wholePath(), stroke, viewScale);
-}
-
-double PathNodeImpl::strokeBeyondOutline(double viewScale) const
-{
-    double widest = 0;
-    for (const Run& run : runsOf(flat()))
-        widest = std::max(widest, run.stroke->isNoStroke() ? 0 : run.stroke->width(viewScale));
-    return isFilled() ? widest / 2 : 0;
+    if (m_strokes || (!isFilled() && keepsItsWidth(stroke, viewScale)))
+        return outline().asQPainterPath();
+    return isFilled() ? strokedEdge(wholePath(), stroke, viewScale)
+                      : strokedArea(wholePath(), stroke, viewScale);
 }
 
 } // namespace Tova2

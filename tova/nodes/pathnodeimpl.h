@@ -47,7 +47,6 @@ public:
     void paintNode(PaintContext& context) const override;
     bool hidesItsSilhouette() const override;
     QPainterPath silhouetteOutline(double viewScale) const override;
-    double strokeBeyondOutline(double viewScale) const override;
     QByteArray silhouetteKey() const override;
 
 protected:

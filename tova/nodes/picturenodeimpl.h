@@ -17,6 +17,7 @@ public:
     double strokeReach() const override { return 0; }
     void paintNode(PaintContext& context) const override;
     bool hidesItsSilhouette() const override { return false; }
+    bool isSilhouetteOfInk() const override { return false; }
 
 private:
     Vetra::Picture m_picture;

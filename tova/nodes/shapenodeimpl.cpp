@@ -191,15 +191,9 @@ QPainterPath ShapeNodeImpl::silhouetteOutline(double viewScale) const
 {
     const Stroke& stroke = drawStyle().stroke();
     if (isFilled())
-        return Vetra::toQt(m_figure);
+        return strokedEdge(Vetra::toQt(m_figure), stroke, viewScale);
     return keepsItsWidth(stroke, viewScale) ? outline().asQPainterPath()
                                             : strokedArea(Vetra::toQt(m_figure), stroke, viewScale);
-}
-
-double ShapeNodeImpl::strokeBeyondOutline(double viewScale) const
-{
-    const Stroke& stroke = drawStyle().stroke();
-    return isFilled() && !stroke.isNoStroke() ? stroke.width(viewScale) / 2 : 0;
 }
 
 } // namespace Tova2

@@ -27,7 +27,6 @@ public:
     bool outlineIntersects(const Bounds& area) const override;
     void paintNode(PaintContext& context) const override;
     QPainterPath silhouetteOutline(double viewScale) const override;
-    double strokeBeyondOutline(double viewScale) const override;
     QByteArray silhouetteKey() const override;
 
 protected:

@@ -3,13 +3,12 @@
 #include "scene/lodmanagerprivate.h"
 #include "scene/sceneprivate.h"
 
-#include "tova/scene/lodmanager.h"
 #include "vetra/errorreporter.h"
 
 namespace Tova2 {
 
 DetailScope::DetailScope(ScenePrivate& scene)
-    : m_manager(*LODManager::instance().d), m_outerPaints(m_manager.paintCount())
+    : m_manager(LODManagerPrivate::instance()), m_outerPaints(m_manager.paintCount())
 {
     m_manager.beginScene(scene.scene(), scene.settings.lodStrategyKey);
 }

@@ -15,16 +15,6 @@ LODManager& LODManager::instance()
     return *manager;
 }
 
-void registerStandardStrategies()
-{
-    LODManager::instance().d->addStandard();
-}
-
-void unregisterStandardStrategies()
-{
-    LODManager::instance().d->removeStandard();
-}
-
 void LODManager::registerStrategy(const boost::shared_ptr<LODStrategy>& strategy)
 {
     d->add(strategy);

@@ -3,6 +3,7 @@
 #include "nodes/deferrederror.h"
 
 #include "tova/scene/fullqualitylodstrategy.h"
+#include "tova/scene/lodmanager.h"
 #include "tova/scene/massivemodellodstrategy.h"
 
 #include <boost/make_shared.hpp>
@@ -18,6 +19,11 @@ LODManagerPrivate::LODManagerPrivate()
     , m_default(m_standard.front())
 {
     addStandard();
+}
+
+LODManagerPrivate& LODManagerPrivate::instance()
+{
+    return *LODManager::instance().d;
 }
 
 void LODManagerPrivate::addStandard()
@@ -70,6 +76,8 @@ void LODManagerPrivate::deactivate(const Vetra::StringID& id)
 void LODManagerPrivate::switchTo(StrategyPtr strategy)
 {
     const auto former = std::exchange(m_active, strategy);
+    if (former && m_asking > 0)
+        m_replaced.push_back(former);
     if (former)
         former->deactivate();
     // Either call may have switched again.
@@ -170,8 +178,16 @@ unsigned char LODManagerPrivate::qualityAt(double scale)
         switchTo(m_default);
         joinPaint();
     }
-    const auto strategy = m_active ? m_active : m_default;
-    return strategy->getQuality(scale);
+    struct Asking {
+        LODManagerPrivate& manager;
+        explicit Asking(LODManagerPrivate& m) : manager(m) { ++m.m_asking; }
+        ~Asking()
+        {
+            if (--manager.m_asking == 0 && !manager.m_replaced.empty())
+                std::exchange(manager.m_replaced, {});
+        }
+    } const asking(*this);
+    return (m_active ? m_active.get() : m_default.get())->getQuality(scale);
 }
 
 } // namespace Tova2

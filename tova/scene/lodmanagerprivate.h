@@ -12,17 +12,20 @@
 namespace Tova2 {
 
 /// Strategies are the host's, and may call back, throw or be unregistered in the middle of any
-/// call: each is called through a reference of its own, with the records already as they are to be.
+/// call: each is called with the records already as they are to be, and through a reference of its
+/// own. Only the question that each node asks is too cheap for that: what goes meanwhile is kept
+/// until the answer is there.
 class LODManagerPrivate {
 public:
     using StrategyPtr = boost::shared_ptr<LODStrategy>;
 
     LODManagerPrivate();
+    static LODManagerPrivate& instance();
 
     void add(const StrategyPtr& strategy);
     /// Where a host has not put one of its own under the same id.
     void addStandard();
-    /// What a scene is drawn by then is the default one.
+    /// Scenes are drawn all the same, by the default one.
     void removeStandard();
     bool remove(const StrategyPtr& strategy);
     bool remove(const Vetra::StringID& id) { return m_registered.erase(id) > 0; }
@@ -52,13 +55,9 @@ private:
     const std::array<StrategyPtr, 3> m_standard;
     const StrategyPtr m_default;
     StrategyPtr m_active;
-    std::vector<Paint> m_paints; ///< under way, the innermost last
+    std::vector<Paint> m_paints;         ///< under way, the innermost last
+    int m_asking = 0;                    ///< calls of `getQuality` under way
+    std::vector<StrategyPtr> m_replaced; ///< while they were asked
 };
-
-/// Brings the manager up with all strategies of the library; for start-up, which need not wait for
-/// the first paint.
-void registerStandardStrategies();
-/// Scenes may be drawn all the same.
-void unregisterStandardStrategies();
 
 } // namespace Tova2

@@ -92,6 +92,7 @@ QImage draw(NodeImpl& node, const PaintContext& context, const QRect& frame)
     options.exposed = Vetra::fromQt(view.inverted().mapRect(whole));
     PaintContext own(painter, view, options);
     own.setFillsStrokes(true);
+    own.setPixels(PixelArea(image, {}));
     own.setOpacity(context.opacity());
     own.enterLike(context);
     node.paintWithEffects(own);

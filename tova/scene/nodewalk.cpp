@@ -39,8 +39,13 @@ NodeWalk::NodeWalk(QPainter& painter, const QTransform& view, const RenderReques
     // Besides keeping to the area, a rectangular clip lets the toolkit drop far ends of lines
     // early.
     painter.setWorldTransform(view);
+    const bool isFree = !painter.hasClipping();
     if (!request.isClipped)
         painter.setClipRect(request.exposed, Qt::IntersectClip);
+    // As the toolkit rounds rectangles to clip to.
+    if (request.isPixelDevice && isFree)
+        m_pixels = PixelArea::under(painter, m_context.exposedPixels().toRect());
+    m_context.setPixels(m_pixels);
 }
 
 NodeWalk::~NodeWalk()
@@ -115,6 +120,7 @@ void NodeWalk::useClipsOf(const NodeImpl& node)
     if (!nearest)
         return;
     m_context.flush();
+    m_context.setPixels({});
     m_painter.save();
     m_clipper = nearest;
     for (auto clipper = clippers.rbegin(); clipper != clippers.rend(); ++clipper)
@@ -141,6 +147,7 @@ void NodeWalk::leaveClips()
     m_clipper = nullptr;
     m_painter.restore();
     m_context.forgetPainterState();
+    m_context.setPixels(m_pixels);
 }
 
 } // namespace Tova2

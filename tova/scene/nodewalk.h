@@ -26,6 +26,8 @@ public:
     /// One that has no opacity, clip or fixed size, neither itself nor from an ancestor.
     void paintPlain(NodeImpl& node);
     void paintSpecial(NodeImpl& node);
+    /// Of the nodes to come.
+    void setQuality(std::uint8_t quality) { m_context.setQuality(quality); }
     /// After an edit in the middle of the walk.
     void forgetPlacements() { m_placements = PlacementCache(); }
 
@@ -43,6 +45,7 @@ private:
     const NodeImpl* m_clipper = nullptr; ///< the nearest clipping ancestor whose clips are set
     QRectF m_deviceExposed;
     double m_baseOpacity;
+    std::optional<PixelArea> m_pixels; ///< that are drawn on without the painter outside of clips
     bool m_isPixelDevice;
 };
 

@@ -94,15 +94,16 @@ void renderScene(ScenePrivate& scene, QPainter& painter, const RenderRequest& re
                                 {view * QTransform::fromScale(ratio, ratio), request.isOffScreen});
     const DetailScope detail(scene);
     PaintOptions options = optionsOf(view, request);
-    if (!request.keepsAll) {
-        options.quality = detail.qualityAt(scaleOf(view) * ratio);
+    const double scale = scaleOf(view) * ratio;
+    if (!request.keepsAll)
         options.smallestText = scene.settings.minRenderFontSize;
-    }
     const auto candidates = candidatesIn(scene, request.exposed, scaleOf(view));
     NodeWalk walk(painter, view, request, options, nullptr);
     auto edits = scene.editCounter();
     bool isEdited = false;
     for (const auto& [node, flags] : candidates) {
+        if (!request.keepsAll)
+            walk.setQuality(detail.qualityAt(scale));
         if (scene.editCounter() != edits) {
             edits = scene.editCounter();
             isEdited = true;

@@ -115,7 +115,7 @@ Scene& Scene::operator=(const Scene& other)
 
 Scene::~Scene()
 {
-    LODManager::instance().d->forget(this);
+    LODManagerPrivate::instance().forget(this);
     giveUp(std::move(d), this);
 }
 

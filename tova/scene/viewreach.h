@@ -1,5 +1,7 @@
 #pragma once
 
+#include "nodes/effects/effectlayer.h"
+
 #include <array>
 
 namespace Tova2 {
@@ -19,7 +21,7 @@ public:
     /// Of a line that is drawn around what the node's own stroke reaches.
     bool includeTrace(const Stroke& stroke, double sceneScale)
     {
-        return m_traces.include(stroke, 1, sceneScale);
+        return m_traces.include(stroke, TraceReach::kOfMitre, sceneScale);
     }
     void includeMarks(double reach) { m_marks = reach > m_marks ? reach : m_marks; }
 

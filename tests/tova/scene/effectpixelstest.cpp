@@ -6,8 +6,10 @@
 
 #include <gtest/gtest.h>
 
+#include <QBuffer>
 #include <QImage>
 #include <QPainter>
+#include <QPdfWriter>
 
 #include <cmath>
 
@@ -90,7 +92,7 @@ Effect shadow(const Vetra::Color& color, int spread, int distance, bool maskOut)
 Effect everything(const Vetra::Color& color)
 {
     Effect effect = shadow(color, 6, 5, false);
-    effect.set(Effect::Glow(color, 5, false, 3));
+    effect.set(Effect::Glow(color, 5, false, 100));
     effect.set(Effect::Overlay(color));
     effect.set(Effect::Trace(Stroke(color, 3, StrokeStyle::DashLine, StrokeCapStyle::FlatCap,
                                     StrokeJoinStyle::MiterJoin, nullptr),
@@ -111,15 +113,14 @@ TEST_P(EffectKindTest, PaintsWithinItsBounds)
         node.rotateDegreesAroundPoint(degrees, {20, 14});
         scene->addNode(node);
         const auto bounds = scene->getBounds();
-        const QRectF due = QRectF(bounds.x + 30, bounds.y + 30, bounds.width, bounds.height)
-                               .adjusted(-1, -1, 1, 1);
+        const QRect due =
+            QRectF(bounds.x + 30, bounds.y + 30, bounds.width, bounds.height).toAlignedRect();
         const QImage image = picture(*scene, 1);
         int inked = 0, outside = 0;
         for (int y = 0; y < image.height(); ++y) {
             for (int x = 0; x < image.width(); ++x) {
                 inked += qAlpha(image.pixel(x, y)) > 0;
-                outside +=
-                    qAlpha(image.pixel(x, y)) > 0 && !due.contains(QPointF(x + 0.5, y + 0.5));
+                outside += qAlpha(image.pixel(x, y)) > 0 && !due.contains(x, y);
             }
         }
         EXPECT_GT(inked, 500) << degrees;
@@ -190,8 +191,60 @@ INSTANTIATE_TEST_SUITE_P(Scales, EffectMaskTest,
                          testing::Values(MaskCase{"Unscaled", 1, 3}, MaskCase{"Hard", 1, 0},
                                          MaskCase{"Coarser", 6, 6}, MaskCase{"Reduced", 0.8, 3}));
 
-// The one shares pieces with boxes of all sizes; the other, of the same figure, is softened whole.
-TEST(EffectSharingTest, PiecesEqualTheWholePicture)
+class EffectPaperTest : public testing::TestWithParam<const char*> {};
+
+TEST_P(EffectPaperTest, OverlaysStayLinesAreasAndLetters)
+{
+    const auto scene = Scene::createScene();
+    Node node = makeKind(GetParam());
+    node.setDrawStyle(style(kBlack, Effect::createEffect(Effect::Overlay({1, 0, 0, 0.5}))));
+    scene->addNode(node);
+    QBuffer pdf;
+    pdf.open(QIODevice::WriteOnly);
+    QPdfWriter writer(&pdf);
+    QPainter painter(&writer);
+    scene->render(painter, {0, 0, 400, 400}, kSheet);
+    painter.end();
+    EXPECT_FALSE(pdf.data().contains("/Subtype /Image"));
+}
+INSTANTIATE_TEST_SUITE_P(Nodes, EffectPaperTest,
+                         testing::Values("rect", "ellipse", "path", "text", "line"),
+                         [](const auto& kind) { return std::string(kind.param); });
+
+class TracePlaceTest : public testing::TestWithParam<StrokeInsetType> {};
+
+TEST_P(TracePlaceTest, IsTheSameForAFreeShapeAsForABox)
+{
+    const Stroke line(kRed, 3, StrokeStyle::SolidLine, StrokeCapStyle::FlatCap,
+                      StrokeJoinStyle::MiterJoin, nullptr);
+    DrawStyle traced =
+        style(Vetra::Color(0, 0, 1), Effect::createEffect(Effect::Trace(line, GetParam())));
+    traced.setStroke(Stroke(kBlack, 4, StrokeStyle::SolidLine, StrokeCapStyle::FlatCap,
+                            StrokeJoinStyle::MiterJoin, nullptr));
+    const QImage box = picture(RectNode(kBox), traced);
+    EXPECT_LE(differenceOnPaper(
+                  picture(LinearPathNode({{0, 0}, {40, 0}, {40, 28}, {0, 28}}), traced), box),
+              3);
+}
+INSTANTIATE_TEST_SUITE_P(Insets, TracePlaceTest,
+                         testing::Values(StrokeInsetType::Inner, StrokeInsetType::Center,
+                                         StrokeInsetType::Outer));
+
+TEST(CoarseEffectsTest, TracesAndGlowsAreStillSeenWhenShadowsAreNot)
+{
+    const auto pictureOf = [](const Effect& effect) {
+        return picture(RectNode(kBox), style(kBlack, effect), 0.4);
+    };
+    const QImage plain = pictureOf({});
+    const Stroke line(kRed, 3, StrokeStyle::SolidLine, StrokeCapStyle::FlatCap,
+                      StrokeJoinStyle::MiterJoin, nullptr);
+    EXPECT_NE(pictureOf(Effect::createEffect(Effect::Trace(line, StrokeInsetType::Outer))), plain);
+    EXPECT_NE(pictureOf(Effect::createEffect(Effect::Glow(kRed, 6, true, 1))), plain);
+    EXPECT_EQ(pictureOf(shadow(kRed, 3, 2, true)), plain);
+}
+
+// The one is computed, and the other, of the same figure, drawn and softened.
+TEST(EffectSharingTest, BoxesEqualOtherShapes)
 {
     for (const double scale : {1.0, 2.0, 3.7}) {
         const Effect soft = shadow(Vetra::Color(0, 0, 0, 0.8), 4, 3, false);
@@ -216,6 +269,21 @@ TEST(EffectSharingTest, NoZoomOverNodesOfAnySizeTakesMoreThanTheBudget)
         QImage image(300, 200, QImage::Format_RGB32);
         scene->render(image, {}, {-10, -10, 300 / scale, 200 / scale});
         EXPECT_LE(CacheBudget::bytes(), Limits::allCachesBytes) << scale;
+    }
+}
+
+TEST(EffectSharingTest, LargeCornersAreMadeAsFarAsTheyAreSeen)
+{
+    for (const int spread : {0, 3}) {
+        const auto scene = Scene::createScene();
+        RoundedRectNode card({0, 0, 400, 280}, 100);
+        card.setDrawStyle(style(Vetra::Color(1, 1, 1), shadow(kRed, spread, 2, false)));
+        scene->addNode(card);
+        const std::size_t before = CacheBudget::bytes();
+        QImage image(300, 200, QImage::Format_RGB32);
+        scene->render(image, {}, {27, 27, 300 / 5.0, 200 / 5.0});
+        scene->render(image, {}, {27, 27, 300 / 64.0, 200 / 64.0});
+        EXPECT_LT(CacheBudget::bytes(), before + (1 << 20)) << spread;
     }
 }
 

@@ -228,8 +228,11 @@ public:
         m_qualities.push_back(options.quality);
         if (m_isThrowing)
             throw std::runtime_error("no");
+        if (m_onPaint)
+            m_onPaint();
     }
     std::vector<int> m_qualities;
+    std::function<void()> m_onPaint;
     bool m_isThrowing = false;
 };
 
@@ -254,6 +257,20 @@ TEST_F(LODManagerTest, EveryPaintOfASceneAsksItsStrategy)
     node.setMinLODQuality(2);
     m_scene->render(0, {}, 3);
     EXPECT_THAT(witness->m_qualities, ElementsAre(2, 1, 0, 2, 1));
+}
+
+TEST_F(LODManagerTest, AStrategyThatComesInTheMiddleDecidesForTheNodesToCome)
+{
+    const Vetra::Holder<Witness> first(new Witness), second(new Witness);
+    first->m_onPaint = [this] {
+        m_manager.activateStrategy(FullQualityLODStrategy::getStaticID());
+    };
+    for (Witness* const witness : {first.get(), second.get()})
+        m_scene->addNode(nodeOf(*witness));
+    m_scene->setLODStrategyKey("a");
+    m_scene->render(0);
+    EXPECT_EQ(first->m_qualities.back(), 1);
+    EXPECT_EQ(second->m_qualities.back(), 2);
 }
 
 TEST_F(LODManagerTest, APaintThatThrowsEnds)

@@ -1,4 +1,4 @@
-#include "nodes/coveragelayer.h"
+#include "nodes/pixelarea.h"
 
 #include "host/diagnosticscounter.h"
 #include "tova/nodes/ellipsenode.h"
@@ -159,12 +159,19 @@ INSTANTIATE_TEST_SUITE_P(Lod, SmallTextTest,
                                          TextCase{"NoMinimum", 0, 0.2, true, true}),
                          [](const auto& row) { return row.param.name; });
 
-TEST(CoverageLayerTest, CoversWhatIsCovered)
+QImage clearImage(int side)
 {
-    CoverageLayer layer(QRect(-2, -2, 30, 30));
+    QImage image(side, side, QImage::Format_ARGB32_Premultiplied);
+    image.fill(Qt::transparent);
+    return image;
+}
+
+TEST(PixelAreaTest, CoversWhatIsCovered)
+{
+    QImage image = clearImage(30);
+    PixelArea layer(image, {-2, -2});
     layer.fill({0.25, 0.5, 2.5, 1}, 0xff0000ff);
     layer.fill({1.5, 10, 0.25, 0.25}, 0xff0000ff);
-    const QImage& image = layer.image();
     EXPECT_NEAR(qAlpha(image.pixel(2, 2)), 255 * 0.75 * 0.5, 2);
     EXPECT_NEAR(qAlpha(image.pixel(3, 2)), 255 * 0.5, 2);
     EXPECT_NEAR(qAlpha(image.pixel(4, 3)), 255 * 0.75 * 0.5, 2);
@@ -179,12 +186,12 @@ class SlantedLineTest : public testing::TestWithParam<QLineF> {};
 
 TEST_P(SlantedLineTest, HasAsMuchInkAsArea)
 {
-    CoverageLayer layer(QRect(0, 0, 60, 60));
-    layer.draw(GetParam(), 0.7, 0xffffffff);
+    QImage image = clearImage(60);
+    PixelArea(image, {}).draw(GetParam(), 0.7, 0xffffffff);
     double ink = 0;
     for (int y = 0; y < 60; ++y) {
         for (int x = 0; x < 60; ++x)
-            ink += qAlpha(layer.image().pixel(x, y)) / 255.0;
+            ink += qAlpha(image.pixel(x, y)) / 255.0;
     }
     EXPECT_NEAR(ink, GetParam().length() * 0.7, 0.6);
 }

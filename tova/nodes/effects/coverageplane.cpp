@@ -4,7 +4,6 @@
 #include <QImage>
 
 #include <algorithm>
-#include <array>
 #include <cmath>
 #include <numbers>
 
@@ -14,10 +13,20 @@ namespace {
 
 constexpr double kLeastDeviation = 0.05; // below, a pixel's own width hides it
 
-/// The weight of the middle pixel and of those to either side.
-std::vector<float> kernelOf(double deviation)
+void addScaled(float* sum, const float* values, float factor, std::size_t count)
 {
-    const auto radius = static_cast<std::size_t>(std::ceil(3 * deviation));
+    for (std::size_t i = 0; i < count; ++i)
+        sum[i] += factor * values[i];
+}
+
+} // namespace
+
+std::vector<float> softeningKernel(double deviation)
+{
+    if (!(deviation > kLeastDeviation))
+        return {1};
+    // No further: what is bounded by three deviations must not get there by a gain.
+    const auto radius = static_cast<std::size_t>(3 * deviation);
     const auto below = [&](double x) {
         return 0.5 * (1 + std::erf(x / (deviation * std::numbers::sqrt2)));
     };
@@ -33,13 +42,13 @@ std::vector<float> kernelOf(double deviation)
     return kernel;
 }
 
-void addScaled(float* sum, const float* values, float factor, std::size_t count)
+Shades::Shades(const QColor& color, double gain)
+    : m_gain(static_cast<float>(gain)), m_most(static_cast<float>(color.alpha()))
 {
-    for (std::size_t i = 0; i < count; ++i)
-        sum[i] += factor * values[i];
+    for (int alpha = 0; alpha < 256; ++alpha)
+        m_shades[static_cast<std::size_t>(alpha)] =
+            qPremultiply(qRgba(color.red(), color.green(), color.blue(), alpha));
 }
-
-} // namespace
 
 CoveragePlane::CoveragePlane(const QSize& size)
     : m_width(static_cast<std::size_t>(size.width()))
@@ -59,16 +68,16 @@ void CoveragePlane::put(const QImage& sheet, const QPoint& corner)
 
 void CoveragePlane::blur(double deviationX, double deviationY)
 {
-    if (deviationX > kLeastDeviation)
-        blurRows(deviationX);
-    if (deviationY > kLeastDeviation)
-        blurColumns(deviationY);
+    blurRows(deviationX);
+    blurColumns(deviationY);
 }
 
 void CoveragePlane::blurRows(double deviation)
 {
-    const auto kernel = kernelOf(deviation);
+    const auto kernel = softeningKernel(deviation);
     const std::size_t radius = kernel.size() - 1;
+    if (radius == 0)
+        return;
     // Nothing lies outside.
     std::vector<float> padded(m_width + 2 * radius);
     for (int y = 0; y < m_height; ++y) {
@@ -85,19 +94,22 @@ void CoveragePlane::blurRows(double deviation)
 
 void CoveragePlane::blurColumns(double deviation)
 {
-    const auto kernel = kernelOf(deviation);
+    const auto kernel = softeningKernel(deviation);
     const int radius = static_cast<int>(kernel.size()) - 1;
-    const std::vector<float> before = m_values;
-    const auto rowBefore = [&](int y) {
-        return before.data() + static_cast<std::size_t>(y) * m_width;
+    if (radius == 0)
+        return;
+    // The rows up to the one under way as they were; those below still are.
+    std::vector<float> kept(static_cast<std::size_t>(radius + 1) * m_width);
+    const auto keptRow = [&](int y) {
+        return kept.data() + static_cast<std::size_t>(y % (radius + 1)) * m_width;
     };
-    std::fill(m_values.begin(), m_values.end(), 0.0f);
     for (int y = 0; y < m_height; ++y) {
-        for (int i = -radius; i <= radius; ++i) {
-            if (y + i >= 0 && y + i < m_height)
-                addScaled(row(y), rowBefore(y + i), kernel[static_cast<std::size_t>(std::abs(i))],
-                          m_width);
-        }
+        float* const values = row(y);
+        std::copy(values, values + m_width, keptRow(y));
+        std::fill(values, values + m_width, 0.0f);
+        for (int from = std::max(y - radius, 0); from <= std::min(y + radius, m_height - 1); ++from)
+            addScaled(values, from <= y ? keptRow(from) : row(from),
+                      kernel[static_cast<std::size_t>(std::abs(from - y))], m_width);
     }
 }
 
@@ -106,18 +118,12 @@ QImage CoveragePlane::colored(const QColor& color, double gain) const
     QImage image(static_cast<int>(m_width), m_height, QImage::Format_ARGB32_Premultiplied);
     if (image.isNull())
         return image;
-    std::array<QRgb, 256> shades;
-    for (int alpha = 0; alpha < 256; ++alpha)
-        shades[static_cast<std::size_t>(alpha)] =
-            qPremultiply(qRgba(color.red(), color.green(), color.blue(), alpha));
-    const auto factor = static_cast<float>(gain), most = static_cast<float>(color.alpha());
+    const Shades shades(color, gain);
     for (int y = 0; y < m_height; ++y) {
         const float* const from = row(y);
         auto* const to = reinterpret_cast<QRgb*>(image.scanLine(y));
-        for (std::size_t x = 0; x < m_width; ++x) {
-            const float alpha = std::min(1.0f, from[x] * factor) * most;
-            to[x] = shades[static_cast<std::size_t>(alpha + 0.5f)];
-        }
+        for (std::size_t x = 0; x < m_width; ++x)
+            to[x] = shades.at(from[x]);
     }
     return image;
 }

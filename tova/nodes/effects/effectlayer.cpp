@@ -1,6 +1,7 @@
 #include "nodes/effects/effectlayer.h"
 
 #include "nodes/effects/wave.h"
+#include "nodes/simplification.h"
 
 #include "tova/nodes/style/effect.h"
 #include "vetra/qt.h"
@@ -54,6 +55,22 @@ void addGlow(EffectLayers& layers, Effect::Glow glow)
     layer.gain = glow.gain;
 }
 
+/// A plain outline that looks from afar like a glow.
+void addRim(EffectLayers& layers, Effect::Glow glow)
+{
+    glow.enforceInputValueBoundaries();
+    const Vetra::Color color = faded(glow.color, std::min(glow.gain, 1.0));
+    if (!isSeen(color) || glow.spread == 0)
+        return;
+    EffectLayer& layer = layers.emplace_back();
+    layer.kind = EffectLayer::Kind::Outline;
+    layer.isBelow = true;
+    layer.color = Vetra::toQt(color);
+    layer.stroke = Stroke(color, glow.spread / kSpreadsPerDeviation, StrokeStyle::SolidLine,
+                          StrokeCapStyle::FlatCap, StrokeJoinStyle::RoundJoin, nullptr);
+    layer.inset = StrokeInsetType::Outer;
+}
+
 void addLine(EffectLayers& layers, EffectLayer::Kind kind, const Vetra::Color& color)
 {
     if (!isSeen(color))
@@ -74,22 +91,24 @@ void addTrace(EffectLayers& layers, const Effect::Trace& trace)
     layers.back().isBelow = trace.insetType == StrokeInsetType::Outer;
 }
 
-double traceReach(const Effect::Trace& trace, double viewScale)
+bool isMitred(const Stroke& stroke)
 {
-    const double width = trace.stroke.width(viewScale);
-    switch (trace.insetType) {
-    case StrokeInsetType::Inner:
-        return 0;
-    case StrokeInsetType::Outer:
-        return width;
-    default:
-        return width / 2;
-    }
+    return stroke.joinStyle() == StrokeJoinStyle::MiterJoin ||
+           stroke.joinStyle() == StrokeJoinStyle::SvgMiterJoin;
+}
+
+void addTraceReach(EffectReach& reach, const Effect::Trace& trace, double viewScale)
+{
+    if (trace.insetType == StrokeInsetType::Inner)
+        return;
+    const double share = trace.insetType == StrokeInsetType::Outer ? 1 : 0.5;
+    reach.around = share * trace.stroke.width(viewScale);
+    reach.aroundCorners = reach.around * (isMitred(trace.stroke) ? TraceReach::kOfMitre : 1);
 }
 
 } // namespace
 
-// Zoomed out far, only what changes a node's colour is left: all else is too small to be read.
+// Zoomed out far, what is soft becomes lines or goes: it would be a few pixels wide.
 EffectLayers layersOf(const Effect& effect, std::uint8_t quality)
 {
     EffectLayers layers;
@@ -97,11 +116,13 @@ EffectLayers layersOf(const Effect& effect, std::uint8_t quality)
         addShadow(layers, *effect.shadow());
     if (effect.glow() && quality > 0)
         addGlow(layers, *effect.glow());
+    else if (effect.glow())
+        addRim(layers, *effect.glow());
     if (effect.overlay())
         addLine(layers, EffectLayer::Kind::Tint, effect.overlay()->color);
-    if (effect.trace() && quality > 0)
+    if (effect.trace())
         addTrace(layers, *effect.trace());
-    if (effect.squiggly() && quality > 0)
+    if (effect.squiggly())
         addLine(layers, EffectLayer::Kind::Wave, effect.squiggly()->color);
     return layers;
 }
@@ -122,7 +143,7 @@ EffectReach reachOf(const Effect& effect, double viewScale)
     }
     reach.shifted.setCoords(left, top, right, bottom);
     if (effect.trace() && isSeen(*effect.trace()))
-        reach.around = traceReach(*effect.trace(), viewScale);
+        addTraceReach(reach, *effect.trace(), viewScale);
     return reach;
 }
 

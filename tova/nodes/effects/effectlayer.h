@@ -43,15 +43,23 @@ struct EffectLayer {
 
 using EffectLayers = boost::container::static_vector<EffectLayer, 5>;
 
+/// How far the mitres of a trace reach, in widths of it. Where it is drawn twice as wide for one
+/// side of it, a mitre of one such width lies as far out as the hypotenuse over it and half of it.
+namespace TraceReach {
+inline constexpr double kMitreLimit = 1;
+inline constexpr double kOfMitre = 2.24;
+} // namespace TraceReach
+
 /// What is to be drawn at a level of detail, in the order of painting. Values are brought into
 /// their limits, and what cannot be seen is left out.
 EffectLayers layersOf(const Effect& effect, std::uint8_t quality);
 
 /// How far effects paint beyond the node itself, in the node's units at a view scale of 1.
 struct EffectReach {
-    QRectF shifted;    ///< around the origin, along the scene's axes
-    double around = 0; ///< to all sides
-    double below = 0;  ///< further, below the node in its own coordinates
+    QRectF shifted;           ///< around the origin, along the scene's axes
+    double around = 0;        ///< to all sides of a box
+    double aroundCorners = 0; ///< to all sides of what has corners of any angle
+    double below = 0;         ///< further, below the node in its own coordinates
 };
 EffectReach reachOf(const Effect& effect, double viewScale);
 

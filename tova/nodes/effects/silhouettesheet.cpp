@@ -38,7 +38,7 @@ QImage silhouetteSheet(const NodeImpl& node, const PaintContext& context, const 
     own.setFillsStrokes(true);
     // A line of one pixel is as wide where the sheet's pixels are not the device's.
     const double shrink = scaleOf(toSheet);
-    own.setSilhouette(shrink == 1 ? 0 : 1 / scaleOf(context.nodeToPixels()));
+    own.setSilhouette(shrink == 1 ? 0 : 1 / scaleOf(context.nodeToPixels()), Vetra::Color(0, 0, 0));
     own.setOpacity(1);
     own.enterLike(context);
     node.paintSilhouette(own);

@@ -41,15 +41,14 @@ bool isPaintedOpaquely(const DrawStyle& style)
            (!isStroked(style.stroke()) || style.stroke().color().alpha() == 255);
 }
 
-DrawStyle silhouetteStyle(const DrawStyle& style, double cosmeticWidth)
+DrawStyle silhouetteStyle(const DrawStyle& style, const Vetra::Color& color, double cosmeticWidth)
 {
-    const Vetra::Color black(0, 0, 0);
-    DrawStyle result(style.stroke(), isFilled(style.fill()) ? Fill(black) : Fill());
+    DrawStyle result(style.stroke(), isFilled(style.fill()) ? Fill(color) : Fill());
     Stroke stroke = style.stroke();
     if (!isStroked(stroke)) {
         stroke = Stroke::NoStroke();
     } else {
-        stroke.setColor(black);
+        stroke.setColor(color);
         if (stroke.logicalWidth() == 0) {
             stroke.setLogicalWidth(cosmeticWidth);
             stroke.setScaleFunction(nullptr);

@@ -4,9 +4,9 @@
 
 namespace Tova2 {
 
-/// The style that shows all of what `style` shows, in opaque black. Lines of one pixel become
+/// The style that shows all of what `style` shows, in one colour. Lines of one pixel become
 /// `cosmeticWidth` wide.
-DrawStyle silhouetteStyle(const DrawStyle& style, double cosmeticWidth);
+DrawStyle silhouetteStyle(const DrawStyle& style, const Vetra::Color& color, double cosmeticWidth);
 /// Whether nothing shines through where a node of this style paints.
 bool isPaintedOpaquely(const DrawStyle& style);
 bool isFilled(const Fill& fill);

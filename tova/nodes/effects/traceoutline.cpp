@@ -44,31 +44,27 @@ SilhouetteBox lineOf(const SilhouetteBox& box, StrokeInsetType inset, double wid
     }
 }
 
-/// To what has the line's width where one side is cut off, and the node covers `hidden` on the
-/// other.
-void widen(QPen& pen, double width, StrokeInsetType inset, double hidden)
+/// Twice as wide, for a line of which one side is cut off.
+void widen(QPen& pen)
 {
-    if (inset == StrokeInsetType::Center)
-        return;
-    const double factor = 2 * (inset == StrokeInsetType::Outer ? width + hidden : width) / width;
     if (pen.style() != Qt::SolidLine) {
         // Dashes count in widths.
         auto pattern = pen.dashPattern();
         for (qreal& length : pattern)
-            length /= factor;
+            length /= 2;
         pen.setDashPattern(pattern);
     }
-    pen.setWidthF(width * factor);
+    pen.setWidthF(2 * pen.widthF());
 }
 
 /// Cuts off what lies on the wrong side, of a line that is drawn twice as wide for it.
-void clipTo(QPainter& painter, const QPainterPath& outline, StrokeInsetType inset, double width)
+void clipTo(QPainter& painter, const QPainterPath& outline, StrokeInsetType inset, double reach)
 {
     if (inset == StrokeInsetType::Inner)
         intersectClip(painter, outline);
     else if (inset == StrokeInsetType::Outer)
         intersectClip(painter, outsideOf(outline, outline.controlPointRect().adjusted(
-                                                      -width, -width, width, width)));
+                                                      -reach, -reach, reach, reach)));
 }
 
 } // namespace
@@ -97,12 +93,10 @@ void paintTrace(const NodeImpl& node, const EffectLayer& layer, PaintContext& co
         painter.strokePath(lineOf(*box, layer.inset, width).path(), pen);
     } else {
         const QPainterPath outline = node.silhouetteOutline(viewScale);
-        // Mitres reach too far.
-        if (pen.joinStyle() != Qt::BevelJoin)
-            pen.setJoinStyle(Qt::RoundJoin);
-        const double hidden = node.strokeBeyondOutline(viewScale);
-        widen(pen, width, layer.inset, hidden);
-        clipTo(painter, outline, layer.inset, width + hidden);
+        pen.setMiterLimit(TraceReach::kMitreLimit);
+        if (layer.inset != StrokeInsetType::Center)
+            widen(pen);
+        clipTo(painter, outline, layer.inset, TraceReach::kOfMitre * width);
         painter.strokePath(outline, pen);
     }
     painter.restore();

@@ -9,8 +9,9 @@ namespace Tova2 {
 /// host: several times over. Rectangles and straight lines are painted about as fast as a picture
 /// is copied. A picture takes four bytes a pixel of the node's bounding rectangle on screen.
 ///
-/// A cached node looks exactly like an uncached one at every zoom and on screens of any density:
-/// a picture is used only for the scale, direction, part of a pixel and pixel density that it was
+/// A cached node looks like an uncached one at every zoom and on screens of any density, but for a
+/// few of 255 levels of colour where what is translucent is composed a second time: a picture is
+/// used only for the scale, direction, part of a pixel and pixel density that it was
 /// made for. A picture beyond the library's limits is not made, and the node painted anew; when all
 /// caches reach theirs, what was used longest ago goes. Printers, PDF and recorded pictures never
 /// see one. An edit of the node or of the scene's settings drops its pictures.

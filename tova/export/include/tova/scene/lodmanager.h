@@ -47,10 +47,7 @@ public:
     unsigned char getQualityLevel(double scale) const;
 
 private:
-    friend class DetailScope;
-    friend class Scene;
-    friend void registerStandardStrategies();
-    friend void unregisterStandardStrategies();
+    friend class LODManagerPrivate;
     LODManager();
     ~LODManager();
 

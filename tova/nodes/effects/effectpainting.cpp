@@ -1,8 +1,9 @@
-#include "nodes/effects/pixeleffectpainter.h"
+#include "nodes/effects/effectpainting.h"
 
-#include "nodes/effects/boxblur.h"
 #include "nodes/effects/effectlayer.h"
 #include "nodes/effects/effectplacement.h"
+#include "nodes/effects/silhouettestyle.h"
+#include "nodes/effects/softbox.h"
 #include "nodes/effects/softsilhouette.h"
 #include "nodes/effects/traceoutline.h"
 #include "nodes/effects/wave.h"
@@ -11,8 +12,11 @@
 #include "nodes/pathclip.h"
 #include "nodes/values.h"
 
+#include "vetra/qt.h"
+
 #include <QPainter>
 
+#include <algorithm>
 #include <cmath>
 
 namespace Tova2 {
@@ -20,6 +24,7 @@ namespace Tova2 {
 namespace {
 
 constexpr double kShortestPeriod = 4; // pixels; shorter waves are drawn as a line
+constexpr double kLeastWave = 1;      // pixels of height; of the coarsest pictures
 constexpr double kMostWaves = 20'000;
 
 /// The painter as it was, in the node's coordinates, and smooth.
@@ -39,6 +44,7 @@ public:
     LocalPainter(const LocalPainter&) = delete;
     LocalPainter& operator=(const LocalPainter&) = delete;
     QPainter* operator->() { return &m_painter; }
+    QPainter& operator*() { return m_painter; }
 
 private:
     PaintContext& m_context;
@@ -55,7 +61,9 @@ void fillMoved(const NodeImpl& node, const EffectLayer& layer, PaintContext& con
     painter->setWorldTransform(
         context.nodeToDevice() *
         QTransform::fromTranslate(place.offset.x() / ratio, place.offset.y() / ratio));
-    painter->fillPath(area, layer.color);
+    QColor color = layer.color;
+    color.setAlphaF(color.alphaF() * std::min(layer.gain, 1.0));
+    painter->fillPath(area, color);
 }
 
 void paintBlur(const NodeImpl& node, const EffectLayer& layer, PaintContext& context)
@@ -78,6 +86,24 @@ void paintBlur(const NodeImpl& node, const EffectLayer& layer, PaintContext& con
         paintSoftSilhouette(node, layer, context);
 }
 
+/// In one colour as the lines and areas that it is. Where a translucent colour would show twice,
+/// what the stroke covers and the inside are drawn as one.
+void paintInk(const NodeImpl& node, const QColor& color, PaintContext& context)
+{
+    const DrawStyle& style = node.drawStyle();
+    const double viewScale = context.options().viewScale;
+    LocalPainter painter(context);
+    if (color.alpha() < 255 && isFilled(style.fill()) && isStroked(style.stroke())) {
+        painter->fillPath(node.silhouetteOutline(viewScale), color);
+        return;
+    }
+    PaintContext own(*painter, context.view(), context.options());
+    own.setSilhouette(0, Vetra::fromQt(color));
+    own.setOpacity(context.opacity());
+    own.enterLike(context);
+    node.paintSilhouette(own);
+}
+
 void paintTint(const NodeImpl& node, const EffectLayer& layer, PaintContext& context)
 {
     const double viewScale = context.options().viewScale;
@@ -86,6 +112,8 @@ void paintTint(const NodeImpl& node, const EffectLayer& layer, PaintContext& con
         LocalPainter painter(context);
         painter->setRenderHint(QPainter::Antialiasing, node.drawStyle().isAntiAliased());
         painter->fillPath(box->path(), layer.color);
+    } else if (!context.isOnPixels() && node.isSilhouetteOfInk()) {
+        paintInk(node, layer.color, context);
     } else {
         paintSoftSilhouette(node, layer, context);
     }
@@ -95,6 +123,8 @@ void paintWave(const NodeImpl& node, const EffectLayer& layer, PaintContext& con
 {
     const QTransform toPixels = context.nodeToPixels();
     const double viewScale = context.options().viewScale;
+    if (context.options().quality == 0 && Wave::kHeight * context.pixelsAUnit() < kLeastWave)
+        return;
     const QRectF rect = node.strokedRectAt(viewScale);
     const QRectF exposed = toPixels.inverted().mapRect(context.exposedPixels());
     const double period = Wave::kPeriod * std::sqrt(std::abs(toPixels.determinant()));
@@ -113,14 +143,7 @@ void paintWave(const NodeImpl& node, const EffectLayer& layer, PaintContext& con
 
 } // namespace
 
-PixelEffectPainter& PixelEffectPainter::instance()
-{
-    static PixelEffectPainter painter;
-    return painter;
-}
-
-void PixelEffectPainter::paint(const NodeImpl& node, const EffectLayer& layer,
-                               PaintContext& context)
+void paintEffect(const NodeImpl& node, const EffectLayer& layer, PaintContext& context)
 {
     switch (layer.kind) {
     case EffectLayer::Kind::Blur:
