@@ -34,8 +34,8 @@ inline Tova2::Node makeBlock(const std::string& name, const Vetra::GLPoint<doubl
     TextNode label(name);
     label.setFont(Vetra::Font("DejaVu Sans", 11));
     label.setRect(box);
-    label.setHorizontalAlignment(HorizontalAlignment::Center);
-    label.setVerticalAlignment(VerticalAlignment::Center);
+    label.setHorizontalAlignment(HorizontalAlignment::Middle);
+    label.setVerticalAlignment(VerticalAlignment::Middle);
     label.setParent(block);
     return block;
 }

@@ -176,8 +176,8 @@ void contents(Sheet& sheet)
         TextNode label{std::string(text)};
         label.setRect(kBox);
         label.setColor(kInk);
-        label.setHorizontalAlignment(HorizontalAlignment::Center);
-        label.setVerticalAlignment(VerticalAlignment::Center);
+        label.setHorizontalAlignment(HorizontalAlignment::Middle);
+        label.setVerticalAlignment(VerticalAlignment::Middle);
         sheet.put(label, DrawStyle());
     }
     sheet.nextRow();

@@ -53,8 +53,8 @@ void Sketch::words(const std::string& text, const Point& middle, double size)
     TextNode label(text);
     label.setFont(Vetra::Font("DejaVu Sans", size));
     label.setRect({middle.x, middle.y, 0, 0});
-    label.setHorizontalAlignment(HorizontalAlignment::Center);
-    label.setVerticalAlignment(VerticalAlignment::Center);
+    label.setHorizontalAlignment(HorizontalAlignment::Middle);
+    label.setVerticalAlignment(VerticalAlignment::Middle);
     label.setColor(kInk);
     m_scene->addNode(label);
 }

@@ -45,8 +45,8 @@ TextNode label(const std::string& words, const Vetra::GLRect<double>& box, doubl
     TextNode text(words);
     text.setFont(Vetra::Font("DejaVu Sans", size));
     text.setRect(box);
-    text.setHorizontalAlignment(HorizontalAlignment::Center);
-    text.setVerticalAlignment(VerticalAlignment::Center);
+    text.setHorizontalAlignment(HorizontalAlignment::Middle);
+    text.setVerticalAlignment(VerticalAlignment::Middle);
     text.setColor(kInk);
     return text;
 }

@@ -70,8 +70,8 @@ Node makeFigure(const std::string& kind, const Point& middle, const std::string&
     label.setFont(Vetra::Font("DejaVu Sans", 10));
     label.setColor(ink);
     label.setRect(box);
-    label.setHorizontalAlignment(HorizontalAlignment::Center);
-    label.setVerticalAlignment(VerticalAlignment::Center);
+    label.setHorizontalAlignment(HorizontalAlignment::Middle);
+    label.setVerticalAlignment(VerticalAlignment::Middle);
     label.setParent(figure);
     return figure;
 }

@@ -34,8 +34,8 @@ RoundedRectNode addBlock(Scene& scene, const std::string& name, double x, double
     block.addTag(SelectTool::blockTag());
     TextNode label(name);
     label.setRect({0, 0, 90, 44});
-    label.setHorizontalAlignment(HorizontalAlignment::Center);
-    label.setVerticalAlignment(VerticalAlignment::Center);
+    label.setHorizontalAlignment(HorizontalAlignment::Middle);
+    label.setVerticalAlignment(VerticalAlignment::Middle);
     label.setParent(block);
     scene.addNode(block);
     return block;

@@ -30,8 +30,8 @@ TextNode label(const std::string& words, const Vetra::GLRect<double>& box)
     TextNode text(words);
     text.setFont(Vetra::Font("DejaVu Sans", 11));
     text.setRect(box);
-    text.setHorizontalAlignment(HorizontalAlignment::Center);
-    text.setVerticalAlignment(VerticalAlignment::Center);
+    text.setHorizontalAlignment(HorizontalAlignment::Middle);
+    text.setVerticalAlignment(VerticalAlignment::Middle);
     text.setColor(kInk);
     return text;
 }

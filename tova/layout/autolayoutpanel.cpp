@@ -11,16 +11,6 @@ AutoLayoutPanel::AutoLayoutPanel() : d(std::make_unique<AutoLayoutPanelPrivate>(
 
 AutoLayoutPanel::~AutoLayoutPanel() = default;
 
-const char* AutoLayoutPanel::getFullyQualifiedKobjTypeName() const
-{
-    return staticGetFullyQualifiedKobjTypeName();
-}
-
-const char* AutoLayoutPanel::staticGetFullyQualifiedKobjTypeName()
-{
-    return "Tova2.AutoLayoutPanel";
-}
-
 void AutoLayoutPanel::addNodeAt(int index, const Vetra::StringID& name, const Node& node)
 {
     d->insert(index, name, node);

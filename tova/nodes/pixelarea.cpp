@@ -166,8 +166,8 @@ void PixelArea::draw(const QLineF& line, double width, QRgb color)
 // Places are not measured from the area, lest its place be seen in the line's.
 void PixelArea::drawSlanted(const QLineF& line, double width, QRgb color, bool isSwapped)
 {
-    const QRect limits = isSwapped ? QRect(m_rect.y(), m_rect.x(), m_rect.height(), m_rect.width())
-                                   : m_rect;
+    const QRect limits =
+        isSwapped ? QRect(m_rect.y(), m_rect.x(), m_rect.height(), m_rect.width()) : m_rect;
     const double slope = line.dy() / line.dx();
     const Span along(line.x1(), line.x2(), limits.left(), limits.right());
     for (int step = along.first; step <= along.last; ++step) {

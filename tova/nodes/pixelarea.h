@@ -42,8 +42,8 @@ private:
 
     QRgb* row(int y) const
     {
-        return reinterpret_cast<QRgb*>(m_first + static_cast<std::ptrdiff_t>(y - m_rect.top()) *
-                                                     m_stride) -
+        return reinterpret_cast<QRgb*>(m_first +
+                                       static_cast<std::ptrdiff_t>(y - m_rect.top()) * m_stride) -
                m_rect.left();
     }
     void fillRow(int y, const Span& across, QRgb color, unsigned share);

@@ -91,7 +91,7 @@ std::vector<Line> layOutAll(const std::string& text, const QFont& font)
 double startOf(const Line& line, double width, HorizontalAlignment alignment)
 {
     switch (alignment) {
-    case HorizontalAlignment::Center:
+    case HorizontalAlignment::Middle:
         return (width - line.size.width()) / 2;
     case HorizontalAlignment::Right:
         return width - line.size.width();

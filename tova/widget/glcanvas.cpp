@@ -36,16 +36,6 @@ GLCanvas* GLCanvas::of(const Event& event)
     return dynamic_cast<GLCanvas*>(event.canvas());
 }
 
-bool GLCanvas::isa(const char* typeName) const
-{
-    return sameType(typeName, "Tova2.GLCanvas") || GLWidget2::isa(typeName);
-}
-
-const char* GLCanvas::getFullyQualifiedKobjTypeName() const
-{
-    return "Tova2.GLCanvas";
-}
-
 GLCanvasEmitters& GLCanvas::getGLCanvasEmitters()
 {
     return d->emitters();

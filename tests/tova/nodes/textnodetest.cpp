@@ -161,8 +161,8 @@ TEST_P(TextAlignmentTest, SharesOutTheFreeSpaceOfBoxAndLines)
 INSTANTIATE_TEST_SUITE_P(TextNode, TextAlignmentTest,
                          testing::Values(AlignmentCase{"LeftTop", HorizontalAlignment::Left,
                                                        VerticalAlignment::Top, 0},
-                                         AlignmentCase{"Center", HorizontalAlignment::Center,
-                                                       VerticalAlignment::Center, 0.5},
+                                         AlignmentCase{"Center", HorizontalAlignment::Middle,
+                                                       VerticalAlignment::Middle, 0.5},
                                          AlignmentCase{"RightBottom", HorizontalAlignment::Right,
                                                        VerticalAlignment::Bottom, 1}),
                          rowName);

@@ -47,6 +47,18 @@ TEST_F(SceneTest, StartsWithTheDocumentedSettings)
     EXPECT_EQ(m_scene->getDpiY(), 72);
 }
 
+TEST_F(SceneTest, ObjectsAnswerForTheTypeOfTheirClassAndOfItsBases)
+{
+    const EventHandler& handler = *m_scene;
+    EXPECT_STREQ(handler.getFullyQualifiedKobjTypeName(), "Tova2.Scene");
+    for (const char* const name : {"Tova2.Scene", "Tova2.IToolStack", "Tova2.EventHandler"})
+        EXPECT_TRUE(handler.isa(name)) << name;
+    EXPECT_FALSE(handler.isa("Tova2.Tool") || handler.isa(nullptr));
+    const FullQualityLODStrategy strategy;
+    EXPECT_TRUE(strategy.isa(LODStrategy::staticGetFullyQualifiedKobjTypeName()));
+    EXPECT_FALSE(LODStrategy().isa("Tova2.FullQualityLODStrategy"));
+}
+
 TEST_F(SceneTest, CreationStylesComeOffInReverseOrder)
 {
     const DrawStyle first(Stroke::NoStroke(), Fill(Vetra::Color::fromPacked(0xff111111)));

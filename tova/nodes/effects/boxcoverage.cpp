@@ -9,13 +9,13 @@
 #include <cmath>
 
 // A normal distribution softens across and down one after the other. Of a box with sharp corners
-// that makes a product of two profiles, and a profile is the difference of two softened edges, which
-// are read from a table: a pixel costs one multiplication. Round corners are rows of different
-// width. Each row is softened across by the table, and as many rows as softening reaches are added
-// up by its weights, only where they differ: there a pixel costs as many multiplications as there
-// are weights. So the cost is that of the pixels asked for, whatever the size of the box and its
-// corners, and nothing larger than these is ever kept. (Separable filters: any book on image
-// processing. The table is the filter's running sum.)
+// that makes a product of two profiles, and a profile is the difference of two softened edges,
+// which are read from a table: a pixel costs one multiplication. Round corners are rows of
+// different width. Each row is softened across by the table, and as many rows as softening reaches
+// are added up by its weights, only where they differ: there a pixel costs as many multiplications
+// as there are weights. So the cost is that of the pixels asked for, whatever the size of the box
+// and its corners, and nothing larger than these is ever kept. (Separable filters: any book on
+// image processing. The table is the filter's running sum.)
 
 namespace Tova2 {
 
@@ -120,9 +120,8 @@ double BoxCoverage::insetAt(double y) const
 
 bool BoxCoverage::isNearCorners(int y) const
 {
-    return m_look.radiusX > 0 &&
-           (y - m_down.reach() < m_box.top() + m_look.radiusY ||
-            y + m_down.reach() + 1 > m_box.bottom() - m_look.radiusY);
+    return m_look.radiusX > 0 && (y - m_down.reach() < m_box.top() + m_look.radiusY ||
+                                  y + m_down.reach() + 1 > m_box.bottom() - m_look.radiusY);
 }
 
 float BoxCoverage::down(int y) const

@@ -20,16 +20,16 @@
 #include <unordered_map>
 
 // A box's picture is made of the pixels that it softens: around what the node covers, or what is of
-// one colour. Small boxes are many and alike, so theirs is kept whole, for each part of a pixel that
-// their edges may lie at; of a large box only the exposed pixels are made, at each paint.
+// one colour. Small boxes are many and alike, so theirs is kept whole, for each part of a pixel
+// that their edges may lie at; of a large box only the exposed pixels are made, at each paint.
 
 namespace Tova2 {
 
 namespace {
 
-constexpr double kSoftest = 8; // pixels; beyond it smaller pictures do
+constexpr double kSoftest = 8;    // pixels; beyond it smaller pictures do
 constexpr double kFarthest = 5e8; // pixels; within the range of whole numbers
-constexpr double kPhases = 8; // parts of a pixel that edges lie at: finer steps are not seen
+constexpr double kPhases = 8;     // parts of a pixel that edges lie at: finer steps are not seen
 constexpr int kKeptPixels = 1 << 16;
 
 /// What is left of a rectangle around another one, in rows from above.
@@ -44,8 +44,7 @@ Frame frameAround(const QRect& all, const QRect& within)
         if (left < right && top < bottom)
             frame.emplace_back(left, top, right - left, bottom - top);
     };
-    const int right = all.right() + 1, holeRight = hole.right() + 1,
-              holeBottom = hole.bottom() + 1;
+    const int right = all.right() + 1, holeRight = hole.right() + 1, holeBottom = hole.bottom() + 1;
     add(all.left(), all.top(), right, hole.top());
     add(all.left(), hole.top(), hole.left(), holeBottom);
     add(holeRight, hole.top(), right, holeBottom);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "tova/tova_export.h"
+#include "tova/typename.h"
 #include "vetra/glpoint.h"
 #include "vetra/glrect.h"
 #include "vetra/inputevents.h"
@@ -27,6 +28,8 @@ public:
     virtual bool scrollBy(const Vetra::GLPoint<double>& step) = 0;
     /// Dispatches a move like one of the user's.
     virtual void deliver(MouseEvent& event) = 0;
+
+    TOVA_BASE_TYPE("Tova2.AutoscrollView");
 };
 
 /// Scrolls a canvas while the pointer drags something to its edge, the faster the farther out.
@@ -82,6 +85,8 @@ private:
     Autoscroller(std::unique_ptr<GestureClock> clock, bool isOwn);
 
     std::unique_ptr<AutoscrollerPrivate> d;
+
+    TOVA_PLAIN_TYPE("Tova2.Autoscroller");
 };
 
 } // namespace Tova2

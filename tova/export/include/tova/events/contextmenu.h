@@ -2,6 +2,7 @@
 
 #include "tova/nodes/node.h"
 #include "tova/tova_export.h"
+#include "tova/typename.h"
 #include "vetra/glpoint.h"
 
 #include <functional>
@@ -48,6 +49,8 @@ public:
 
     /// As the toolkit's menu. What an action throws is reported (Vetra::setErrorReporter).
     static std::unique_ptr<ContextMenuPresenter> asPopup();
+
+    TOVA_BASE_TYPE("Tova2.ContextMenuPresenter");
 };
 
 } // namespace Tova2

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "tova/events/event.h"
+#include "tova/typename.h"
 #include "vetra/inputevents.h"
 
 namespace Tova2 {
@@ -23,6 +24,8 @@ private:
     void appendDetails(std::string& text) const override;
 
     Vetra::GLContextMenuEvent2 m_event;
+
+    TOVA_DERIVED_TYPE("Tova2.ContextMenuEvent", Event);
 };
 
 } // namespace Tova2

@@ -3,6 +3,7 @@
 #include "tova/events/contextmenu.h"
 #include "tova/events/tool.h"
 #include "tova/tova_export.h"
+#include "tova/typename.h"
 
 namespace Tova2 {
 
@@ -40,6 +41,8 @@ private:
     std::unique_ptr<ContextMenuPresenter> m_presenter;
     ActionProvider m_provider;
     NodeProvider m_keyboardNode;
+
+    TOVA_DERIVED_TYPE("Tova2.ContextMenuTool", Tool);
 };
 
 } // namespace Tova2

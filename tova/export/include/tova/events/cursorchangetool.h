@@ -3,6 +3,7 @@
 #include "tova/events/tool.h"
 #include "tova/nodes/weakref.h"
 #include "tova/tova_export.h"
+#include "tova/typename.h"
 
 namespace Tova2 {
 
@@ -27,6 +28,8 @@ public:
 
 private:
     WeakRef m_hovered;
+
+    TOVA_DERIVED_TYPE("Tova2.CursorChangeTool", Tool);
 };
 
 } // namespace Tova2

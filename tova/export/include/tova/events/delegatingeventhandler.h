@@ -1,6 +1,7 @@
 #pragma once
 
 #include "tova/events/eventhandler.h"
+#include "tova/typename.h"
 
 namespace Tova2 {
 
@@ -37,6 +38,8 @@ protected:
 
 private:
     EventHandler* m_delegate = nullptr;
+
+    TOVA_DERIVED_TYPE("Tova2.DelegatingEventHandler", EventHandler);
 };
 
 } // namespace Tova2

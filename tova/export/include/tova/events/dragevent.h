@@ -1,6 +1,7 @@
 #pragma once
 
 #include "tova/events/event.h"
+#include "tova/typename.h"
 #include "vetra/inputevents.h"
 
 namespace Tova2 {
@@ -34,6 +35,8 @@ private:
 
     Vetra::GLDragEvent2 m_event;
     Vetra::DropAction m_dropAction = Vetra::DropAction::Ignore;
+
+    TOVA_DERIVED_TYPE("Tova2.DragEvent", Event);
 };
 
 } // namespace Tova2

@@ -2,6 +2,7 @@
 
 #include "tova/events/eventtype.h"
 #include "tova/tova_export.h"
+#include "tova/typename.h"
 #include "vetra/eventsource.h"
 
 #include <cstdint>
@@ -66,6 +67,8 @@ private:
     EventType m_type;
     bool m_isSyntheticAutoscroll;
     std::uint32_t m_serialNumber;
+
+    TOVA_BASE_TYPE("Tova2.Event");
 };
 
 /// One line for a log: the type, then what matters for the class.

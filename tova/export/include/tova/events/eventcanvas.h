@@ -1,6 +1,7 @@
 #pragma once
 
 #include "tova/tova_export.h"
+#include "tova/typename.h"
 #include "vetra/eventsource.h"
 #include "vetra/glpoint.h"
 #include "vetra/glrect.h"
@@ -29,6 +30,8 @@ public:
     /// Whether a tool is in the middle of a gesture on this canvas; the tool stack takes it back
     /// after an event that leaves no tool active.
     virtual void setToolInteraction(bool on) = 0;
+
+    TOVA_BASE_TYPE("Tova2.EventCanvas");
 };
 
 } // namespace Tova2

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "tova/tova_export.h"
+#include "tova/typename.h"
 
 namespace Tova2 {
 
@@ -46,6 +47,8 @@ public:
     virtual void handleInputMethodEvent(InputMethodEvent& event);
     virtual void handlePanGestureEvent(PanGestureEvent& event);
     virtual void handlePinchGestureEvent(PinchGestureEvent& event);
+
+    TOVA_BASE_TYPE("Tova2.EventHandler");
 };
 
 } // namespace Tova2

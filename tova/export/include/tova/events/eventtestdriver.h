@@ -2,6 +2,7 @@
 
 #include "tova/nodes/node.h"
 #include "tova/tova_export.h"
+#include "tova/typename.h"
 #include "vetra/eventsource.h"
 #include "vetra/glmimedata.h"
 #include "vetra/glpoint.h"
@@ -125,6 +126,8 @@ private:
     Vetra::DropActions m_dragActions;
     bool m_isDragging = false;
     bool m_isDragOverCanvas = false;
+
+    TOVA_PLAIN_TYPE("Tova2.EventTestDriver");
 };
 
 } // namespace Tova2

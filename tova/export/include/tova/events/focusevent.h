@@ -1,6 +1,7 @@
 #pragma once
 
 #include "tova/events/event.h"
+#include "tova/typename.h"
 #include "vetra/inputevents.h"
 
 namespace Tova2 {
@@ -21,6 +22,8 @@ private:
     void appendDetails(std::string& text) const override;
 
     Vetra::FocusReason m_reason;
+
+    TOVA_DERIVED_TYPE("Tova2.FocusEvent", Event);
 };
 
 } // namespace Tova2

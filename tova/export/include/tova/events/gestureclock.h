@@ -1,6 +1,7 @@
 #pragma once
 
 #include "tova/tova_export.h"
+#include "tova/typename.h"
 
 #include <chrono>
 #include <functional>
@@ -29,6 +30,8 @@ public:
 
     /// On the host's event loop and its steady clock.
     static std::unique_ptr<GestureClock> onEventLoop();
+
+    TOVA_BASE_TYPE("Tova2.GestureClock");
 };
 
 /// Time that moves when a test says so.
@@ -50,6 +53,8 @@ public:
 private:
     struct State;
     std::shared_ptr<State> m_state; // a callback may destroy the clock that calls it
+
+    TOVA_DERIVED_TYPE("Tova2.ManualClock", GestureClock);
 };
 
 } // namespace Tova2

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "tova/events/event.h"
+#include "tova/typename.h"
 #include "vetra/inputevents.h"
 
 namespace Tova2 {
@@ -29,6 +30,8 @@ protected:
 
 private:
     Vetra::GLInputMethodEvent2 m_event;
+
+    TOVA_DERIVED_TYPE("Tova2.InputMethodEvent", Event);
 };
 
 } // namespace Tova2

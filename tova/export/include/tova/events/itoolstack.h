@@ -1,6 +1,7 @@
 #pragma once
 
 #include "tova/tova_export.h"
+#include "tova/typename.h"
 #include "vetra/any.h"
 #include "vetra/stringid.h"
 
@@ -52,6 +53,8 @@ public:
     virtual Tool* getActiveTool() = 0;
     /// Deferred active counts as well.
     virtual bool hasActiveOrAlertTool() const = 0;
+
+    TOVA_BASE_TYPE("Tova2.IToolStack");
 };
 
 } // namespace Tova2

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "tova/events/event.h"
+#include "tova/typename.h"
 #include "vetra/inputevents.h"
 #include "vetra/transform.h"
 
@@ -41,6 +42,8 @@ private:
     Vetra::GLMouseEvent2 m_event;
     Vetra::GLPoint<double> m_scenePos;
     Vetra::Transform m_viewportTransform;
+
+    TOVA_DERIVED_TYPE("Tova2.MouseEvent", Event);
 };
 
 } // namespace Tova2

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "tova/tova_export.h"
+#include "tova/typename.h"
 
 namespace Tova2 {
 
@@ -16,6 +17,8 @@ public:
 
 private:
     static int blockCount;
+
+    TOVA_PLAIN_TYPE("Tova2.MoveCursorUpdateBlocker");
 };
 
 } // namespace Tova2

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "tova/events/event.h"
+#include "tova/typename.h"
 #include "vetra/inputevents.h"
 
 namespace Tova2 {
@@ -23,6 +24,8 @@ protected:
 
 private:
     void appendDetails(std::string& text) const override;
+
+    TOVA_DERIVED_TYPE("Tova2.PanGestureEvent", Event);
 };
 
 } // namespace Tova2

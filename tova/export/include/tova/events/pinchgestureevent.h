@@ -1,6 +1,7 @@
 #pragma once
 
 #include "tova/events/event.h"
+#include "tova/typename.h"
 #include "vetra/inputevents.h"
 
 namespace Tova2 {
@@ -27,6 +28,8 @@ private:
     void appendDetails(std::string& text) const override;
 
     Vetra::GLPoint<double> m_scenePos;
+
+    TOVA_DERIVED_TYPE("Tova2.PinchGestureEvent", Event);
 };
 
 } // namespace Tova2

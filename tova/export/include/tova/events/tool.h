@@ -2,6 +2,7 @@
 
 #include "tova/events/delegatingeventhandler.h"
 #include "tova/tova_export.h"
+#include "tova/typename.h"
 #include "vemit/emitter.h"
 #include "vetra/any.h"
 #include "vetra/cursor.h"
@@ -121,6 +122,8 @@ private:
     ToolStackCore* m_stateSink = nullptr; // who hears of its state; null sooner than m_stack
     EInteractionState m_state = EInteractionState::Idle;
     Membership m_membership = Membership::None;
+
+    TOVA_DERIVED_TYPE("Tova2.Tool", DelegatingEventHandler);
 };
 
 } // namespace Tova2

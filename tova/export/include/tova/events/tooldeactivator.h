@@ -1,6 +1,7 @@
 #pragma once
 
 #include "tova/events/delegatingeventhandler.h"
+#include "tova/typename.h"
 #include "vetra/glpoint.h"
 #include "vetra/glrect.h"
 
@@ -48,6 +49,8 @@ private:
     std::vector<Vetra::GLRect<double>> m_hotRegions;
     double m_margin = 0;
     bool* m_isGone = nullptr; // set while a move is being handled
+
+    TOVA_DERIVED_TYPE("Tova2.ToolDeactivator", DelegatingEventHandler);
 };
 
 } // namespace Tova2

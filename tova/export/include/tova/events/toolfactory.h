@@ -2,6 +2,7 @@
 
 #include "tova/events/tool.h"
 #include "tova/tova_export.h"
+#include "tova/typename.h"
 #include "vetra/referenced.h"
 #include "vetra/stringid.h"
 
@@ -18,6 +19,8 @@ public:
     virtual ~BaseToolConstructor();
     virtual Vetra::StringID getRole() const = 0;
     virtual Vetra::Holder<Tool> createTool() = 0;
+
+    TOVA_BASE_TYPE("Tova2.BaseToolConstructor");
 };
 
 /// Makes tools of class `T` under its default role, by default construction unless told how.
@@ -51,6 +54,8 @@ public:
 private:
     // Shared, since a constructor may be replaced while it makes a tool.
     std::unordered_map<Vetra::StringID, std::shared_ptr<BaseToolConstructor>> m_constructors;
+
+    TOVA_PLAIN_TYPE("Tova2.ToolFactory");
 };
 
 } // namespace Tova2

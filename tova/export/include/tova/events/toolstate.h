@@ -2,6 +2,7 @@
 
 #include "tova/events/eventhandler.h"
 #include "tova/events/tool.h"
+#include "tova/typename.h"
 
 namespace Tova2 {
 
@@ -17,6 +18,8 @@ public:
 
 private:
     Tool* m_tool;
+
+    TOVA_DERIVED_TYPE("Tova2.ToolState", EventHandler);
 };
 
 } // namespace Tova2

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "tova/tova_export.h"
+#include "tova/typename.h"
 #include "vetra/glpoint.h"
 #include "vetra/stringid.h"
 
@@ -24,6 +25,8 @@ public:
     /// As the toolkit's tool tip, which shows over active windows; over others as well while the
     /// testing hook "InactiveWindowForToolTips" is on.
     static std::unique_ptr<ToolTipPresenter> asPopup();
+
+    TOVA_BASE_TYPE("Tova2.ToolTipPresenter");
 };
 
 } // namespace Tova2

@@ -5,6 +5,7 @@
 #include "tova/events/tooltip.h"
 #include "tova/nodes/weakref.h"
 #include "tova/tova_export.h"
+#include "tova/typename.h"
 
 namespace Tova2 {
 
@@ -63,6 +64,8 @@ private:
     WeakRef m_node; // whose tip it is; stays while the pointer does, also when the tip is gone
     std::chrono::nanoseconds m_since{}; // when the phase began, or the pointer last moved
     Vetra::GLPoint<int> m_pointer;      // on the screen
+
+    TOVA_DERIVED_TYPE("Tova2.ToolTipTool", Tool);
 };
 
 } // namespace Tova2

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "tova/tova_export.h"
+#include "tova/typename.h"
 
 namespace Tova2 {
 
@@ -15,6 +16,8 @@ public:
 
 private:
     static bool s_isEnabled;
+
+    TOVA_PLAIN_TYPE("Tova2.ToolTrace");
 };
 
 } // namespace Tova2

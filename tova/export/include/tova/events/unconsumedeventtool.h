@@ -2,6 +2,7 @@
 
 #include "tova/events/tool.h"
 #include "tova/tova_export.h"
+#include "tova/typename.h"
 
 namespace Tova2 {
 
@@ -45,6 +46,8 @@ public:
 
 private:
     UnconsumedEmitter m_unconsumed;
+
+    TOVA_DERIVED_TYPE("Tova2.UnconsumedEventTool", Tool);
 };
 
 } // namespace Tova2

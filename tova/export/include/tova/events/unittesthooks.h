@@ -1,6 +1,7 @@
 #pragma once
 
 #include "tova/tova_export.h"
+#include "tova/typename.h"
 
 namespace Tova2 {
 
@@ -14,6 +15,8 @@ public:
     static IToolStack* createConcreteToolStackForUnittest();
     /// The same object; null when it handles no events.
     static EventHandler* toolStackAsEventHandlerForUnittest(IToolStack* stack);
+
+    TOVA_PLAIN_TYPE("Tova2.UnitTestHooks");
 };
 
 } // namespace Tova2

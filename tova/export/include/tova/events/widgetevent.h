@@ -1,6 +1,7 @@
 #pragma once
 
 #include "tova/events/event.h"
+#include "tova/typename.h"
 #include "vetra/inputevents.h"
 
 namespace Tova2 {
@@ -19,6 +20,8 @@ protected:
 
 private:
     Vetra::GLWidgetEvent2 m_event;
+
+    TOVA_DERIVED_TYPE("Tova2.WidgetEvent", Event);
 };
 
 } // namespace Tova2

@@ -6,6 +6,7 @@
 #include "tova/nodes/style/lodscale.h"
 #include "tova/nodes/textalignment.h"
 #include "tova/tova_export.h"
+#include "tova/typename.h"
 #include "vetra/glpoint.h"
 #include "vetra/glrect.h"
 #include "vetra/referenced.h"
@@ -46,9 +47,6 @@ public:
 
     /// Empty, of style BlackTranslucent and not installed.
     AutoLayoutPanel();
-
-    const char* getFullyQualifiedKobjTypeName() const;
-    static const char* staticGetFullyQualifiedKobjTypeName();
 
     // Members, in the order of the layout. A node that hangs itself under the root becomes the last
     // one; one that is taken elsewhere is a member no longer.
@@ -148,6 +146,8 @@ protected:
 
 private:
     const std::unique_ptr<AutoLayoutPanelPrivate> d;
+
+    TOVA_PLAIN_TYPE("Tova2.AutoLayoutPanel");
 };
 
 } // namespace Tova2

@@ -2,6 +2,7 @@
 
 #include "tova/nodes/geometry/bounds.h"
 #include "tova/tova_export.h"
+#include "tova/typename.h"
 #include "vetra/glpoint.h"
 #include "vetra/glrect.h"
 #include "vetra/referenced.h"
@@ -27,6 +28,8 @@ public:
 
 protected:
     ~CustomHitTestFunctor() override;
+
+    TOVA_BASE_TYPE("Tova2.CustomHitTestFunctor");
 };
 
 } // namespace Tova2

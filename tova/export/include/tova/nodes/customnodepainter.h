@@ -2,6 +2,7 @@
 
 #include "tova/nodes/customnode.h"
 #include "tova/nodes/paintoptions.h"
+#include "tova/typename.h"
 
 class QPainter;
 
@@ -45,6 +46,8 @@ private:
     friend class CustomNodeImpl;
 
     CustomNodeImpl* m_node = nullptr;
+
+    TOVA_BASE_TYPE("Tova2.CustomNodePainter");
 };
 
 } // namespace Tova2

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "tova/nodes/node.h"
+#include "tova/typename.h"
 
 namespace Tova2 {
 
@@ -82,6 +83,8 @@ private:
     Vetra::GLPoint<double> m_cachedDirection;
     double m_rotation = 0;
     Node m_node;
+
+    TOVA_PLAIN_TYPE("Tova2.LineEndDecoration");
 };
 
 } // namespace Tova2

@@ -6,6 +6,7 @@
 #include "tova/nodes/property.h"
 #include "tova/nodes/style/drawstyle.h"
 #include "tova/tova_export.h"
+#include "tova/typename.h"
 #include "vetra/any.h"
 #include "vetra/color.h"
 #include "vetra/cursor.h"
@@ -291,6 +292,8 @@ public:
     bool intersects(const Node&, double, const Vetra::GLRect<double>&) const override;
     bool intersects(const Node&, double, const Bounds&) const override;
     Bounds hitTestBounds(const Node&, double) const override;
+
+    TOVA_DERIVED_TYPE("Tova2.EmptyHitTester", CustomHitTestFunctor);
 };
 
 } // namespace Tova2

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "tova/nodes/node.h"
+#include "tova/typename.h"
 #include "vetra/referenced.h"
 
 #include <cstddef>
@@ -44,6 +45,8 @@ private:
     void expire() noexcept;
 
     Vetra::Holder<Anchor> m_anchor;
+
+    TOVA_PLAIN_TYPE("Tova2.WeakRef");
 };
 
 } // namespace Tova2

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "tova/scene/lodstrategy.h"
+#include "tova/typename.h"
 
 namespace Tova2 {
 
@@ -11,6 +12,8 @@ public:
     static const Vetra::StringID& getStaticID(); ///< "tova2::fullquality"
 
     unsigned char getQuality(double scale) const override;
+
+    TOVA_DERIVED_TYPE("Tova2.FullQualityLODStrategy", LODStrategy);
 };
 
 } // namespace Tova2

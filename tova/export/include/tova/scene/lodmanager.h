@@ -1,6 +1,7 @@
 #pragma once
 
 #include "tova/tova_export.h"
+#include "tova/typename.h"
 
 #include "vetra/stringid.h"
 
@@ -52,6 +53,8 @@ private:
     ~LODManager();
 
     std::unique_ptr<LODManagerPrivate> d;
+
+    TOVA_PLAIN_TYPE("Tova2.LODManager");
 };
 
 } // namespace Tova2

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "tova/tova_export.h"
+#include "tova/typename.h"
 
 #include "vetra/stringid.h"
 
@@ -45,6 +46,8 @@ private:
     Vetra::StringID m_id;
     Scene* m_scene = nullptr;
     bool m_isActive = false;
+
+    TOVA_BASE_TYPE("Tova2.LODStrategy");
 };
 
 } // namespace Tova2

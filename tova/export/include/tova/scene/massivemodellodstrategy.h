@@ -1,6 +1,7 @@
 #pragma once
 
 #include "tova/scene/lodstrategy.h"
+#include "tova/typename.h"
 
 namespace Tova2 {
 
@@ -17,6 +18,8 @@ public:
 
 private:
     unsigned m_nodeCount = 0; ///< of the current scene, when its paint began
+
+    TOVA_DERIVED_TYPE("Tova2.MassiveModelLODStrategy", LODStrategy);
 };
 
 } // namespace Tova2

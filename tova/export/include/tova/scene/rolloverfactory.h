@@ -1,6 +1,7 @@
 #pragma once
 
 #include "tova/tova_export.h"
+#include "tova/typename.h"
 #include "vetra/referenced.h"
 
 namespace Tova2 {
@@ -21,6 +22,8 @@ public:
 
 protected:
     ~RolloverFactory() override;
+
+    TOVA_BASE_TYPE("Tova2.RolloverFactory");
 };
 
 } // namespace Tova2

@@ -7,6 +7,7 @@
 #include "tova/nodes/style/background.h"
 #include "tova/nodes/style/drawstyle.h"
 #include "tova/tova_export.h"
+#include "tova/typename.h"
 #include "vemit/emitter.h"
 #include "vetra/any.h"
 #include "vetra/color.h"
@@ -263,6 +264,8 @@ private:
     static Scene* createScenePtr();
 
     std::shared_ptr<ScenePrivate> d;
+
+    TOVA_DERIVED_TYPE("Tova2.Scene", IToolStack, EventHandler);
 };
 
 } // namespace Tova2

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "tova/tova_export.h"
+#include "tova/typename.h"
 
 namespace Tova2 {
 
@@ -19,6 +20,8 @@ public:
     virtual void nodeAdded(Node node) = 0;
     virtual void nodeRemoved(Node node) = 0;
     virtual void nodeChanged(Node node) = 0;
+
+    TOVA_BASE_TYPE("Tova2.SceneChangeTracker");
 };
 
 } // namespace Tova2

@@ -2,6 +2,7 @@
 
 #include "tova/events/eventcanvas.h"
 #include "tova/tova_export.h"
+#include "tova/typename.h"
 #include "tova/widget/glcanvasemitters.h"
 #include "tova/widget/orientation.h"
 #include "tova/widget/zoomdirection.h"
@@ -45,9 +46,6 @@ public:
 
     /// That an event arrived on; null for an event that was made up without one.
     static GLCanvas* of(const Event& event);
-
-    bool isa(const char* typeName) const override;
-    const char* getFullyQualifiedKobjTypeName() const override;
 
     // Scene and layers
 
@@ -252,6 +250,8 @@ private:
     GLCanvas(const Vetra::StringID& name, Widgets::GLObject* parent, ToolkitCanvas* widget);
 
     const std::unique_ptr<GLCanvasPrivate> d;
+
+    TOVA_DERIVED_TYPE("Tova2.GLCanvas", Widgets::GLWidget2, EventCanvas);
 };
 
 } // namespace Tova2

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "tova/tova_export.h"
+#include "tova/typename.h"
 #include "vemit/emitter.h"
 #include "vetra/referenced.h"
 #include "vetra/stringid.h"
@@ -35,6 +36,8 @@ private:
     Vetra::Holder<Scene> m_scene;
     Vetra::StringID m_tag;
     int m_zValue = -1;
+
+    TOVA_PLAIN_TYPE("Tova2.Layer");
 };
 
 /// The layers of one canvas, from the bottom up. Listeners may change the stack, or destroy it;
@@ -77,6 +80,8 @@ public:
 private:
     struct State;
     std::shared_ptr<State> m_state; // outlives a stack that a listener destroys
+
+    TOVA_PLAIN_TYPE("Tova2.LayerStack");
 };
 
 } // namespace Tova2

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "tova/tova_export.h"
+#include "tova/typename.h"
 #include "vemit/emitter.h"
 #include "vetra/glpoint.h"
 #include "vetra/quarntimer.h"
@@ -92,6 +93,8 @@ private:
     double m_fixedElapsed = 0;
     double m_fixedTimeInterval = 0;
     Vetra::QuarnTimer m_timer;
+
+    TOVA_BASE_TYPE("Tova2.MomentumController");
 };
 
 } // namespace Tova2

@@ -2,6 +2,7 @@
 
 #include "tova/events/tool.h"
 #include "tova/tova_export.h"
+#include "tova/typename.h"
 #include "tova/widget/momentumcontroller.h"
 #include "vemit/listener.h"
 #include "vetra/inputenums.h"
@@ -104,6 +105,8 @@ private:
     /// Where the scene's origin was in the view; none when the glide is not to settle.
     std::optional<Vetra::GLPoint<double>> m_glideFrom;
     MomentumController m_momentum;
+
+    TOVA_DERIVED_TYPE("Tova2.PanZoomTool", Tool);
 };
 
 } // namespace Tova2

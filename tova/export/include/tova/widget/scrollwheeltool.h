@@ -2,6 +2,7 @@
 
 #include "tova/events/tool.h"
 #include "tova/tova_export.h"
+#include "tova/typename.h"
 
 namespace Tova2 {
 
@@ -28,6 +29,8 @@ protected:
     void doScrollHorizontal(MouseEvent& event, GLCanvas* canvas);
     void doScrollVertical(MouseEvent& event, GLCanvas* canvas);
     void doZoom(MouseEvent& event, GLCanvas* canvas);
+
+    TOVA_DERIVED_TYPE("Tova2.ScrollWheelTool", Tool);
 };
 
 } // namespace Tova2

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "tova/tova_export.h"
+#include "tova/typename.h"
 #include "vemit/listener.h"
 #include "vetra/glrect.h"
 #include "vetra/inputevents.h"
@@ -59,6 +60,8 @@ private:
     ViewerWindow* m_window = nullptr; // goes when the viewer goes
     bool m_isManaged = false;
     bool m_isClosed = false; // and waits for its deletion
+
+    TOVA_BASE_TYPE("Tova2.Viewer");
 };
 
 } // namespace Tova2

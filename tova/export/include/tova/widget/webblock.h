@@ -1,6 +1,7 @@
 #pragma once
 
 #include "tova/tova_export.h"
+#include "tova/typename.h"
 
 #include <functional>
 #include <memory>
@@ -22,6 +23,8 @@ public:
     virtual void setHtml(const std::string& html) = 0;
     /// Shows the page at this multiple of its natural size.
     virtual void setScale(double scale) = 0;
+
+    TOVA_BASE_TYPE("Tova2.WebBlock");
 };
 
 /// Makes a block in the widget that is to show it.

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "tova/typename.h"
+
 namespace Tova2 {
 
 /// Why a canvas changes its scale: on behalf of the host, or by what the user does. Only the user
@@ -18,6 +20,8 @@ public:
 
 private:
     Source m_source = Source::Program;
+
+    TOVA_PLAIN_TYPE("Tova2.ZoomReason");
 };
 
 } // namespace Tova2

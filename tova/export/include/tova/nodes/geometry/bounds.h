@@ -3,6 +3,7 @@
 #include "tova/nodes/geometry/ellipse.h"
 #include "tova/nodes/geometry/roundedrect.h"
 #include "tova/tova_export.h"
+#include "tova/typename.h"
 
 #include "vetra/glpoint.h"
 #include "vetra/glrect.h"
@@ -95,6 +96,8 @@ private:
 
     Rect m_rect;
     ImplPointer m_impl;
+
+    TOVA_PLAIN_TYPE("Tova2.Bounds");
 };
 
 } // namespace Tova2

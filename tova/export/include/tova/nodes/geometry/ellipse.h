@@ -1,5 +1,6 @@
 #pragma once
 
+#include "tova/typename.h"
 #include "vetra/glrect.h"
 
 namespace Tova2 {
@@ -16,6 +17,8 @@ public:
 
 private:
     Vetra::GLRect<double> m_rect;
+
+    TOVA_PLAIN_TYPE("Tova2.Ellipse");
 };
 
 } // namespace Tova2

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "tova/typename.h"
 #include "vetra/glrect.h"
 
 #include <limits>
@@ -30,6 +31,8 @@ private:
 
     Vetra::GLRect<double> m_rect;
     double m_roundedX = 0, m_roundedY = 0;
+
+    TOVA_PLAIN_TYPE("Tova2.RoundedRect");
 };
 
 } // namespace Tova2

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "tova/tova_export.h"
+#include "tova/typename.h"
 
 #include "vetra/glpoint.h"
 
@@ -15,6 +16,8 @@ struct TOVA_EXPORT Vertex {
     /// identical, NaN never is.
     bool almostEqual(const Vertex& other, double tolerance) const noexcept;
     bool operator==(const Vertex&) const = default;
+
+    TOVA_PLAIN_TYPE("Tova2.Vertex");
 };
 
 } // namespace Tova2

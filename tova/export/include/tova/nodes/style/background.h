@@ -1,6 +1,7 @@
 #pragma once
 
 #include "tova/tova_export.h"
+#include "tova/typename.h"
 
 #include "vetra/color.h"
 #include "vetra/gradient.h"
@@ -56,6 +57,8 @@ private:
     std::string m_imagePath;
     mutable Vetra::Holder<Vetra::Image> m_image;
     mutable Availability m_availability = Availability::Unknown;
+
+    TOVA_PLAIN_TYPE("Tova2.Background");
 };
 
 } // namespace Tova2

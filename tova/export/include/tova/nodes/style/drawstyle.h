@@ -4,6 +4,7 @@
 #include "tova/nodes/style/fill.h"
 #include "tova/nodes/style/stroke.h"
 #include "tova/tova_export.h"
+#include "tova/typename.h"
 
 namespace Tova2 {
 
@@ -38,6 +39,8 @@ private:
     Fill m_fill;
     bool m_isAntiAliased = false;
     bool m_isPixelAligned = false;
+
+    TOVA_PLAIN_TYPE("Tova2.DrawStyle");
 };
 
 } // namespace Tova2

@@ -3,6 +3,7 @@
 #include "tova/nodes/style/stroke.h"
 #include "tova/nodes/style/strokeinsettype.h"
 #include "tova/tova_export.h"
+#include "tova/typename.h"
 
 #include "vetra/color.h"
 #include "vetra/glpoint.h"
@@ -133,6 +134,8 @@ private:
     bool equals(const Effect& other) const noexcept;
 
     SlotsPointer m_slots; // the five kinds; null when there is none of them
+
+    TOVA_PLAIN_TYPE("Tova2.Effect");
 };
 
 } // namespace Tova2

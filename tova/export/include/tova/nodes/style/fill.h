@@ -1,6 +1,7 @@
 #pragma once
 
 #include "tova/tova_export.h"
+#include "tova/typename.h"
 
 #include "vetra/color.h"
 #include "vetra/gradient.h"
@@ -46,6 +47,8 @@ private:
     Vetra::Gradient m_gradient;
     Vetra::Color m_color = Vetra::Color::fromPacked(0xffffffff);
     FillStyle m_style = FillStyle::NoFill;
+
+    TOVA_PLAIN_TYPE("Tova2.Fill");
 };
 
 } // namespace Tova2

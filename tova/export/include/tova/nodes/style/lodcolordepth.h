@@ -1,6 +1,7 @@
 #pragma once
 
 #include "tova/tova_export.h"
+#include "tova/typename.h"
 
 namespace Tova2 {
 
@@ -21,6 +22,8 @@ public:
 
 private:
     static int s_systemColorDepth;
+
+    TOVA_PLAIN_TYPE("Tova2.LodColorDepth");
 };
 
 } // namespace Tova2

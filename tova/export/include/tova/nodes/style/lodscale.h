@@ -1,6 +1,7 @@
 #pragma once
 
 #include "tova/tova_export.h"
+#include "tova/typename.h"
 
 #include "vetra/stringid.h"
 
@@ -26,6 +27,8 @@ public:
 
 protected:
     LodScale() = default;
+
+    TOVA_BASE_TYPE("Tova2.LodScale");
 };
 
 /// "Constant": the same size on screen at every zoom.
@@ -34,6 +37,8 @@ public:
     static const ConstantLodScale* instance();
     double scale(double viewScale) const override;
     Vetra::StringID name() const override;
+
+    TOVA_DERIVED_TYPE("Tova2.ConstantLodScale", LodScale);
 };
 
 /// "ConstantIn": does not grow when zooming in beyond 1.
@@ -42,6 +47,8 @@ public:
     static const ConstantInLodScale* instance();
     double scale(double viewScale) const override;
     Vetra::StringID name() const override;
+
+    TOVA_DERIVED_TYPE("Tova2.ConstantInLodScale", LodScale);
 };
 
 /// "ConstantOut": does not shrink when zooming out below 1.
@@ -50,6 +57,8 @@ public:
     static const ConstantOutLodScale* instance();
     double scale(double viewScale) const override;
     Vetra::StringID name() const override;
+
+    TOVA_DERIVED_TYPE("Tova2.ConstantOutLodScale", LodScale);
 };
 
 /// "LinearlyScaleUntilLodScale": grows with the zoom up to a view scale of `limit`, then stays.
@@ -62,6 +71,8 @@ public:
 
 private:
     double m_limit;
+
+    TOVA_DERIVED_TYPE("Tova2.LinearlyScaleUntilLodScale", LodScale);
 };
 
 /// "SelectionNonLinear": shrinks against the zoom, but more slowly than a constant size would.
@@ -70,6 +81,8 @@ public:
     static const SelectionNonLinearLodScale* instance();
     double scale(double viewScale) const override;
     Vetra::StringID name() const override;
+
+    TOVA_DERIVED_TYPE("Tova2.SelectionNonLinearLodScale", LodScale);
 };
 
 /// "SplitLinear": above 1 the size on screen grows slowly, to at most twice the base. Up to 1 the
@@ -79,6 +92,8 @@ public:
     static const SplitLinearLodScale* instance();
     double scale(double viewScale) const override;
     Vetra::StringID name() const override;
+
+    TOVA_DERIVED_TYPE("Tova2.SplitLinearLodScale", LodScale);
 };
 
 /// The functions that a keyword can name; the enumerators are the keywords.

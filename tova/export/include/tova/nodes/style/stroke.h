@@ -2,6 +2,7 @@
 
 #include "tova/nodes/style/lodscale.h"
 #include "tova/tova_export.h"
+#include "tova/typename.h"
 
 #include "vetra/color.h"
 
@@ -65,6 +66,8 @@ private:
     StrokeStyle m_style = StrokeStyle::SolidLine;
     StrokeCapStyle m_capStyle = StrokeCapStyle::FlatCap;
     StrokeJoinStyle m_joinStyle = StrokeJoinStyle::MiterJoin;
+
+    TOVA_PLAIN_TYPE("Tova2.Stroke");
 };
 
 } // namespace Tova2
