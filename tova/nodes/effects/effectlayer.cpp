@@ -87,7 +87,8 @@ void addTrace(EffectLayers& layers, const Effect::Trace& trace)
     addLine(layers, EffectLayer::Kind::Outline, trace.stroke.color());
     layers.back().stroke = trace.stroke;
     layers.back().inset = trace.insetType;
-    // The node's own stroke stays whole.
+    // Below the node, whose edge it only touches: above, both would be seen through its first
+    // pixels.
     layers.back().isBelow = trace.insetType == StrokeInsetType::Outer;
 }
 

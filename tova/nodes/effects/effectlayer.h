@@ -37,7 +37,7 @@ struct EffectLayer {
     double gain = 1;      ///< coverage is multiplied by it, up to full coverage
     std::optional<Stroke> stroke;
 
-    /// How far softening reaches: beyond it, less than a level of 8 bits is left.
+    /// How far softening reaches: it is cut off there, lest a gain bring back what is too faint.
     double blurReach() const { return 3 * deviation; }
 };
 

@@ -15,6 +15,13 @@
 #include <algorithm>
 #include <cmath>
 
+// For any figure: the node draws itself in one colour on a sheet, the sheet's alpha is softened
+// across and then down, and the result coloured. A pixel costs as many multiplications as softening
+// reaches pixels, so that wide softening is done on a sheet of half the size, again and again by
+// half, and enlarged: what is that soft has no detail that would be missed. Only exposed pixels and
+// those that softening brings to them are drawn, and small pictures kept. (Separable filters on an
+// image pyramid: any book on image processing.)
+
 namespace Tova2 {
 
 namespace {
