@@ -15,8 +15,8 @@ inline Tova2::Node makeBlock(const std::string& name, const Vetra::GLPoint<doubl
     block.addTag(DragTool::blockTag());
     Tova2::TextNode label(name);
     label.setRect({0, 0, 110, 50});
-    label.setHorizontalAlignment(Tova2::HorizontalAlignment::Center);
-    label.setVerticalAlignment(Tova2::VerticalAlignment::Center);
+    label.setHorizontalAlignment(Tova2::HorizontalAlignment::Middle);
+    label.setVerticalAlignment(Tova2::VerticalAlignment::Middle);
     label.setParent(block);
     return block;
 }
