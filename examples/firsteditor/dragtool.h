@@ -32,8 +32,8 @@ private:
     void endDrag();
 
     Widgets::ObjectWatch<Tova2::GLCanvas> m_canvas; // null once the canvas has gone
-    Tova2::WeakRef m_block;                         // the host may delete it in the middle of a drag
-    Vetra::GLPoint<double> m_start;                 // of the block
+    Tova2::WeakRef m_block;         // the host may delete it in the middle of a drag
+    Vetra::GLPoint<double> m_start; // of the block
     Vetra::GLPoint<double> m_press;
     Vetra::GLPoint<int> m_pressPixel;
     Tova2::RectNode m_frame{{0, 0, 1, 1}};
