@@ -87,6 +87,10 @@ QImage paintPicture(const DiagramScene& diagram, const SizeWish& wish, const QSt
     if (picture.isNull())
         throw FileError(target, 0, QStringLiteral("there is no memory for the picture"));
     picture.fill(Qt::white);
+    // A wished scale is one of pixels: lines, marks and details stay those of the actual size. A
+    // wished size is a view that the diagram is fitted into.
+    if (wish.scale > 0)
+        picture.setDevicePixelRatio(wish.scale);
     const int dots = qRound(page.target.width / diagram.area.width / metresAPoint);
     picture.setDotsPerMeterX(dots);
     picture.setDotsPerMeterY(dots);
