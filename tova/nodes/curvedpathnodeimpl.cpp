@@ -26,7 +26,6 @@ void CurvedPathNodeImpl::setVertices(std::vector<Vertex> vertices)
     const auto usable = [](const Vertex& v) { return isUsable(v); };
     if (!std::all_of(vertices.begin(), vertices.end(), usable) || vertices == m_vertices)
         return;
-    geometryChanging();
     m_vertices = std::move(vertices);
     reportVertices();
 }
@@ -35,7 +34,6 @@ void CurvedPathNodeImpl::setVertex(std::size_t index, const Vertex& vertex)
 {
     if (!isUsable(vertex) || vertex == m_vertices[index])
         return;
-    geometryChanging();
     m_vertices[index] = vertex;
     reportVertices();
 }
@@ -44,7 +42,6 @@ void CurvedPathNodeImpl::append(const Vertex& vertex)
 {
     if (!isUsable(vertex))
         return;
-    geometryChanging();
     m_vertices.push_back(vertex);
     reportVertices();
 }

@@ -58,7 +58,6 @@ void CustomNodeImpl::setPainter(CustomNodePainter* painter)
     if (m_painter == painter)
         return;
     const Vetra::Holder<CustomNodePainter> next(painter);
-    geometryChanging();
     const auto old = std::exchange(m_painter, next);
     letGo(old.get());
     if (painter)
@@ -68,7 +67,6 @@ void CustomNodeImpl::setPainter(CustomNodePainter* painter)
 
 void CustomNodeImpl::boundsChanging()
 {
-    geometryChanging();
     reportChange(ChangeLevel::Announced);
 }
 

@@ -22,7 +22,6 @@ void EllipseNodeImpl::setRect(const QRectF& rect)
 {
     if (!isFinite(rect) || isSame(rect, m_rect))
         return;
-    geometryChanging();
     m_rect = rect;
     reportChange(ChangeLevel::Geometry);
 }
@@ -55,7 +54,6 @@ void EllipseNodeImpl::setLodScale(const LodScale* scale)
 {
     if (scale == m_lodScale)
         return;
-    geometryChanging();
     m_lodScale = scale;
     reportChange(ChangeLevel::Geometry);
 }
@@ -64,7 +62,6 @@ void EllipseNodeImpl::setWidthToPixelAlignCenter(double width)
 {
     if (!std::isfinite(width) || width == m_widthToPixelAlignCenter)
         return;
-    geometryChanging();
     m_widthToPixelAlignCenter = width;
     reportChange(ChangeLevel::Geometry);
 }

@@ -15,7 +15,6 @@ void FancyRoundedRectNodeImpl::setRect(const QRectF& rect)
 {
     if (!isFinite(rect) || isSame(rect, m_given.rect))
         return;
-    geometryChanging();
     m_given.rect = rect;
     reportChange(ChangeLevel::Geometry);
 }
@@ -25,7 +24,6 @@ void FancyRoundedRectNodeImpl::setRadius(Corner corner, double radius)
     double& stored = m_given.radii[static_cast<std::size_t>(corner)];
     if (!(radius >= 0) || !std::isfinite(radius) || radius == stored)
         return;
-    geometryChanging();
     stored = radius;
     reportChange(ChangeLevel::Geometry);
 }

@@ -28,7 +28,6 @@ void ImageNodeImpl::setSource(const Source& source)
 {
     if (source == m_source)
         return;
-    geometryChanging();
     m_source = source;
     m_defaultSize = {};
     reportChange(ChangeLevel::Geometry);
@@ -58,7 +57,6 @@ void ImageNodeImpl::setSize(const QSizeF& size)
     const QRectF extent(QPointF(), size);
     if (!isAcceptable || (m_size.isValid() && isSame(extent, QRectF(QPointF(), m_size))))
         return;
-    geometryChanging();
     m_size = size;
     reportChange(ChangeLevel::Geometry);
 }

@@ -16,7 +16,6 @@ void LinearPathNodeImpl::setPoints(std::vector<QPointF> points)
         std::equal(points.begin(), points.end(), m_points.begin(), m_points.end(),
                    [](const QPointF& a, const QPointF& b) { return isSame(a, b); }))
         return;
-    geometryChanging();
     m_points = std::move(points);
     reportPoints();
 }
@@ -25,7 +24,6 @@ void LinearPathNodeImpl::setPoint(std::size_t index, const QPointF& point)
 {
     if (!isFinite(point) || isSame(point, m_points[index]))
         return;
-    geometryChanging();
     m_points[index] = point;
     reportPoints();
 }
@@ -34,7 +32,6 @@ void LinearPathNodeImpl::append(const QPointF& point)
 {
     if (!isFinite(point))
         return;
-    geometryChanging();
     m_points.push_back(point);
     reportPoints();
 }

@@ -40,7 +40,6 @@ void LineNodeImpl::setLine(const QLineF& line)
         return;
     if (isSame(line.p1(), m_line.p1()) && isSame(line.p2(), m_line.p2()))
         return;
-    geometryChanging();
     m_line = line;
     const DestructionDelay delay;
     reportChange(ChangeLevel::Geometry);
@@ -60,10 +59,8 @@ void LineNodeImpl::applyDecorations()
 void LineNodeImpl::finishDecorations(bool isDrawnElsewhere)
 {
     const DestructionDelay delay;
-    if (isDrawnElsewhere) {
-        geometryChanging();
+    if (isDrawnElsewhere)
         reportChange(ChangeLevel::Geometry);
-    }
     placeDecorations();
 }
 

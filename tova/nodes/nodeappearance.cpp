@@ -121,8 +121,6 @@ void NodeImpl::setDrawStyle(const DrawStyle& style)
     if (style == m_style)
         return;
     const auto level = levelOfChange(style, m_style);
-    if (level != ChangeLevel::Appearance)
-        geometryChanging();
     m_style = style;
     reportChange(level);
 }
@@ -203,7 +201,6 @@ void NodeImpl::setIgnoresTransformations(bool ignores)
 {
     if (ignores == m_ignoresTransformations)
         return;
-    geometryChanging();
     m_ignoresTransformations = ignores;
     reportChange(ChangeLevel::Placement);
 }

@@ -43,8 +43,8 @@ struct SceneRecord {
 /// and visibility are kept in the item. The toolkit only stores; it never paints, searches or
 /// deletes it.
 ///
-/// Derived classes hold the geometry. Their setters refuse bad values, return if equal, call
-/// `geometryChanging`, store, and call `reportChange`.
+/// Derived classes hold the geometry. Their setters refuse bad values, return if equal, store, and
+/// call `reportChange`.
 class NodeImpl : public Vetra::Referenced, public QGraphicsItem {
 public:
     static void* operator new(std::size_t size);
@@ -168,8 +168,6 @@ public:
     void forgetEffectPictures() const;
 
     // Changes
-    /// Before a change of geometry: tells the toolkit.
-    void geometryChanging() { prepareGeometryChange(); }
     /// After any change: drops what depends on it, then tells the scene and the sink. May throw
     /// what a host throws.
     void reportChange(ChangeLevel level);

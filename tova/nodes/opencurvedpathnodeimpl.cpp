@@ -72,10 +72,8 @@ void OpenCurvedPathNodeImpl::applyDecorations()
 void OpenCurvedPathNodeImpl::finishDecorations(bool isDrawnElsewhere)
 {
     const DestructionDelay delay;
-    if (isDrawnElsewhere) {
-        geometryChanging();
+    if (isDrawnElsewhere)
         reportChange(ChangeLevel::Geometry);
-    }
     placeDecorations();
 }
 

@@ -30,7 +30,6 @@ void OpenLinearPathNodeImpl::setCornerStyle(CornerStyle style)
 {
     if (style == m_cornerStyle || style > CornerStyle::Bevel)
         return;
-    geometryChanging();
     m_cornerStyle = style;
     reportChange(ChangeLevel::Geometry);
 }
@@ -40,7 +39,6 @@ void OpenLinearPathNodeImpl::setCornerRadius(double radius)
     // Not `radius < 0`: NaN has to be dropped as well.
     if (!(radius >= 0) || !std::isfinite(radius) || radius == m_cornerRadius)
         return;
-    geometryChanging();
     m_cornerRadius = radius;
     reportChange(ChangeLevel::Geometry);
 }
@@ -68,10 +66,8 @@ void OpenLinearPathNodeImpl::finishDecorations(bool isDrawnElsewhere)
 {
     const DestructionDelay delay;
     DeferredError error;
-    if (isDrawnElsewhere) {
-        geometryChanging();
+    if (isDrawnElsewhere)
         error.run([this] { reportChange(ChangeLevel::Geometry); });
-    }
     error.run([this] { placeDecorations(); });
     error.rethrow();
 }

@@ -51,7 +51,6 @@ void PathNodeImpl::setStrokes(const std::vector<Stroke>& strokes)
 {
     if (strokes == this->strokes())
         return;
-    geometryChanging();
     m_strokes = strokes.empty() ? nullptr : std::make_unique<OwnStrokes>(OwnStrokes{strokes});
     reportChange(ChangeLevel::Geometry);
 }

@@ -12,7 +12,6 @@ void PictureNodeImpl::setPicture(const Vetra::Picture& picture)
 {
     if (picture == m_picture)
         return;
-    geometryChanging();
     m_picture = picture;
     m_rect = Vetra::toQt(picture.boundingRect());
     reportChange(ChangeLevel::Geometry);

@@ -14,7 +14,6 @@ void RectNodeImpl::setRect(const QRectF& rect)
 {
     if (!isFinite(rect) || isSame(rect, m_rect))
         return;
-    geometryChanging();
     m_rect = rect;
     reportChange(ChangeLevel::Geometry);
 }

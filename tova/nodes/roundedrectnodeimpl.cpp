@@ -18,7 +18,6 @@ void RoundedRectNodeImpl::setRect(const QRectF& rect)
 {
     if (!isFinite(rect) || isSame(rect, m_rect))
         return;
-    geometryChanging();
     m_rect = rect;
     reportChange(ChangeLevel::Geometry);
 }
@@ -28,7 +27,6 @@ void RoundedRectNodeImpl::setRadius(double radius)
     // Not `radius <= 0`: NaN has to be dropped as well.
     if (!(radius > 0) || !std::isfinite(radius) || almostEqual(radius, m_radius))
         return;
-    geometryChanging();
     m_radius = radius;
     reportChange(ChangeLevel::Geometry);
 }

@@ -62,7 +62,6 @@ void ShapeNodeImpl::setFigure(const Vetra::Shape& figure)
 {
     if (figure == m_figure)
         return;
-    geometryChanging();
     m_figure = figure;
     reportChange(ChangeLevel::Geometry);
 }

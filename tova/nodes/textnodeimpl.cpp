@@ -15,7 +15,6 @@ void TextNodeImpl::change(T& member, const T& value)
 {
     if (value == member)
         return;
-    geometryChanging();
     member = value;
     m_layout.reset();
     reportChange(ChangeLevel::Geometry);
@@ -41,7 +40,6 @@ void TextNodeImpl::setVerticalAlignment(VerticalAlignment alignment)
 {
     if (alignment > VerticalAlignment::Bottom || alignment == m_vertical)
         return;
-    geometryChanging();
     m_vertical = alignment;
     reportChange(ChangeLevel::Geometry);
 }
@@ -58,7 +56,6 @@ void TextNodeImpl::setBox(const QRectF& box)
 {
     if (!isFinite(box) || isSame(box, m_box))
         return;
-    geometryChanging();
     m_box = box;
     reportChange(ChangeLevel::Geometry);
 }

@@ -1,4 +1,5 @@
 #include "tova/scene/lodmanager.h"
+#include "support/rows.h"
 #include "tova/nodes/customnode.h"
 #include "tova/nodes/customnodepainter.h"
 #include "tova/nodes/rectnode.h"
@@ -30,8 +31,7 @@ Vetra::Holder<Scene> sceneOf(int nodes)
     return scene;
 }
 
-struct QualityCase {
-    const char* name;
+struct QualityCase : NamedRow {
     int nodes; ///< in the scene being painted, by the massive model's strategy; -1: by the default
     double scale;
     int quality;
@@ -40,32 +40,34 @@ class StrategyQualityTest : public testing::TestWithParam<QualityCase> {};
 
 TEST_P(StrategyQualityTest, FollowsTheScale)
 {
-    const auto& [name, nodes, scale, quality] = GetParam();
-    if (nodes < 0) {
-        EXPECT_EQ(LODStrategy().getQuality(scale), quality);
+    const QualityCase& row = GetParam();
+    if (row.nodes < 0) {
+        EXPECT_EQ(LODStrategy().getQuality(row.scale), row.quality);
         return;
     }
-    const auto scene = sceneOf(nodes);
+    const auto scene = sceneOf(row.nodes);
     MassiveModelLODStrategy strategy;
     strategy.beginScene(scene.get());
-    EXPECT_EQ(strategy.getQuality(scale), quality);
+    EXPECT_EQ(strategy.getQuality(row.scale), row.quality);
     strategy.endScene(scene.get());
     EXPECT_EQ(strategy.getQuality(1.0), 2);
 }
 
 INSTANTIATE_TEST_SUITE_P(Lod, StrategyQualityTest,
-                         testing::Values(QualityCase{"DefaultAtLowBound", -1, 0.525, 0},
-                                         QualityCase{"DefaultAboveLowBound", -1, 0.5251, 1},
-                                         QualityCase{"DefaultAtHighBound", -1, 0.75, 1},
-                                         QualityCase{"DefaultAboveHighBound", -1, 0.7501, 2},
-                                         QualityCase{"NotANumberIsCoarsest", -1,
-                                                     std::numeric_limits<double>::quiet_NaN(), 0},
-                                         QualityCase{"FewNodesAreDefault", 249, 1.0, 2},
-                                         QualityCase{"FewNodesAtLowBound", 249, 0.51, 0},
-                                         QualityCase{"MassiveIsNeverFull", 250, 1.0, 1},
-                                         QualityCase{"MassiveKeepsMiddleLonger", 250, 0.501, 1},
-                                         QualityCase{"MassiveAtItsBound", 250, 0.5, 0}),
-                         [](const auto& row) { return row.param.name; });
+                         testing::Values(QualityCase{{"DefaultAtLowBound"}, -1, 0.525, 0},
+                                         QualityCase{{"DefaultAboveLowBound"}, -1, 0.5251, 1},
+                                         QualityCase{{"DefaultAtHighBound"}, -1, 0.75, 1},
+                                         QualityCase{{"DefaultAboveHighBound"}, -1, 0.7501, 2},
+                                         QualityCase{{"NotANumberIsCoarsest"},
+                                                     -1,
+                                                     std::numeric_limits<double>::quiet_NaN(),
+                                                     0},
+                                         QualityCase{{"FewNodesAreDefault"}, 249, 1.0, 2},
+                                         QualityCase{{"FewNodesAtLowBound"}, 249, 0.51, 0},
+                                         QualityCase{{"MassiveIsNeverFull"}, 250, 1.0, 1},
+                                         QualityCase{{"MassiveKeepsMiddleLonger"}, 250, 0.501, 1},
+                                         QualityCase{{"MassiveAtItsBound"}, 250, 0.5, 0}),
+                         rowName);
 
 class Recorder : public LODStrategy {
 public:
