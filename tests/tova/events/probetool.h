@@ -51,6 +51,12 @@ public:
         tell("message");
         Tool::receiveMessage(id, payload);
     }
+    void onAppModelChange(EAppModelChangePhase phase) override
+    {
+        if (phase == EAppModelChangePhase::PostSync)
+            tell("synced");
+        Tool::onAppModelChange(phase);
+    }
     void handleMousePressEvent(Tova2::MouseEvent& event) override
     {
         current = &event;

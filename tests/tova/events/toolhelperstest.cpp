@@ -147,7 +147,10 @@ TEST(ToolTraceTest, WritesALineForEachStepAndNothingElse)
     KeyEvent key(EventType::KeyPressEvent, nullptr, Vetra::Key::A, Vetra::Modifier::Shift, {},
                  true);
     UnitTestHooks::toolStackAsEventHandlerForUnittest(stack.get())->handleKeyPressEvent(key);
+    stack->getToolByRole("tool")->becomeActive();
     stack->sendMessageToTools("two\nlines", {});
+    KeyEvent release(EventType::KeyReleaseEvent, nullptr, Vetra::Key::A, {}, {}, false);
+    UnitTestHooks::toolStackAsEventHandlerForUnittest(stack.get())->handleKeyReleaseEvent(release);
     ToolTrace::setEnabled(false);
     EXPECT_EQ(testing::internal::GetCapturedStdout(),
               "Dispatching KeyEvent:KeyPressEvent for key: Key_A with modifiers (SHIFT )"
@@ -156,7 +159,11 @@ TEST(ToolTraceTest, WritesALineForEachStepAndNothingElse)
               ", state did not change\n"
               "Finished dispatching KeyEvent\n"
               "Sending message two\\x0alines\n"
-              "    Trying tool (ProbeTool), was idle, state did not change\n");
+              "    Handling with active tool (ProbeTool)\n"
+              "    Trying tool (ProbeTool), was active, state did not change\n"
+              "Dispatching KeyEvent:KeyReleaseEvent for key: Key_A with modifiers ()\n"
+              "    Handling with active tool (ProbeTool)\n"
+              "Finished dispatching KeyEvent\n");
 }
 
 /// Each callback in which a tool destroys its stack; the sanitizers watch.

@@ -18,10 +18,11 @@ using testing::IsEmpty;
 using State = Tool::EInteractionState;
 
 struct ShownCursor final : ToolStackHost {
-    void noToolActive() override {}
+    void noToolActive() override { ++restings; }
     void showToolCursor(const Vetra::Cursor& cursor) override { shown = cursor; }
     void restoreCursor() override { shown.reset(); }
     std::optional<Vetra::Cursor> shown;
+    int restings = 0;
 };
 
 struct ScrollSpy final : AutoScrollControl {
@@ -191,9 +192,53 @@ TEST_F(ToolStackTest, ToolOfAnotherStackIsRefused)
     ToolStack other(nullptr, nullptr);
     other.addTool(a.get());
     EXPECT_FALSE(other.hasTool(a.get()));
-    m_stack->removeTool(a.get());
+    EXPECT_FALSE(other.removeTool(a.get()));
+    EXPECT_TRUE(m_stack->removeTool(a.get()));
     other.addTool(a.get());
     EXPECT_TRUE(other.hasTool(a.get()));
+}
+
+TEST_F(ToolStackTest, ToolsOfNoStackAreNeitherMovedNorRemoved)
+{
+    add("a");
+    const Vetra::Holder<ProbeTool> stray(new ProbeTool(m_log, "stray"));
+    m_stack->moveToolAbove(stray.get(), "a");
+    EXPECT_FALSE(m_stack->removeTool(stray.get()));
+    EXPECT_FALSE(m_stack->hasTool(stray.get()));
+    m_stack->addToolAbove(stray.get(), "nobody");
+    EXPECT_EQ(m_stack->listCurrentTools().front().get(), stray.get());
+    EXPECT_THAT(m_log, ElementsAre("stray added"));
+}
+
+TEST_F(ToolStackTest, StateOfAToolCountsFromWhenItComes)
+{
+    const Vetra::Holder<ProbeTool> done(new ProbeTool(m_log, "done"));
+    done->becomeDone();
+    m_stack->addTool(done.get());
+    const Vetra::Holder<ProbeTool> later(new ProbeTool(m_log, "later"));
+    later->becomeDeferredActive();
+    m_stack->addTool(later.get());
+    EXPECT_FALSE(m_stack->hasTool(done.get()));
+    press();
+    EXPECT_EQ(m_stack->getActiveTool(), later.get());
+}
+
+TEST_F(ToolStackTest, DelegatedToolHasTheCursorUnlessItLeaves)
+{
+    const auto a = add("a");
+    const auto b = add("b");
+    a->cursor = Vetra::CursorShape::Cross;
+    b->cursor = Vetra::CursorShape::IBeam;
+    m_cursor.restings = 0;
+    MouseEvent event = makePress();
+    m_stack->delegateToTool(b.get(), event);
+    EXPECT_EQ(m_stack->overrideCursor(), b->cursor);
+    EXPECT_EQ(m_cursor.restings, 1);
+    b->onPress = [this](ProbeTool& tool) { m_stack->removeTool(&tool); };
+    m_stack->delegateToTool(b.get(), event);
+    EXPECT_EQ(m_stack->overrideCursor(), a->cursor);
+    a->onPress = [](ProbeTool&) { throw 7; };
+    EXPECT_THROW(m_stack->delegateToTool(a.get(), event), int);
 }
 
 TEST_F(ToolStackTest, ToolThatGetsDoneFinishesItsHandlerAndLeavesAfterTheDispatch)
@@ -215,6 +260,9 @@ TEST_F(ToolStackTest, ActiveToolHearsMessagesFirstAndTwice)
     m_stack->sendMessageToTools("AppModelChanged_PreSyncFromRoot", {});
     EXPECT_THAT(m_log, ElementsAre("b message", "b cancel 3", "a message", "a cancel 3",
                                    "b message", "b cancel 3"));
+    m_log.clear();
+    m_stack->sendMessageToTools("AppModelChanged_PostSyncFromRoot", {});
+    EXPECT_THAT(m_log, ElementsAre("a message", "a synced", "b message", "b synced"));
 }
 
 TEST_F(ToolStackTest, TopmostCursorIsShownAndGoesWithItsTool)
@@ -232,6 +280,20 @@ TEST_F(ToolStackTest, TopmostCursorIsShownAndGoesWithItsTool)
     EXPECT_EQ(m_cursor.shown, Vetra::Cursor(Vetra::CursorShape::Cross));
     m_stack->clearToolStack();
     EXPECT_EQ(m_cursor.shown, std::nullopt);
+}
+
+TEST_F(ToolStackTest, DispatchAsksForACursorOnceThoughTheOneBeforeLeaves)
+{
+    const auto a = add("a");
+    add("b", [&](ProbeTool&) { m_stack->removeTool(a.get()); });
+    a->cursor = Vetra::CursorShape::Cross;
+    int asked = 0;
+    add("c")->onCursor = [&](ProbeTool& c) {
+        c.cursor = Vetra::CursorShape::IBeam;
+        ++asked;
+    };
+    press();
+    EXPECT_EQ(asked, 1);
 }
 
 TEST_F(ToolStackTest, RivalsForActivityAreRefused)
@@ -259,6 +321,9 @@ TEST_F(ToolStackTest, NestedCancellationsComeToAnEnd)
     a->onCancel = [this](ProbeTool&) { m_stack->cancelAllTools(); };
     m_stack->cancelAllTools();
     EXPECT_THAT(m_log, ElementsAre("a cancel 5", "a cancel 5", "a cancel 5"));
+    EXPECT_GT(m_cursor.restings, 1);
+    a->onCancel = [](ProbeTool&) { throw 7; };
+    EXPECT_THROW(m_stack->cancelAllTools(), int);
 }
 
 TEST_F(ToolStackTest, ClearingForgetsTheActiveToolAndCancelsNobody)
