@@ -3,6 +3,7 @@
 #include "nodes/destruction.h"
 #include "nodes/flagscope.h"
 #include "nodes/paintcontext.h"
+#include "nodes/scenelink.h"
 #include "nodes/values.h"
 
 #include "vetra/qt.h"
@@ -77,9 +78,18 @@ QRectF CustomNodeImpl::geometryRectAt(double viewScale) const
     if (!painter || m_isAsked)
         return {};
     const DestructionDelay delay;
+    const QRectF rect = askForBounds(*painter, viewScale);
+    // No change to anybody else, but what the scene keeps is not true.
+    if (std::exchange(m_isMistaken, false) && sceneLink())
+        sceneLink()->noteChange(const_cast<CustomNodeImpl&>(*this), ChangeLevel::Announced);
+    return rect;
+}
+
+QRectF CustomNodeImpl::askForBounds(CustomNodePainter& painter, double viewScale) const
+{
     const FlagScope asked(m_isAsked);
     try {
-        const QRectF rect = Vetra::toQt(painter->getBoundingRect(viewScale));
+        const QRectF rect = Vetra::toQt(painter.getBoundingRect(viewScale));
         return isFinite(rect) ? rect : QRectF();
     } catch (...) {
         return {};

@@ -23,6 +23,7 @@ public:
     QRectF strokedRect() const override { return geometryRect(); }
     double strokeReach() const override { return 0; }
     bool countsInBounds() const override { return bool(m_painter); }
+    void noteBoundsKept() const override { m_isMistaken |= m_isAsked; }
     Bounds outline() const override;
     void paintNode(PaintContext& context) const override;
     bool hidesItsSilhouette() const override { return false; }
@@ -37,11 +38,13 @@ private:
     using PaintCall = decltype(&CustomNodePainter::paint);
 
     void letGo(CustomNodePainter* painter) const;
+    QRectF askForBounds(CustomNodePainter& painter, double viewScale) const;
     void paintThrough(PaintContext& context, PaintCall call) const;
 
     // Whoever calls it holds it for the time of the call, in which it may be replaced.
     Vetra::Holder<CustomNodePainter> m_painter;
-    mutable bool m_isAsked = false; ///< for bounds, and has not answered yet
+    mutable bool m_isAsked = false;    ///< for bounds, and has not answered yet
+    mutable bool m_isMistaken = false; ///< for empty, by a scene that asked meanwhile
 };
 
 } // namespace Tova2

@@ -22,6 +22,7 @@ bool isNull(const QRectF& rect)
 Box boxAtUnitScale(const NodeImpl& node, const QTransform& sceneTransform)
 {
     const QRectF rect = node.strokedRect();
+    node.noteBoundsKept();
     if (isNull(rect))
         return Box::nowhere();
     const bool hasEffects = !node.drawStyle().effect().isEmpty();

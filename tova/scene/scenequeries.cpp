@@ -223,7 +223,8 @@ std::vector<NodeImpl*> within(ScenePrivate& scene, const QRectF& rect)
         return {};
     const Box area = Box::of(rect);
     return matching(scene, area, [&](const Hit& hit) {
-        return area.contains(std::isfinite(hit.box.left) ? hit.box : scene.boxOf(*hit.node));
+        const Box box = std::isfinite(hit.box.left) ? hit.box : scene.boxOf(*hit.node);
+        return !box.isNowhere() && area.contains(box);
     });
 }
 

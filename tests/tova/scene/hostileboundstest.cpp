@@ -209,6 +209,15 @@ TEST_F(HostileBoundsTest, DestroyEndsAlthoughATrackerRefills)
     m_scene->endChangeTracking();
 }
 
+TEST_F(HostileBoundsTest, WhatAsksBackIsFoundOnceItHasAnswered)
+{
+    Family f(false);
+    f.busy.translate(300, 0);
+    f.painter->onBounds = [&] { f.here.getBounds(); };
+    f.busy.getBoundingRect();
+    EXPECT_EQ(f.here.getBounds(), boundsNodeByNode(f.here));
+}
+
 TEST_F(HostileBoundsTest, FarAndTinyMovesAreStoredExactly)
 {
     m_scene->addNode(m_other);

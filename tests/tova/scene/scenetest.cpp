@@ -180,6 +180,11 @@ TEST_F(SceneTest, AFunctorMayEnlargeWhereItsNodeIsHit)
     EXPECT_EQ(m_scene->getNodesAtScenePos({505, 5}), (std::vector<Node>{node, below}));
     EXPECT_EQ(m_scene->getNodesIntersectingRect({500, 0, 2, 2}), (std::vector<Node>{node, below}));
     EXPECT_FALSE(m_scene->getNodeAt({5, 5}).isValid());
+    ContainerNode empty;
+    m_scene->addNode(empty);
+    empty.setCustomHitTestFunctor(tester.get());
+    EXPECT_EQ(m_scene->getNodesWithinRect({-1, -1, 30, 30}), std::vector<Node>{node});
+    empty.remove();
     tester->takesOut = true;
     EXPECT_EQ(m_scene->getNodeAt({505, 5}), below);
     m_scene->addNode(node);
