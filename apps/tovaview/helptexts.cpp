@@ -1,6 +1,9 @@
 #include "helptexts.h"
 
-#include <QMessageBox>
+#include <QDialog>
+#include <QDialogButtonBox>
+#include <QLabel>
+#include <QVBoxLayout>
 #include <QWidget>
 
 namespace TovaView {
@@ -23,12 +26,19 @@ constexpr Row rows[] = {
     {"Esc", "cancel, then select nothing"},
 };
 
+/// Not a message box, which is never wider than the screen less 480 pixels and cuts off the rest.
 void show(QWidget& parent, const QString& title, const QString& text)
 {
-    auto* box = new QMessageBox(QMessageBox::NoIcon, title, text, QMessageBox::Close, &parent);
+    auto* const box = new QDialog(&parent);
     box->setAttribute(Qt::WA_DeleteOnClose);
-    box->setTextFormat(Qt::RichText);
-    box->setModal(false);
+    box->setWindowTitle(title);
+    auto* const layout = new QVBoxLayout(box);
+    auto* const label = new QLabel(text);
+    label->setTextFormat(Qt::RichText);
+    layout->addWidget(label);
+    auto* const buttons = new QDialogButtonBox(QDialogButtonBox::Close);
+    layout->addWidget(buttons);
+    QObject::connect(buttons, &QDialogButtonBox::rejected, box, &QDialog::reject);
     box->show();
 }
 

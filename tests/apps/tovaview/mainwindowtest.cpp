@@ -9,6 +9,7 @@
 
 #include <QAction>
 #include <QApplication>
+#include <QDialog>
 #include <QDropEvent>
 #include <QLabel>
 #include <QMimeData>
@@ -74,6 +75,18 @@ TEST_F(MainWindowTest, TheLastOfSeveralFilesIsShownAndACancelledOneIsNot)
             button->click();
     EXPECT_FALSE(m_window.isLoading());
     EXPECT_EQ(titleAfterOpening("good.plain"), "good.plain");
+}
+
+TEST_F(MainWindowTest, HelpIsShownWhole)
+{
+    for (QAction* action : m_window.findChildren<QAction*>())
+        if (action->text() == QLatin1String("&Keys and Mouse"))
+            action->trigger();
+    const auto* const help = m_window.findChild<QDialog*>();
+    ASSERT_TRUE(help);
+    const auto* const text = help->findChild<QLabel*>();
+    EXPECT_GE(text->width(), text->sizeHint().width());
+    EXPECT_LE(text->geometry().right(), help->width());
 }
 
 /// Whatever is in the menus, with a diagram and without.
