@@ -98,6 +98,9 @@ Box DisplayList::place(NodeImpl& node, InheritanceCache& inheritance)
     const Slot slot = node.sceneRecord().slot;
     // Before the node is asked: a host's answer may edit it again, or take it out.
     node.sceneRecord().isSubtreeStale = false;
+    for (NodeImpl* at = node.parentNode(); at && at->sceneRecord().isSubtreeStale;
+         at = at->parentNode())
+        at->sceneRecord().isSubtreeStale = false;
     m_entries.setFlags(slot, m_entries.flags(slot) & ~Stale);
     const Description description = describe(node, inheritance);
     if (m_entries.node(slot) != &node)

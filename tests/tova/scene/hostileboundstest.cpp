@@ -218,6 +218,19 @@ TEST_F(HostileBoundsTest, WhatAsksBackIsFoundOnceItHasAnswered)
     EXPECT_EQ(f.here.getBounds(), boundsNodeByNode(f.here));
 }
 
+TEST_F(HostileBoundsTest, AMoveAmidARefreshReachesWhatWasLookedAtBefore)
+{
+    Family f(false);
+    f.sibling.setStacksBehindParent(true);
+    f.busy.setStacksBehindParent(true);
+    f.sibling.toBottom(); // sibling, busy, group
+    f.here.getBounds();
+    f.group.translate(1, 0);
+    f.painter->onBounds = [&] { f.group.translate(300, 0); };
+    f.here.getBounds();
+    EXPECT_EQ(f.here.getBounds(), boundsNodeByNode(f.here));
+}
+
 TEST_F(HostileBoundsTest, FarAndTinyMovesAreStoredExactly)
 {
     m_scene->addNode(m_other);

@@ -183,7 +183,7 @@ TEST_F(SceneTest, AFunctorMayEnlargeWhereItsNodeIsHit)
     ContainerNode empty;
     m_scene->addNode(empty);
     empty.setCustomHitTestFunctor(tester.get());
-    EXPECT_EQ(m_scene->getNodesWithinRect({-1, -1, 30, 30}), std::vector<Node>{node});
+    EXPECT_EQ(m_scene->getNodesWithinRect({490, -1, 30, 30}), std::vector<Node>{below});
     empty.remove();
     tester->takesOut = true;
     EXPECT_EQ(m_scene->getNodeAt({505, 5}), below);
