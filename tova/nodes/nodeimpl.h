@@ -110,7 +110,7 @@ public:
     virtual bool hasOutline() const { return true; }
     /// False for what scene bounds leave out although it has bounds.
     virtual bool countsInBounds() const { return true; }
-    /// Told by a scene that keeps the bounds which it has just asked for.
+    /// Told by a scene that has asked for the bounds and keeps it that there are none.
     virtual void noteBoundsKept() const {}
 
     // Hit tests, in local coordinates, by the outline grown by half the stroke; without the custom

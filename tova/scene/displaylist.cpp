@@ -22,9 +22,10 @@ bool isNull(const QRectF& rect)
 Box boxAtUnitScale(const NodeImpl& node, const QTransform& sceneTransform)
 {
     const QRectF rect = node.strokedRect();
-    node.noteBoundsKept();
-    if (isNull(rect))
+    if (isNull(rect)) {
+        node.noteBoundsKept();
         return Box::nowhere();
+    }
     const bool hasEffects = !node.drawStyle().effect().isEmpty();
     return Box::of(hasEffects ? node.paintedRect(sceneTransform, QTransform(), 1.0)
                               : sceneTransform.mapRect(rect));
