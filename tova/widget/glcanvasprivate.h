@@ -79,6 +79,8 @@ public:
     void setGridVisible(bool on);
     bool isFocusIndicated() const { return m_isFocusIndicated; }
     void setFocusIndicated(bool on);
+    /// Brings the outline of the focused node to where that is now.
+    void followFocus();
     bool isMovingWithMomentum() const { return m_isMovingWithMomentum; }
     void setMovingWithMomentum(bool on);
     void setMarquee(const QRectF& sceneRect);
@@ -111,7 +113,6 @@ private:
     void settle();
     void markGrid(const QRectF& sceneRect);
     QRectF focusedNodeRect() const;
-    void followFocus();
     void scrollByBar(double dx, double dy);
     void repaintBusy();
 

@@ -53,6 +53,7 @@ Vetra::Pixmap GLCanvas::getPixmapOfBrowserInView()
 Vetra::Pixmap GLCanvas::getCanvasSnapshotWithWebBlock()
 {
     const Use use(*this);
+    d->followFocus(); // the turn of the event loop that moves its outline may be still to come
     return d->widget() ? Vetra::fromQt(d->widget()->grab()) : Vetra::Pixmap();
 }
 

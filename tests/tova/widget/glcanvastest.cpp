@@ -9,6 +9,7 @@
 #include "tova/widget/glcanvas.h"
 #include "tova/widget/layerstack.h"
 #include "vetra/errorreporter.h"
+#include "vetra/qt.h"
 #include "widgets/qt.h"
 
 #include <gtest/gtest.h>
@@ -301,8 +302,11 @@ TEST_F(GLCanvasTest, OutlinesTheNodeThatHasTheKeyboard)
     EXPECT_TRUE(isOutlinedAt(47));
     block.setPosition({block.getPosition().x + 100, block.getPosition().y});
     EXPECT_TRUE(isOutlinedAt(147) && !isOutlinedAt(47)) << "follows the node";
+    block.setPosition({block.getPosition().x + 100, block.getPosition().y});
+    const QImage snapshot = toQt(canvas.getCanvasSnapshotWithWebBlock()).toImage();
+    EXPECT_NE(snapshot.pixelColor(247, 70), QColor(Qt::white)) << "as of now";
     widget.clearFocus();
-    EXPECT_FALSE(isOutlinedAt(147));
+    EXPECT_FALSE(isOutlinedAt(247));
 }
 
 TEST_F(GLCanvasTest, MovesThePictureWithTheScene)
