@@ -83,6 +83,12 @@ void Cubic::appendChords(std::vector<QPointF>& chords, double part) const
     appendChordsWithin(std::min(kFlatness, bend() * part), chords);
 }
 
+double Cubic::chordRuns(double flatness) const
+{
+    const double chords = std::sqrt(0.75 * bend() / flatness);
+    return flatness > 0 ? std::clamp(std::ceil(chords / kMostChords), 1.0, kMostChords) : 1.0;
+}
+
 void Cubic::appendChordsWithin(double flatness, std::vector<QPointF>& chords) const
 {
     // A chord is off by 6/8 of the bend over the square of their number.

@@ -23,6 +23,9 @@ struct Cubic {
     /// The same with chords that are off by less than `flatness`.
     void appendChordsWithin(double flatness, std::vector<QPointF>& points) const;
 
+    /// How many parts it takes to make chords as flat where it is very long.
+    double chordRuns(double flatness) const;
+
     /// The greater of the second differences, which bound how far a chord is off.
     double bend() const;
 };

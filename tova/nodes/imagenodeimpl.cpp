@@ -78,12 +78,11 @@ void ImageNodeImpl::paintNode(PaintContext& context) const
     const QRectF part = shown & whole;
     if (part.isEmpty() || target.isEmpty())
         return;
-    QPainter& painter = context.localPainter();
+    QPainter& painter = context.picturePainter(drawStyle().isAntiAliased());
     // A few pixels show nothing of the picture but its colours, however they are picked.
     const double pixels = std::max(target.width(), target.height()) * context.pixelsAUnit();
     painter.setRenderHint(QPainter::SmoothPixmapTransform,
                           !(pixels < context.simplification().figures));
-    painter.setRenderHint(QPainter::Antialiasing, drawStyle().isAntiAliased());
     Vetra::paint(painter, *m_source, Vetra::fromQt(placeOf(part, shown, target)),
                  Vetra::fromQt(part));
     context.forgetPainterState();

@@ -1,6 +1,7 @@
 #include "nodes/destruction.h"
 #include "nodes/nodeextras.h"
 #include "nodes/nodeimpl.h"
+#include "nodes/pen.h"
 #include "nodes/scenelink.h"
 #include "nodes/values.h"
 
@@ -32,18 +33,17 @@ QRectF NodeImpl::strokedRect() const
     const Stroke& stroke = m_style.stroke();
     if (stroke.isNoStroke() || !hasOutline())
         return rect;
-    const double reach = stroke.width(1.0) * strokeReach();
+    const double reach = drawnWidth(stroke, 1) * strokeReach();
     return rect.adjusted(-reach, -reach, reach, reach);
 }
 
 QRectF NodeImpl::strokedRectAt(double viewScale) const
 {
     const Stroke& stroke = m_style.stroke();
-    const bool isAsWide = stroke.isNoStroke() || stroke.width(viewScale) == stroke.width(1.0);
+    const bool isAsWide = drawnWidth(stroke, viewScale) == drawnWidth(stroke, 1);
     if (isAsWide && !geometryDependsOnScale())
         return strokedRect();
-    const bool isStroked = !stroke.isNoStroke() && hasOutline();
-    const double reach = isStroked ? stroke.width(viewScale) * strokeReach() : 0;
+    const double reach = hasOutline() ? drawnWidth(stroke, viewScale) * strokeReach() : 0;
     return geometryRectAt(viewScale).adjusted(-reach, -reach, reach, reach);
 }
 

@@ -1,6 +1,7 @@
 #include "nodes/outlinereach.h"
 
-#include "tova/nodes/geometry/limits.h"
+#include "nodes/pen.h"
+
 #include "tova/nodes/style/stroke.h"
 
 #include <algorithm>
@@ -168,7 +169,7 @@ void ExtentBuilder::addCusps(const OutlinePiece& piece)
 
 double halfStroke(const Stroke& stroke)
 {
-    return stroke.isNoStroke() ? 0.0 : std::min(stroke.width(1.0), Limits::penWidth) / 2;
+    return drawnWidth(stroke, 1) / 2;
 }
 
 QRectF strokedHull(const QRectF& rect, const Stroke& stroke)

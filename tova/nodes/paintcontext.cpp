@@ -2,23 +2,40 @@
 
 #include "nodes/effects/silhouettestyle.h"
 #include "nodes/pen.h"
+#include "nodes/values.h"
 
 #include "tova/nodes/geometry/limits.h"
 #include "vetra/qt.h"
 
 #include <QPainter>
+#include <QPen>
 
 #include <algorithm>
 #include <cmath>
 
 namespace Tova2 {
 
+namespace {
+
+/// Of a view in points on paper, the dots in each; a canvas's view has no part in the window of a
+/// painter.
+double pixelsAUnitOf(const QPainter& painter)
+{
+    const double ratio = painter.device()->devicePixelRatioF();
+    return painter.viewTransformEnabled()
+               ? ratio * painter.viewport().width() / painter.window().width()
+               : ratio;
+}
+
+} // namespace
+
 PaintContext::PaintContext(QPainter& painter, const QTransform& view, const PaintOptions& options)
     : m_painter(painter)
     , m_view(view)
     , m_options(options)
     , m_simplification(&Simplification::of(options.quality))
-    , m_pixelRatio(painter.device()->devicePixelRatioF())
+    , m_pixelRatio(pixelsAUnitOf(painter))
+    , m_hairline(painter.viewTransformEnabled() ? m_pixelRatio : 1)
     , m_viewToPixels(view * QTransform::fromScale(m_pixelRatio, m_pixelRatio))
     , m_isViewOnPixels(m_pixelRatio == 1 && view.type() <= QTransform::TxTranslate &&
                        view.dx() == std::round(view.dx()) && view.dy() == std::round(view.dy()) &&
@@ -55,12 +72,10 @@ void PaintContext::enterLike(const PaintContext& other)
 
 void PaintContext::setOpacity(double opacity)
 {
-    if (m_isOpacitySet && opacity == m_opacity)
+    if (opacity == m_opacity)
         return;
-    flush();
     m_opacity = opacity;
-    m_isOpacitySet = true;
-    m_painter.setOpacity(opacity);
+    m_isOpacitySet = false;
 }
 
 void PaintContext::setSilhouette(double cosmeticWidth, const Vetra::Color& color)
@@ -86,7 +101,8 @@ QColor PaintContext::ink(const QColor& color) const
 
 double PaintContext::pixelsOf(const Stroke& stroke) const
 {
-    return stroke.logicalWidth() == 0 ? 1.0 : stroke.width(m_options.viewScale) * pixelsAUnit();
+    return stroke.logicalWidth() == 0 ? m_hairline
+                                      : drawnWidth(stroke, m_options.viewScale) * pixelsAUnit();
 }
 
 /// As wide as whole pixels: a line between is blurred wherever it lies.
@@ -147,7 +163,12 @@ void PaintContext::setPenAndBrush()
 {
     if (m_arePenAndBrushSet)
         return;
-    m_painter.setPen(penOf(m_stroke, m_options.viewScale));
+    QPen pen = penOf(m_stroke, m_options.viewScale);
+    if (m_stroke.logicalWidth() == 0 && m_hairline != 1) {
+        pen.setWidthF(m_hairline);
+        pen.setCosmetic(true);
+    }
+    m_painter.setPen(pen);
     m_painter.setBrush(brushOf(m_fill));
     m_arePenAndBrushSet = true;
     m_isFrameSet = false;
@@ -155,17 +176,35 @@ void PaintContext::setPenAndBrush()
 
 void PaintContext::setAntialiased(bool on)
 {
-    if (m_isAntialiasedSet && on == m_isAntialiased)
-        return;
-    m_painter.setRenderHint(QPainter::Antialiasing, on);
+    m_areHintsSet = m_areHintsSet && on == m_isAntialiased;
     m_isAntialiased = on;
-    m_isAntialiasedSet = true;
 }
 
 void PaintContext::forgetPainterState()
 {
     m_coordinates = Coordinates::Unknown;
-    m_isOpacitySet = m_isAntialiasedSet = m_arePenAndBrushSet = m_isFrameSet = false;
+    m_isOpacitySet = m_areHintsSet = m_arePenAndBrushSet = m_isFrameSet = false;
+}
+
+/// All but the pen, the brush and the coordinates.
+void PaintContext::useState()
+{
+    flush();
+    if (!m_isOpacitySet)
+        m_painter.setOpacity(m_opacity);
+    if (!m_areHintsSet) {
+        m_painter.setRenderHints(QPainter::TextAntialiasing | QPainter::SmoothPixmapTransform);
+        m_painter.setRenderHint(QPainter::Antialiasing, m_isAntialiased);
+    }
+    m_isOpacitySet = m_areHintsSet = true;
+}
+
+// Where pictures are not drawn pixel by pixel, the toolkit draws them as opaque as the brush.
+void PaintContext::useOpaqueBrush()
+{
+    m_painter.setPen(QPen());
+    m_painter.setBrush(Qt::black);
+    m_arePenAndBrushSet = m_isFrameSet = false;
 }
 
 QTransform PaintContext::nodeToDevice() const
@@ -189,7 +228,7 @@ double PaintContext::pixelsAUnit() const
 
 void PaintContext::useNode()
 {
-    flush();
+    useState();
     if (m_coordinates != Coordinates::Node) {
         m_painter.setWorldTransform(nodeToDevice());
         m_coordinates = Coordinates::Node;
@@ -204,10 +243,20 @@ QPainter& PaintContext::localPainter()
     return m_painter;
 }
 
+QPainter& PaintContext::picturePainter(bool isAntialiased)
+{
+    setAntialiased(isAntialiased);
+    useNode();
+    useOpaqueBrush();
+    return m_painter;
+}
+
 // Transforms undo the ratio instead of pictures having it: then pixels are copied on any screen.
 QPainter& PaintContext::pixelPainter()
 {
-    flush();
+    useState();
+    if (!m_fillsStrokes)
+        useOpaqueBrush();
     if (m_coordinates != Coordinates::Pixels) {
         m_painter.setWorldTransform(QTransform::fromScale(1 / m_pixelRatio, 1 / m_pixelRatio));
         m_coordinates = Coordinates::Pixels;
@@ -229,7 +278,7 @@ QRectF PaintContext::exposedPixels() const
 
 void PaintContext::useView()
 {
-    flush();
+    useState();
     if (m_coordinates == Coordinates::View)
         return;
     m_painter.setWorldTransform(m_view);
@@ -259,8 +308,8 @@ QPointF PaintContext::aligned(const QPointF& point) const
     const bool isOdd = !m_stroke.isNoStroke() && std::llround(std::max(m_penWidth, 1.0)) % 2 == 1;
     const double phase = isOdd ? 0.5 : 0.0;
     const QPointF device = toDevice.map(point);
-    const QPointF snapped(std::round(device.x() - phase) + phase,
-                          std::round(device.y() - phase) + phase);
+    const QPointF snapped(nearestPixel(device.x() - phase) + phase,
+                          nearestPixel(device.y() - phase) + phase);
     return {(snapped.x() - toDevice.dx()) / toDevice.m11(),
             (snapped.y() - toDevice.dy()) / toDevice.m22()};
 }
@@ -275,7 +324,7 @@ void PaintContext::drawDeviceImage(const QPoint& corner, const QImage& image)
     QPainter& painter = pixelPainter();
     painter.setOpacity(1);
     painter.drawImage(corner, image);
-    painter.setOpacity(m_opacity);
+    m_isOpacitySet = m_opacity == 1;
 }
 
 void PaintContext::drawPixels(const QPoint& corner, const QImage& image)

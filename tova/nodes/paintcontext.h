@@ -10,18 +10,19 @@
 #include "tova/nodes/paintoptions.h"
 #include "tova/nodes/style/drawstyle.h"
 
+#include <QPainterPath>
 #include <QPointF>
 #include <QTransform>
 
 #include <limits>
 #include <optional>
 #include <span>
+#include <utility>
 #include <vector>
 
 class QImage;
 class QLineF;
 class QPainter;
-class QPainterPath;
 class QPoint;
 class QRectF;
 
@@ -33,8 +34,10 @@ class StripFill;
 /// nodes that look alike and only lie elsewhere cost no change of state: as long as a node is
 /// merely moved, its geometry is moved instead of the painter.
 ///
-/// The node under way is told by `enter`, then its look by `setStyle`; whoever uses `localPainter`
-/// may change it at will, as long as it calls `forgetPainterState` afterwards.
+/// The node under way is told by `enter`, then its look by `setStyle`. Whoever uses one of the
+/// painters may change it at will, as long as it calls `forgetPainterState` afterwards: the next
+/// one who asks gets it with the hints, opacity, pen and brush that are due, whatever was left
+/// behind.
 class PaintContext {
 public:
     /// `view` maps the scene to what the painter's device calls a pixel; whatever transform the
@@ -84,12 +87,17 @@ public:
     void drawRoundedRect(const QRectF& rect, double radius);
     void drawEllipse(const QRectF& rect);
     void drawLine(const QLineF& line);
-    void drawPath(const QPainterPath& path);
+    /// Its dashes go on after so much of a line.
+    void drawPath(const QPainterPath& path, double lengthBefore = 0);
     // Of two points at least. A polyline has no inside; a polygon is filled by the odd-even rule.
     void drawPolyline(std::span<const QPointF> points);
     void drawPolygon(std::span<const QPointF> points);
     /// As one: where solid lines overlap, a translucent colour shows once. Any number of points.
     void drawPolylines(const Polylines& lines);
+    /// The dashes of an outline, as what they are drawn along; `unit` and `width` are those of the
+    /// stroke in local units. Without those that are not seen.
+    void cutDashes(const QPainterPath& outline, StrokeStyle style, double unit, double width,
+                   Polylines& dashes, double lengthBefore = 0) const;
     /// Of the node and stroke under way. Only where the width is not 0 may its areas be used.
     StrokeArea::Key strokeAreaKey() const;
     /// For the area's key, which has to be that of now.
@@ -110,7 +118,9 @@ public:
     /// In the node's coordinates, with the look of the last `setStyle` if it was called for this
     /// node.
     QPainter& localPainter();
-    /// In the device's own pixels.
+    /// In the node's coordinates, for pictures, which have a look of their own.
+    QPainter& picturePainter(bool isAntialiased);
+    /// In the device's own pixels, for pictures as well.
     QPainter& pixelPainter();
     void forgetPainterState();
 
@@ -119,6 +129,9 @@ public:
     /// Local to the device's own pixels, of which a unit of `nodeToDevice` may have several.
     QTransform nodeToPixels() const;
     double pixelRatio() const { return m_pixelRatio; }
+    /// How wide a line without a width is, in the device's own pixels: one of them, or on paper,
+    /// whose dots nobody sees, what a pixel is at the same zoom.
+    double hairline() const { return m_hairline; }
     /// What is to be painted, in the device's own pixels.
     QRectF exposedPixels() const;
     double pixelsAUnit() const;
@@ -129,6 +142,27 @@ private:
     double pixelsOf(const Stroke& stroke) const;
     void setAntialiased(bool on);
     void setPenAndBrush();
+    void useState();
+    void useOpaqueBrush();
+    QRectF seenWithin(double width) const;
+    double dashUnit() const;
+    bool isDashed() const;
+    bool cutsDashes(double extent) const;
+    bool drawAsLines(const QPainterPath& outline, double lengthBefore = 0);
+    /// Draws the outline that `add` makes by lines where the toolkit's picture of its stroke would
+    /// depend on what is exposed. False, and nothing drawn, elsewhere.
+    template <class Add>
+    bool drawAsLines(Add add)
+    {
+        if (!isDashed() && !holdsLines())
+            return false;
+        QPainterPath outline;
+        add(outline);
+        return drawAsLines(std::as_const(outline));
+    }
+    void drawCutDashes();
+    void drawDashes(const Polylines& lines);
+    QPainterPath placed(const QPainterPath& path) const;
     bool drawsShifted() const;
     bool canFillFrame() const;
     double frameWidth() const;
@@ -157,12 +191,12 @@ private:
     void hold(const QRectF& area, const Vetra::Color& color);
     bool holdRect(const QRectF& rect);
     double widthAcross(const QLineF& pixels) const;
+    bool holdsLines() const;
     bool holdLines(std::span<const QPointF> points);
     bool holdAll(const Polylines& lines);
-    bool canHoldLines() const;
-    void holdLine(const QLineF& pixels, QRgb color);
+    void holdLine(const QLineF& pixels, QRgb color, bool goesOn);
     QPointF heldPoint(const QPointF& point) const;
-    bool holdPath(const QPainterPath& path);
+    void holdPath(const QPainterPath& path);
     QPainter& viewPainter();
     Stroke aligned(const Stroke& stroke) const;
     QRectF aligned(const QRectF& rect) const;
@@ -180,7 +214,8 @@ private:
     enum class Coordinates { Unknown, View, Node, Pixels } m_coordinates = Coordinates::Unknown;
     Stroke m_stroke{StrokeStyle::SolidLine};
     Fill m_fill;
-    double m_pixelRatio;
+    double m_pixelRatio; ///< of paper, its dots
+    double m_hairline;
     double m_cosmeticWidth = 0; ///< of silhouettes
     Vetra::Color m_silhouetteColor;
     QTransform m_viewToPixels;
@@ -190,11 +225,12 @@ private:
     double m_opacity = 1;
     double m_penWidth = 0; ///< in device pixels
     bool m_isOpacitySet = false;
+    bool m_areHintsSet = false;
     bool m_isStyleKnown = false;
     bool m_arePenAndBrushSet = false;
     bool m_isFrameSet = false; ///< no pen, and a brush of the stroke's colour
     bool m_isAntialiased = false;
-    bool m_isAntialiasedSet = false;
+    bool m_isCut = false; ///< what is drawn are dashes
     bool m_isPixelAligned = false;
     bool m_fillsStrokes = false;
     bool m_isSilhouette = false;
@@ -203,7 +239,7 @@ private:
     HeldFigures m_held; ///< nothing has been drawn since; empty while there are pixels to draw on
     StrokePolygon m_strokePolygon;
     std::vector<QPointF> m_movedPoints;
-    Polylines m_movedLines, m_scratchLines;
+    Polylines m_movedLines, m_scratchLines, m_dashes;
 };
 
 } // namespace Tova2

@@ -1,8 +1,8 @@
 #include "nodes/paintcontext.h"
 #include "nodes/pen.h"
 #include "nodes/stripfill.h"
+#include "nodes/values.h"
 
-#include "tova/nodes/geometry/limits.h"
 #include "vetra/qt.h"
 
 #include <QPainter>
@@ -20,14 +20,6 @@ constexpr std::size_t kAtOnce = 128;
 constexpr double kCornersOfStrip = 32;
 constexpr double kNarrowest = 2, kWidest = 64; // pixels
 constexpr double kUnseen = 0.05;               // pixels
-
-/// Whether lengths are the same in all directions.
-bool isUniform(const QTransform& t)
-{
-    const double x = std::hypot(t.m11(), t.m12()), y = std::hypot(t.m21(), t.m22());
-    const double skew = t.m11() * t.m21() + t.m12() * t.m22();
-    return std::abs(x - y) <= 1e-6 * x && std::abs(skew) <= 1e-6 * x * y;
-}
 
 /// Whole pixels; the more points, the narrower.
 double stripWidth(double seenPixels, std::size_t pointCount)
@@ -47,8 +39,7 @@ double scaleOf(const QTransform& transform)
 bool PaintContext::isHairline() const
 {
     return m_fillsStrokes && !m_isMovedOnly && m_stroke.style() == StrokeStyle::SolidLine &&
-           m_stroke.width(m_options.viewScale) * scaleOf(nodeToPixels()) <= 1 &&
-           !isUniform(nodeToDevice());
+           m_penWidth <= 1 && !isUniform(nodeToDevice());
 }
 
 bool PaintContext::isLong(std::size_t pointCount) const
@@ -60,13 +51,13 @@ bool PaintContext::isLong(std::size_t pointCount) const
 bool PaintContext::strokesAsArea() const
 {
     return m_stroke.style() == StrokeStyle::SolidLine && m_stroke.logicalWidth() > 0 &&
-           m_stroke.width(m_options.viewScale) * scaleOf(nodeToPixels()) > 1;
+           m_penWidth > 1;
 }
 
 void PaintContext::drawHairlines(const Polylines& lines)
 {
     const QTransform toDevice = nodeToDevice();
-    flush();
+    useState();
     m_painter.setWorldTransform(QTransform());
     m_coordinates = Coordinates::Unknown;
     m_painter.setPen(QPen(Vetra::toQt(m_stroke.color()), 0));
@@ -104,11 +95,10 @@ StripFill PaintContext::stripsFor(std::size_t pointCount) const
 
 void PaintContext::fillInStrips(const Polylines& lines, bool areClosed)
 {
-    const double scale = m_options.viewScale;
-    const double width = std::min(m_stroke.width(scale), Limits::penWidth / scale);
+    const double width = drawnWidth(m_stroke, m_options.viewScale);
     const double unit = kUnseen / scaleOf(nodeToPixels());
     const QTransform toDevice = nodeToDevice();
-    flush();
+    useState();
     m_painter.setWorldTransform(QTransform());
     m_coordinates = Coordinates::Unknown;
     StripFill area = stripsFor(lines.pointCount());
@@ -131,7 +121,7 @@ bool PaintContext::drawLongPolygon(std::span<const QPointF> points)
     if (brush.gradient() && brush.gradient()->coordinateMode() != QGradient::LogicalMode)
         return false;
     const QTransform toDevice = nodeToDevice();
-    flush();
+    useState();
     m_painter.setWorldTransform(QTransform());
     m_coordinates = Coordinates::Unknown;
     if (brush.style() != Qt::NoBrush) {

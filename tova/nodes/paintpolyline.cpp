@@ -1,6 +1,7 @@
 #include "nodes/paintcontext.h"
 
-#include "tova/nodes/geometry/limits.h"
+#include "nodes/pen.h"
+
 #include "vetra/qt.h"
 
 #include <QPainter>
@@ -13,7 +14,7 @@ void PaintContext::drawPolyline(std::span<const QPointF> points)
 {
     if (holdLines(points))
         return;
-    if (!isHairline() && !(isLong(points.size()) && strokesAsArea()))
+    if (!isHairline() && !isDashed() && !(isLong(points.size()) && strokesAsArea()))
         return drawPoints(points, false);
     Polylines& lines = scratchLines();
     lines.moveTo(points.front());
@@ -30,7 +31,14 @@ Polylines& PaintContext::scratchLines()
 
 void PaintContext::drawPolygon(std::span<const QPointF> points)
 {
-    if (!isLong(points.size()) || !drawLongPolygon(points))
+    if (isLong(points.size()) && drawLongPolygon(points))
+        return;
+    const auto addRing = [&](QPainterPath& path) {
+        path.addPolygon(QVector<QPointF>(points.begin(), points.end()));
+        path.closeSubpath();
+        path = placed(path);
+    };
+    if (!drawAsLines(addRing))
         drawPoints(points, true);
 }
 
@@ -59,6 +67,8 @@ void PaintContext::drawPolylines(const Polylines& lines)
 {
     if (lines.lineCount() == 0)
         return;
+    if (isDashed())
+        return drawDashes(lines);
     if (holdAll(lines))
         return;
     if (isHairline())
@@ -83,20 +93,10 @@ void PaintContext::drawPolylines(const Polylines& lines)
 // Lines of at most a pixel the toolkit draws one by one at its fastest; they do not overlap.
 void PaintContext::strokePath(const Polylines& lines, QPainter& painter)
 {
-    const double width = m_stroke.width(m_options.viewScale) * m_options.viewScale;
-    QPainterPath path;
-    for (std::size_t i = 0; i < lines.lineCount(); ++i) {
-        const auto line = lines.line(i);
-        if (width <= 1) {
-            painter.drawPolyline(line.data(), static_cast<int>(line.size()));
-            continue;
-        }
-        path.moveTo(line.front());
-        for (const QPointF& p : line.subspan(1))
-            path.lineTo(p);
-    }
-    if (!path.isEmpty())
-        painter.drawPath(path);
+    if (m_penWidth > 1)
+        return painter.drawPath(lines.path());
+    for (std::size_t i = 0; i < lines.lineCount(); ++i)
+        painter.drawPolyline(lines.line(i).data(), static_cast<int>(lines.line(i).size()));
 }
 
 /// In scene units; 0 where the stroke has to stay one. Lines of at most a pixel the toolkit draws
@@ -107,7 +107,7 @@ double PaintContext::strokePolygonWidth() const
         m_stroke.logicalWidth() == 0)
         return 0;
     const double scale = m_options.viewScale;
-    const double width = std::min(m_stroke.width(scale), Limits::penWidth / scale);
+    const double width = drawnWidth(m_stroke, scale);
     return width * scale > 1 ? width : 0;
 }
 

@@ -1,6 +1,5 @@
 #include "nodes/paintcontext.h"
 
-#include "tova/nodes/geometry/limits.h"
 #include "vetra/qt.h"
 
 #include <QLineF>
@@ -17,7 +16,14 @@ void PaintContext::drawRect(const QRectF& rect)
     const QRectF drawn = aligned(rect);
     if (holdRect(drawn))
         return;
-    if (!drawsShifted())
+    const bool isPlain = m_isMovedOnly && !isDashed();
+    if (!isPlain && drawAsLines([&](QPainterPath& path) { path.addRect(drawn); }))
+        return;
+    // Not as a rectangle where it is turned: the toolkit would cut it off at the edges of the
+    // device.
+    if (!m_isMovedOnly)
+        localPainter().drawPolygon(QPolygonF(drawn));
+    else if (!drawsShifted())
         localPainter().drawRect(drawn);
     else if (canFillFrame())
         fillFrame(drawn.translated(m_offset));
@@ -46,9 +52,7 @@ void PaintContext::useStrokeBrush()
 // A cosmetic line is a pixel of the device's own wide, which is less than a unit on a dense screen.
 double PaintContext::frameWidth() const
 {
-    const double width = m_stroke.width(m_options.viewScale);
-    return m_stroke.logicalWidth() > 0 ? std::min(width, Limits::penWidth / m_options.viewScale)
-                                       : width / m_pixelRatio;
+    return m_penWidth / pixelsAUnit();
 }
 
 void PaintContext::fillFrame(const QRectF& rect)
@@ -77,6 +81,8 @@ void PaintContext::drawRoundedRect(const QRectF& rect, double radius)
     if (radius * pixelsAUnit() < m_simplification->corners)
         return drawRect(rect);
     const QRectF drawn = aligned(rect);
+    if (drawAsLines([&](QPainterPath& path) { path.addRoundedRect(drawn, radius, radius); }))
+        return;
     if (drawsShifted()) {
         QPainter& painter = viewPainter();
         painter.drawRoundedRect(drawn.translated(m_offset), radius, radius);
@@ -88,6 +94,8 @@ void PaintContext::drawRoundedRect(const QRectF& rect, double radius)
 void PaintContext::drawEllipse(const QRectF& rect)
 {
     const QRectF drawn = aligned(rect);
+    if (drawAsLines([&](QPainterPath& path) { path.addEllipse(drawn); }))
+        return;
     if (drawsShifted()) {
         QPainter& painter = viewPainter();
         painter.drawEllipse(drawn.translated(m_offset));
@@ -98,21 +106,15 @@ void PaintContext::drawEllipse(const QRectF& rect)
 
 void PaintContext::drawLine(const QLineF& line)
 {
-    const QLineF drawn = m_isPixelAligned ? QLineF(aligned(line.p1()), aligned(line.p2())) : line;
+    if (line.p1() == line.p2()) // a dot, by its caps
+        return localPainter().drawLine(line);
     const QPointF ends[] = {line.p1(), line.p2()};
-    if (holdLines(ends))
-        return;
-    if (drawsShifted()) {
-        QPainter& painter = viewPainter();
-        painter.drawLine(drawn.translated(m_offset));
-    } else {
-        localPainter().drawLine(drawn);
-    }
+    drawPolyline(ends);
 }
 
-void PaintContext::drawPath(const QPainterPath& path)
+void PaintContext::drawPath(const QPainterPath& path, double lengthBefore)
 {
-    if (holdPath(path))
+    if ((isDashed() || holdsLines()) && drawAsLines(placed(path), lengthBefore))
         return;
     if (!m_isPixelAligned && drawsShifted() && m_offset.isNull()) {
         // Connectors mostly: their points are the scene's.
@@ -120,16 +122,16 @@ void PaintContext::drawPath(const QPainterPath& path)
         painter.drawPath(path);
         return;
     }
-    QPainter& painter = localPainter();
-    if (!m_isPixelAligned) {
-        painter.drawPath(path);
-        return;
-    }
-    // Only moved: to align each point of a free shape would bend it.
+    localPainter().drawPath(placed(path));
+}
+
+// Only moved: to align each point of a free shape would bend it.
+QPainterPath PaintContext::placed(const QPainterPath& path) const
+{
+    if (!m_isPixelAligned)
+        return path;
     const QPointF corner = path.controlPointRect().topLeft();
-    painter.translate(aligned(corner) - corner);
-    painter.drawPath(path);
-    m_coordinates = Coordinates::Unknown;
+    return path.translated(aligned(corner) - corner);
 }
 
 } // namespace Tova2

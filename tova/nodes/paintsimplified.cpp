@@ -1,6 +1,9 @@
 #include "nodes/cubic.h"
 #include "nodes/paintcontext.h"
 
+#include "nodes/pen.h"
+#include "nodes/values.h"
+
 #include "vetra/qt.h"
 
 #include <QPainter>
@@ -58,12 +61,14 @@ void PaintContext::fillArea(const QRectF& area, const Vetra::Color& color)
 {
     if (canHold())
         return hold(area, color);
+    setAntialiased(true);
     if (m_isMovedOnly)
         useView();
     else
         useNode();
-    setAntialiased(true);
-    m_painter.fillRect(m_isMovedOnly ? area.translated(m_offset) : area, Vetra::toQt(color));
+    QPainterPath path;
+    path.addRect(m_isMovedOnly ? area.translated(m_offset) : area);
+    m_painter.fillPath(path, Vetra::toQt(color));
 }
 
 /// In local units; 0 without a stroke.
@@ -71,7 +76,8 @@ double PaintContext::widthOf(const Stroke& stroke) const
 {
     if (stroke.isNoStroke())
         return 0;
-    return stroke.logicalWidth() == 0 ? 1 / pixelsAUnit() : stroke.width(m_options.viewScale);
+    return stroke.logicalWidth() == 0 ? m_hairline / pixelsAUnit()
+                                      : drawnWidth(stroke, m_options.viewScale);
 }
 
 bool PaintContext::drawTiny(const QRectF& geometry, const DrawStyle& style, double share)
@@ -127,30 +133,36 @@ bool PaintContext::holdRect(const QRectF& rect)
 /// level ones.
 double PaintContext::widthAcross(const QLineF& pixels) const
 {
-    if (m_isUniformView || m_stroke.logicalWidth() == 0)
+    if (m_stroke.logicalWidth() == 0 || (m_isMovedOnly && m_isUniformView))
         return m_penWidth;
-    const double width = m_stroke.width(m_options.viewScale);
+    if (!m_isMovedOnly) // stretched, it would fade away
+        return isUniform(nodeToDevice()) ? m_penWidth : 1;
+    const double width = drawnWidth(m_stroke, m_options.viewScale);
     if (pixels.dx() == 0)
         return width * std::abs(m_viewToPixels.m11());
     return pixels.dy() == 0 ? width * std::abs(m_viewToPixels.m22()) : m_penWidth;
 }
 
-/// Without joins, which are less than a pixel.
-bool PaintContext::canHoldLines() const
+/// Cut dashes always, lest their picture depend on what is exposed.
+bool PaintContext::holdsLines() const
 {
-    return m_stroke.style() == StrokeStyle::SolidLine && m_penWidth <= 1 && canHold() &&
-           m_isAntialiased;
+    return m_stroke.style() == StrokeStyle::SolidLine && m_penWidth <= 1 &&
+           ((m_isCut && m_pixels) || (canHold() && m_isAntialiased));
 }
 
 QPointF PaintContext::heldPoint(const QPointF& point) const
 {
-    const QPointF inScene = (m_isPixelAligned ? aligned(point) : point) + m_offset;
+    if (!m_isMovedOnly || !m_isUpright)
+        return nodeToPixels().map(point);
+    const QPointF inScene = point + m_offset;
     return {inScene.x() * m_viewToPixels.m11() + m_viewToPixels.dx(),
             inScene.y() * m_viewToPixels.m22() + m_viewToPixels.dy()};
 }
 
-void PaintContext::holdLine(const QLineF& pixels, QRgb color)
+void PaintContext::holdLine(const QLineF& pixels, QRgb color, bool goesOn)
 {
+    if (m_pixels && !m_isAntialiased)
+        return m_pixels->drawSharp(pixels, color, goesOn);
     if (m_pixels)
         return m_pixels->draw(pixels, widthAcross(pixels), color);
     if (m_held.isFull())
@@ -158,30 +170,33 @@ void PaintContext::holdLine(const QLineF& pixels, QRgb color)
     m_held.add(pixels, widthAcross(pixels), color);
 }
 
+/// Without joins, which are less than a pixel.
 bool PaintContext::holdLines(std::span<const QPointF> points)
 {
-    if (!canHoldLines())
+    if (!holdsLines())
         return false;
-    const QRgb color = heldColor(m_stroke.color());
-    QPointF before = heldPoint(points.front());
-    for (const QPointF& point : points.subspan(1)) {
-        const QPointF after = heldPoint(point);
-        holdLine({before, after}, color);
+    const bool isFaint = !m_isAntialiased && m_penWidth < 1;
+    const QRgb color = heldColor(isFaint ? faded(m_stroke.color(), m_penWidth) : m_stroke.color());
+    const auto place = [this](const QPointF& point) {
+        return heldPoint(m_isPixelAligned ? aligned(point) : point);
+    };
+    QPointF before = place(points.front());
+    for (std::size_t i = 1; i < points.size(); ++i) {
+        const QPointF after = place(points[i]);
+        holdLine({before, after}, color, i + 1 < points.size());
         before = after;
     }
     return true;
 }
 
-/// The edges of a shape without a fill; curves as chords that are not told from them.
-bool PaintContext::holdPath(const QPainterPath& path)
+/// The edges of a shape, where it is; curves as chords that are not told from them.
+void PaintContext::holdPath(const QPainterPath& path)
 {
-    if (m_fill.style() != FillStyle::NoFill || m_isPixelAligned || !canHoldLines())
-        return false;
     constexpr double kUnseen = 0.1; // pixels
     const QRgb color = heldColor(m_stroke.color());
     QPointF before;
     const auto goTo = [&](const QPointF& after) {
-        holdLine({before, after}, color);
+        holdLine({before, after}, color, false);
         before = after;
     };
     for (int i = 0; i < path.elementCount(); ++i) {
@@ -200,7 +215,6 @@ bool PaintContext::holdPath(const QPainterPath& path)
                 goTo(point);
         }
     }
-    return true;
 }
 
 bool PaintContext::holdAll(const Polylines& lines)
@@ -218,13 +232,7 @@ void PaintContext::flush()
     if (m_held.isEmpty())
         return;
     m_held.draw(m_painter, m_pixelRatio);
-    // The style under way has told the painter already.
-    if (m_isAntialiasedSet)
-        m_painter.setRenderHint(QPainter::Antialiasing, m_isAntialiased);
-    if (m_isOpacitySet)
-        m_painter.setOpacity(m_opacity);
-    m_coordinates = Coordinates::Unknown;
-    m_arePenAndBrushSet = m_isFrameSet = false;
+    forgetPainterState();
 }
 
 } // namespace Tova2

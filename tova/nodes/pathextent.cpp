@@ -1,5 +1,6 @@
 #include "nodes/geometry/pathoperations.h"
 #include "nodes/pathcache.h"
+#include "nodes/pen.h"
 #include "nodes/values.h"
 
 #include "tova/nodes/geometry/limits.h"
@@ -92,8 +93,7 @@ QRectF PathNodeImpl::geometryRectAt(double viewScale) const
     extent();
     double around = 0;
     for (const Stroke& stroke : m_strokes->list) {
-        if (!stroke.isNoStroke())
-            around = std::max(around, stroke.width(viewScale) * m_strokes->reach);
+        around = std::max(around, drawnWidth(stroke, viewScale) * m_strokes->reach);
     }
     return geometryRect().adjusted(-around, -around, around, around);
 }

@@ -3,7 +3,9 @@
 #include "nodes/crossings/crossingmarks.h"
 #include "nodes/paintcontext.h"
 #include "nodes/pathcache.h"
+#include "nodes/pen.h"
 #include "nodes/pointthinner.h"
+#include "nodes/segmenttests.h"
 
 #include "tova/nodes/geometry/limits.h"
 #include "vetra/qt.h"
@@ -15,32 +17,6 @@
 #include <cmath>
 
 namespace Tova2 {
-
-namespace {
-
-/// The part of the line inside the rectangle; null when there is none.
-QLineF clipped(const QLineF& line, const QRectF& rect)
-{
-    double first = 0, last = 1;
-    const auto cut = [&](double from, double step, double least, double most) {
-        if (step == 0)
-            return from >= least && from <= most;
-        const double a = (least - from) / step, b = (most - from) / step;
-        first = std::max(first, std::min(a, b));
-        last = std::min(last, std::max(a, b));
-        return first < last;
-    };
-    // Halved, since the distance of two finite numbers may not be one.
-    const double dx = 2 * (line.x2() / 2 - line.x1() / 2), dy = 2 * (line.y2() / 2 - line.y1() / 2);
-    if (!std::isfinite(dx) || !std::isfinite(dy) ||
-        !cut(line.x1(), dx, rect.left(), rect.right()) ||
-        !cut(line.y1(), dy, rect.top(), rect.bottom()))
-        return {};
-    return {line.x1() + first * dx, line.y1() + first * dy, line.x1() + last * dx,
-            line.y1() + last * dy};
-}
-
-} // namespace
 
 PathNodeImpl::Painting::Painting(const PathNodeImpl& node, PaintContext& context)
     : m_node(node)
@@ -92,9 +68,9 @@ void PathNodeImpl::Painting::findExposed()
         m_exposed = m_node.strokedRect();
         return;
     }
-    double widest = m_node.drawStyle().stroke().width(m_context.options().viewScale);
+    double widest = drawnWidth(m_node.drawStyle().stroke(), m_context.options().viewScale);
     for (const Stroke& stroke : m_node.strokes())
-        widest = std::max(widest, stroke.width(m_context.options().viewScale));
+        widest = std::max(widest, drawnWidth(stroke, m_context.options().viewScale));
     // The longest mitre is a little more than two widths.
     const double unit = 1 / scale();
     const double marks = m_marks ? m_node.markReach() * std::max(1.0, unit) : 0;
@@ -110,14 +86,8 @@ double PathNodeImpl::Painting::scale() const
 
 bool PathNodeImpl::Painting::isAllSeen() const
 {
-    return seenCount() == m_flat.chunks.size();
-}
-
-std::size_t PathNodeImpl::Painting::seenCount() const
-{
-    return static_cast<std::size_t>(
-        std::count_if(m_flat.chunks.begin(), m_flat.chunks.end(),
-                      [this](const FlatChunk& chunk) { return chunk.touches(m_exposed); }));
+    return std::all_of(m_flat.chunks.begin(), m_flat.chunks.end(),
+                       [this](const FlatChunk& chunk) { return chunk.touches(m_exposed); });
 }
 
 void PathNodeImpl::Painting::setStyle(const Stroke& stroke, bool isFilled)
@@ -139,7 +109,7 @@ void PathNodeImpl::Painting::drawLoop(const Stroke& stroke)
         return;
     setStyle(stroke, true);
     const bool isMany = m_flat.points.size() > kManyPoints;
-    if (m_node.isCurved() && !((isMany || isCoarsest()) && chordsAreSmooth()))
+    if (m_node.isCurved() && !isDrawnByChords({0, m_flat.pieceCount(), &stroke, true}))
         return m_context.drawPath(m_node.wholePath());
     if (!isMany)
         return m_context.drawPolygon(m_flat.points);
@@ -161,8 +131,7 @@ void PathNodeImpl::Painting::drawRun(const Run& whole)
     const auto stretches = seenParts(run);
     if (stretches.empty())
         return;
-    const bool isMany = seenCount() * FlatChunk::kPieces > kManyPoints;
-    const bool asCurves = m_node.isCurved() && !((isMany || isCoarsest()) && chordsAreSmooth());
+    const bool asCurves = m_node.isCurved() && !isDrawnByChords(run);
     if (m_marks && (asCurves || !m_context.isOnPixels()))
         drawMarkedCurves(run, stretches);
     else if (asCurves)
@@ -175,9 +144,18 @@ void PathNodeImpl::Painting::drawRun(const Run& whole)
         drawFades(run, stretches);
 }
 
-bool PathNodeImpl::Painting::isCoarsest() const
+// By the whole path, whatever of it is seen. The lengths of very many curves are known by chords.
+bool PathNodeImpl::Painting::isDrawnByChords(const Run& run) const
 {
-    return m_context.options().quality == 0;
+    const bool isMany = m_flat.points.size() > kManyPoints;
+    const bool isCoarsest = m_context.options().quality == 0;
+    return ((isMany || isCoarsest) && chordsAreSmooth()) ||
+           (isDashed(run) && run.count >= kManyDashed);
+}
+
+bool PathNodeImpl::Painting::isDashed(const Run& run)
+{
+    return run.stroke->style() > StrokeStyle::SolidLine;
 }
 
 bool PathNodeImpl::Painting::chordsAreSmooth() const
@@ -194,11 +172,15 @@ void PathNodeImpl::Painting::drawFarLines()
     m_exposed = m_exposed.intersected(QRectF(-far, -far, 2 * far, 2 * far));
     for (std::size_t piece = 0; piece < m_flat.pieceCount(); ++piece) {
         const Stroke& stroke = m_node.strokeOf(m_flat.segmentOf(piece));
-        const QLineF line = clipped({m_flat.start(piece), m_flat.end(piece)}, m_exposed);
-        if (stroke.isNoStroke() || line.isNull() || !isSeen(piece))
+        const QLineF line(m_flat.start(piece), m_flat.end(piece));
+        const auto part = Segments::partWithin(line.p1(), line.p2(), m_exposed);
+        if (stroke.isNoStroke() || !part || !isSeen(piece))
             continue;
         setStyle(stroke, false);
-        m_context.drawLine(line);
+        // Dashes go by the whole line.
+        m_context.drawLine(stroke.style() == StrokeStyle::SolidLine
+                               ? QLineF(line.pointAt(part->first), line.pointAt(part->second))
+                               : line);
     }
 }
 

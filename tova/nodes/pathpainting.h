@@ -17,11 +17,14 @@ public:
 private:
     /// Above so many those that no pixel tells apart are left out.
     static constexpr std::size_t kManyPoints = 4096;
+    /// As many curved pieces are not looked at all for the sake of their dashes.
+    static constexpr std::size_t kManyDashed = 50'000;
 
     struct Stretch {
         std::size_t first, count; ///< pieces within the run, all of them seen
         double lengthBefore;      ///< for dashes
     };
+    using Ranges = boost::container::small_vector<Range, 2>;
     using Stretches = boost::container::small_vector<Stretch, 2>;
 
     void findExposed();
@@ -32,13 +35,12 @@ private:
                m_flat.chunks[piece / FlatChunk::kPieces].touches(m_exposed);
     }
     bool isAllSeen() const;
-    std::size_t seenCount() const;
     void setStyle(const Stroke& stroke, bool isFilled);
     void drawLoop(const Stroke& stroke);
     void drawRun(const Run& run);
     bool chordsAreSmooth() const;
-    /// No curve need be made for it: it is drawn by chords.
-    bool isCoarsest() const;
+    bool isDrawnByChords(const Run& run) const;
+    static bool isDashed(const Run& run);
     void drawFarLines();
 
     Run fromUnseen(const Run& run) const;
@@ -52,12 +54,11 @@ private:
     bool isAllExposed() const;
     void drawArcs(const QPainterPath& arcs, Stroke stroke);
     void addStretch(const Run& run, const Stretch& stretch, LineCollector& collector);
-    void drawDashes(const Polylines& lines, const Stroke& stroke);
     void drawCurves(const Run& run, const Stretches& stretches);
     void drawMarkedCurves(const Run& run, const Stretches& stretches);
     void drawFades(const Run& run, const Stretches& stretches);
     Range segmentsAround(const Run& run, const Stretch& stretch) const;
-    void setDashOffset(double length);
+    Ranges segmentsAround(const Run& run, const Stretches& stretches) const;
 
     const PathNodeImpl& m_node;
     PaintContext& m_context;

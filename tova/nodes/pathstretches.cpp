@@ -4,8 +4,6 @@
 #include "nodes/pathpainting.h"
 
 #include <QLineF>
-#include <QPainter>
-#include <QPen>
 
 #include <algorithm>
 #include <cmath>
@@ -17,6 +15,8 @@ namespace Tova2 {
 PathNodeImpl::Run PathNodeImpl::Painting::fromUnseen(const Run& run) const
 {
     Run result = run;
+    if (isDashed(run))
+        return result; // dashes begin where the path does
     const std::size_t pieces = m_flat.pieceCount();
     while (run.isLoop && !m_flat.chunks.empty() && result.first < pieces && isSeen(result.first))
         result.first += FlatChunk::kPieces;
@@ -27,11 +27,11 @@ PathNodeImpl::Run PathNodeImpl::Painting::fromUnseen(const Run& run) const
 
 PathNodeImpl::Painting::Stretches PathNodeImpl::Painting::seenParts(const Run& run) const
 {
-    const bool isDashed = run.stroke->style() != StrokeStyle::SolidLine;
-    // The dashes of what lies before a part of a curve are known only nearly.
-    constexpr std::size_t kManyPieces = 50'000;
+    const bool isDashed = this->isDashed(run);
+    // Marks make a line longer, and curves are longer than their chords.
+    const bool isWhole = isDashed && (m_marks || (m_node.isCurved() && run.count < kManyDashed));
     Stretches stretches;
-    if (m_flat.chunks.empty() || (isDashed && m_node.isCurved() && run.count < kManyPieces)) {
+    if (m_flat.chunks.empty() || isWhole) {
         stretches.push_back({0, run.count, 0});
         return stretches;
     }
@@ -81,19 +81,17 @@ void PathNodeImpl::Painting::forEachMark(const Run& run, const Stretches& stretc
 
 void PathNodeImpl::Painting::drawLines(const Run& run, const Stretches& stretches)
 {
-    const bool isSolid = run.stroke->style() == StrokeStyle::SolidLine;
     const Stretch& first = stretches.front();
     if (!m_marks && stretches.size() == 1 &&
         run.first + first.first + first.count < m_flat.points.size() && first.lengthBefore == 0 &&
         first.count < kManyPoints)
         return m_context.drawPolyline(
             m_flat.points.subspan(run.first + first.first, first.count + 1));
+    const bool isDashed = this->isDashed(run);
     QPainterPath arcs;
-    Polylines& lines = collectLines(run, stretches, isSolid ? nullptr : &arcs);
-    if (isSolid)
-        return m_context.drawPolylines(lines);
-    drawDashes(lines, *run.stroke);
-    drawArcs(arcs, *run.stroke);
+    m_context.drawPolylines(collectLines(run, stretches, isDashed ? &arcs : nullptr));
+    if (isDashed)
+        drawArcs(arcs, *run.stroke);
 }
 
 /// Of a line with dashes, which would leave half of them out.
@@ -173,7 +171,7 @@ void PathNodeImpl::Painting::addStretch(const Run& run, const Stretch& stretch,
         }
         collector.lineTo(m_flat.end(piece));
     }
-    if (!run.isLoop || stretch.count < pieces)
+    if (!run.isLoop || stretch.count < pieces || isDashed(run))
         return;
     // A little way along the first piece again, so that it is joined with the last.
     const QPointF from = m_flat.start(start), way = m_flat.end(start) - from;
@@ -183,51 +181,38 @@ void PathNodeImpl::Painting::addStretch(const Run& run, const Stretch& stretch,
         collector.lineTo(from + way * (std::min(kJoin, length / 2) / length));
 }
 
-void PathNodeImpl::Painting::drawDashes(const Polylines& lines, const Stroke& stroke)
-{
-    for (std::size_t i = 0; i < lines.lineCount(); ++i) {
-        const double before = lines.lengthBefore(i);
-        if (before > 0) {
-            setStyle(stroke, false);
-            setDashOffset(before);
-        }
-        m_context.drawPolyline(lines.line(i));
-        if (before > 0)
-            m_context.forgetPainterState();
-    }
-}
-
-// The painter is left with a pen that the context does not know until its state is forgotten.
-void PathNodeImpl::Painting::setDashOffset(double length)
-{
-    QPainter& painter = m_context.localPainter();
-    QPen pen = painter.pen();
-    const double width = pen.isCosmetic() ? 1 / scale() : pen.widthF();
-    pen.setDashOffset(std::fmod(length / width, 1e6));
-    painter.setPen(pen);
-}
-
 void PathNodeImpl::Painting::drawCurves(const Run& run, const Stretches& stretches)
 {
     if (!m_flat.isClosed && stretches[0].count == m_flat.pieceCount())
         return m_context.drawPath(m_node.wholePath());
-    // Drawn one by one they would show where they cross; but dashes of each begin elsewhere.
-    const bool isSolid = run.stroke->style() == StrokeStyle::SolidLine;
+    // Drawn one by one they would show where they cross.
+    const Ranges ranges = segmentsAround(run, stretches);
+    if (ranges[0].last - ranges[0].first >= m_node.segmentCount())
+        return m_context.drawPath(m_node.wholePath());
     QPainterPath path;
+    for (const Range& range : ranges)
+        path.addPath(m_node.pathOf(range));
+    m_context.drawPath(path);
+}
+
+/// Nothing twice: where neighbours of two stretches meet, they are one.
+PathNodeImpl::Painting::Ranges
+PathNodeImpl::Painting::segmentsAround(const Run& run, const Stretches& stretches) const
+{
+    Ranges ranges;
     for (const Stretch& stretch : stretches) {
-        path.addPath(m_node.pathOf(segmentsAround(run, stretch)));
-        if (isSolid)
-            continue;
-        if (stretch.lengthBefore > 0) {
-            setStyle(*run.stroke, false);
-            setDashOffset(stretch.lengthBefore);
-        }
-        m_context.drawPath(std::exchange(path, QPainterPath()));
-        if (stretch.lengthBefore > 0)
-            m_context.forgetPainterState();
+        const Range next = segmentsAround(run, stretch);
+        if (!ranges.empty() && next.first <= ranges.back().last + 1)
+            ranges.back().last = std::max(ranges.back().last, next.last);
+        else
+            ranges.push_back(next);
     }
-    if (isSolid)
-        m_context.drawPath(path);
+    const std::size_t count = m_node.segmentCount();
+    if (ranges.size() > 1 && ranges.back().last >= ranges.front().first + count) {
+        ranges.back().last = std::max(ranges.back().last, ranges.front().last + count);
+        ranges.erase(ranges.begin());
+    }
+    return ranges;
 }
 
 void PathNodeImpl::Painting::drawMarkedCurves(const Run& run, const Stretches& stretches)
@@ -235,20 +220,14 @@ void PathNodeImpl::Painting::drawMarkedCurves(const Run& run, const Stretches& s
     MarkedPath drawn;
     drawn.seen = m_exposed;
     drawn.isDashed = run.stroke->style() != StrokeStyle::SolidLine;
-    for (const Stretch& stretch : stretches) {
-        m_node.appendMarked(segmentsAround(run, stretch), *m_marks, drawn);
-        double before = stretch.lengthBefore;
-        for (const MarkedPath::Line& line : drawn.lines) {
-            if (!drawn.isDashed)
-                break;
-            setStyle(*run.stroke, false);
-            setDashOffset(before);
-            m_context.drawPath(line.path);
-            m_context.forgetPainterState();
-            before += line.path.length() + line.gap;
-        }
-        if (drawn.isDashed)
-            drawn.lines.clear();
+    for (const Range& range : segmentsAround(run, stretches))
+        m_node.appendMarked(range, *m_marks, drawn);
+    double before = stretches.front().lengthBefore;
+    for (const MarkedPath::Line& line : drawn.lines) {
+        if (!drawn.isDashed)
+            break;
+        m_context.drawPath(line.path, before);
+        before += line.path.length() + line.gap;
     }
     if (drawn.isDashed)
         return drawArcs(drawn.arcs, *run.stroke);

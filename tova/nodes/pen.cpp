@@ -45,14 +45,19 @@ Qt::PenStyle lineOf(StrokeStyle style)
 
 } // namespace
 
+double drawnWidth(const Stroke& stroke, double viewScale)
+{
+    const double width = stroke.isNoStroke() ? 0 : stroke.width(viewScale);
+    return width > 0 ? std::min(width, Limits::penWidth / viewScale) : 0;
+}
+
 QPen penOf(const Stroke& stroke, double viewScale)
 {
     if (stroke.isNoStroke())
         return QPen(Qt::NoPen);
     // A pen of width 0 is the toolkit's own cosmetic pen, one pixel at any transform.
-    const double width = stroke.logicalWidth() == 0 ? 0 : stroke.width(viewScale);
-    const double widest = Limits::penWidth / viewScale;
-    return QPen(Vetra::toQt(stroke.color()), std::min(width, widest), lineOf(stroke.style()),
+    const double width = stroke.logicalWidth() == 0 ? 0 : drawnWidth(stroke, viewScale);
+    return QPen(Vetra::toQt(stroke.color()), width, lineOf(stroke.style()),
                 capOf(stroke.capStyle()), joinOf(stroke.joinStyle()));
 }
 

@@ -21,7 +21,7 @@ void PictureNodeImpl::paintNode(PaintContext& context) const
 {
     if (m_picture.isEmpty())
         return;
-    Vetra::play(context.localPainter(), m_picture);
+    Vetra::play(context.picturePainter(drawStyle().isAntiAliased()), m_picture);
     context.forgetPainterState();
 }
 

@@ -1,5 +1,7 @@
 #include "nodes/pixelarea.h"
 
+#include "nodes/values.h"
+
 #include <QImage>
 #include <QPaintEngine>
 #include <QPainter>
@@ -36,6 +38,12 @@ unsigned restUnder(QRgb over)
 bool isPremultiplied(QImage::Format format)
 {
     return format == QImage::Format_RGB32 || format == QImage::Format_ARGB32_Premultiplied;
+}
+
+/// Beyond rounding, so that a line of 45 degrees is the same wherever it lies.
+bool isSteeper(double dy, double dx)
+{
+    return dy > dx * (1 + 1e-6);
 }
 
 } // namespace
@@ -156,7 +164,7 @@ void PixelArea::draw(const QLineF& line, double width, QRgb color)
                             : QRectF(left, top - half, dx, width),
                     color);
     }
-    const bool isSteep = dy > dx;
+    const bool isSteep = isSteeper(dy, dx);
     QLineF walked = isSteep ? QLineF(line.y1(), line.x1(), line.y2(), line.x2()) : line;
     if (walked.x1() > walked.x2())
         walked = QLineF(walked.p2(), walked.p1());
@@ -177,6 +185,31 @@ void PixelArea::drawSlanted(const QLineF& line, double width, QRgb color, bool i
             QRgb& pixel = isSwapped ? row(step)[at] : row(at)[step];
             Ink(color, along.at(step) * across.at(at) >> 8, m_solid).put(pixel);
         }
+    }
+}
+
+// Points are the middles of pixels, as for the toolkit's own lines.
+void PixelArea::drawSharp(const QLineF& line, QRgb color, bool goesOn)
+{
+    const bool isSteep = isSteeper(std::abs(line.dy()), std::abs(line.dx()));
+    const QLineF along = isSteep ? QLineF(line.y1(), line.x1(), line.y2(), line.x2()) : line;
+    const QRect limits =
+        isSteep ? QRect(m_rect.y(), m_rect.x(), m_rect.height(), m_rect.width()) : m_rect;
+    double first = nearestPixel(along.x1()), last = nearestPixel(along.x2());
+    if (goesOn && first == last)
+        return;
+    if (goesOn)
+        last += first < last ? -1 : 1;
+    const double slope = along.dx() == 0 ? 0 : along.dy() / along.dx();
+    const Ink ink(color, 256, m_solid);
+    const double end = std::min(std::max(first, last), static_cast<double>(limits.right()));
+    for (double at = std::max(std::min(first, last), static_cast<double>(limits.left())); at <= end;
+         ++at) {
+        const double across = nearestPixel(along.y1() + (at - along.x1()) * slope);
+        if (!(across >= limits.top() && across <= limits.bottom()))
+            continue;
+        const int x = static_cast<int>(at), y = static_cast<int>(across);
+        ink.put(isSteep ? row(x)[y] : row(y)[x]);
     }
 }
 

@@ -35,6 +35,9 @@ public:
     void fill(const QRectF& box, QRgb color);
     /// Level and upright lines are boxes; for others the width is taken across the main direction.
     void draw(const QLineF& line, double width, QRgb color);
+    /// All or nothing of each pixel whose middle is nearest. A line that goes on leaves its last
+    /// pixel to the next one.
+    void drawSharp(const QLineF& line, QRgb color, bool goesOn);
 
 private:
     struct Span;

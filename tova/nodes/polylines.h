@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QPainterPath>
 #include <QPointF>
 
 #include <cstddef>
@@ -39,6 +40,23 @@ public:
             return;
         m_points.pop_back();
         m_lines.pop_back();
+    }
+
+    /// For the toolkit's stroker. It takes a path of nothing but single lines for just these, which
+    /// it cuts off at the edges of the device, so that their pixels depend on the view; hence a
+    /// corner within each.
+    QPainterPath path() const
+    {
+        QPainterPath path;
+        for (std::size_t i = 0; i < m_lines.size(); ++i) {
+            const auto points = line(i);
+            path.moveTo(points.front());
+            if (points.size() == 2)
+                path.lineTo((points[0] + points[1]) / 2);
+            for (const QPointF& point : points.subspan(1))
+                path.lineTo(point);
+        }
+        return path;
     }
 
     std::size_t lineCount() const { return m_lines.size(); }

@@ -69,6 +69,26 @@ bool isNear(const QPointF& a, const QPointF& b, const QRectF& rect, double dista
     return nearest <= distance * distance;
 }
 
+std::optional<std::pair<double, double>> partWithin(const QPointF& a, const QPointF& b,
+                                                    const QRectF& rect)
+{
+    double first = 0, last = 1;
+    const auto cut = [&](double from, double step, double least, double most) {
+        if (step == 0)
+            return from >= least && from <= most;
+        const double one = (least - from) / step, other = (most - from) / step;
+        first = std::max(first, std::min(one, other));
+        last = std::min(last, std::max(one, other));
+        return first < last;
+    };
+    // Halved, since the distance of two finite numbers may not be one.
+    const double dx = 2 * (b.x() / 2 - a.x() / 2), dy = 2 * (b.y() / 2 - a.y() / 2);
+    if (!std::isfinite(dx) || !std::isfinite(dy) || !cut(a.x(), dx, rect.left(), rect.right()) ||
+        !cut(a.y(), dy, rect.top(), rect.bottom()))
+        return {};
+    return std::pair(first, last);
+}
+
 int windingOf(const QPointF& p, const QPointF& a, const QPointF& b)
 {
     if (a.y() <= p.y())

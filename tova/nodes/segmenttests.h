@@ -3,6 +3,9 @@
 #include <QPointF>
 #include <QRectF>
 
+#include <optional>
+#include <utility>
+
 namespace Tova2::Segments {
 
 // Tests of the straight line from `a` to `b`, which may be a point. Rectangles are closed.
@@ -15,6 +18,10 @@ bool isSeparate(const QPointF& a, const QPointF& b, const QRectF& rect);
 bool crosses(const QPointF& a, const QPointF& b, const QRectF& rect);
 /// Whether they come within the distance.
 bool isNear(const QPointF& a, const QPointF& b, const QRectF& rect, double distance);
+/// Where the segment enters and leaves the rectangle, as shares of its length. None where it passes
+/// by, or where its length is no number.
+std::optional<std::pair<double, double>> partWithin(const QPointF& a, const QPointF& b,
+                                                    const QRectF& rect);
 /// How often, and in which direction, the segment passes a ray from the point to the right.
 int windingOf(const QPointF& p, const QPointF& a, const QPointF& b);
 

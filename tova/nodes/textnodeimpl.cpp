@@ -100,7 +100,7 @@ void TextNodeImpl::paintNode(PaintContext& context) const
     if (m_text.empty() || m_color.alpha() == 0)
         return;
     const QPointF start = origin();
-    const double pixels = m_font.size() * context.pixelsAUnit();
+    const double pixels = m_font.size() * context.pixelsAUnit() / context.pixelRatio();
     if (pixels < context.options().smallestText && !context.isSilhouette()) {
         paintBands(context, start, pixels);
         return;

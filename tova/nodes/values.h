@@ -2,6 +2,7 @@
 
 #include <QPointF>
 #include <QRectF>
+#include <QTransform>
 
 #include <cmath>
 
@@ -33,6 +34,21 @@ inline bool isSame(const QRectF& a, const QRectF& b)
 inline bool almostEqual(double a, double b)
 {
     return a == b || std::abs(a - b) <= 0.0001;
+}
+
+/// The same wherever a view has been moved by whole pixels: halves go up on either side of 0, and
+/// so does what rounding makes a little less.
+inline double nearestPixel(double position)
+{
+    return std::floor(position + (0.5 + 1.0 / 4096));
+}
+
+/// Whether lengths are the same in all directions.
+inline bool isUniform(const QTransform& t)
+{
+    const double x = std::hypot(t.m11(), t.m12()), y = std::hypot(t.m21(), t.m22());
+    const double skew = t.m11() * t.m21() + t.m12() * t.m22();
+    return std::abs(x - y) <= 1e-6 * x && std::abs(skew) <= 1e-6 * x * y;
 }
 
 /// An extent in one direction is enough: a stroke makes it visible.

@@ -5,6 +5,7 @@
 
 #include "vetra/qt.h"
 
+#include <algorithm>
 #include <cmath>
 
 namespace Tova2 {
@@ -77,9 +78,11 @@ DisplayList::Description DisplayList::describe(const NodeImpl& node, Inheritance
     result.box = boxAtUnitScale(node, transform);
     if (result.box.isNowhere() || !node.countsInBounds())
         result.flags |= Uncounted;
+    // Of a square's sides along the scene's axes: a turned one reaches farther by its corners.
     const double scale = transform.type() <= QTransform::TxTranslate
                              ? 1.0
-                             : std::sqrt(std::abs(transform.determinant()));
+                             : std::max(std::abs(transform.m11()) + std::abs(transform.m21()),
+                                        std::abs(transform.m12()) + std::abs(transform.m22()));
     const bool isKnown = m_reach.include(node.drawStyle().stroke(), node.strokeReach(), scale) &&
                          includeTrace(node.drawStyle().effect(), scale);
     m_reach.includeMarks(node.markReach());

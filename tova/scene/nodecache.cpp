@@ -83,7 +83,6 @@ QImage draw(NodeImpl& node, const PaintContext& context, const QRect& frame)
     // Before anything is painted: cosmetic and aligned lines go by it.
     image.setDevicePixelRatio(ratio);
     QPainter painter(&image);
-    painter.setRenderHints(QPainter::TextAntialiasing | QPainter::SmoothPixmapTransform);
     const QTransform view =
         context.view() * QTransform::fromTranslate(-frame.x() / ratio, -frame.y() / ratio);
     const QRectF whole(QPointF(), QSizeF(frame.size()) / ratio);

@@ -35,7 +35,6 @@ NodeWalk::NodeWalk(QPainter& painter, const QTransform& view, const RenderReques
 {
     m_context.setFillsStrokes(request.isPixelDevice);
     painter.save();
-    painter.setRenderHints(QPainter::TextAntialiasing | QPainter::SmoothPixmapTransform);
     // Besides keeping to the area, a rectangular clip lets the toolkit drop far ends of lines
     // early.
     painter.setWorldTransform(view);

@@ -94,7 +94,6 @@ void renderScene(ScenePrivate& scene, QPainter& painter, const RenderRequest& re
                                 {view * QTransform::fromScale(ratio, ratio), request.isOffScreen});
     const DetailScope detail(scene);
     PaintOptions options = optionsOf(view, request);
-    const double scale = scaleOf(view) * ratio;
     if (!request.keepsAll)
         options.smallestText = scene.settings.minRenderFontSize;
     const auto candidates = candidatesIn(scene, request.exposed, scaleOf(view));
@@ -103,7 +102,7 @@ void renderScene(ScenePrivate& scene, QPainter& painter, const RenderRequest& re
     bool isEdited = false;
     for (const auto& [node, flags] : candidates) {
         if (!request.keepsAll)
-            walk.setQuality(detail.qualityAt(scale));
+            walk.setQuality(detail.qualityAt(options.viewScale));
         if (scene.editCounter() != edits) {
             edits = scene.editCounter();
             isEdited = true;

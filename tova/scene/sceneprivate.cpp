@@ -392,7 +392,7 @@ QPointF ScenePrivate::pixelAligned(const QPointF& point) const
     if (!isInvertible)
         return point;
     const QPointF device = view.map(point);
-    return toScene.map(QPointF(std::round(device.x()), std::round(device.y())));
+    return toScene.map(QPointF(nearestPixel(device.x()), nearestPixel(device.y())));
 }
 
 } // namespace Tova2

@@ -10,6 +10,7 @@
 
 #include <QCoreApplication>
 #include <QImage>
+#include <QPagedPaintDevice>
 #include <QPainter>
 #include <QPicture>
 #include <QPrinter>
@@ -49,6 +50,37 @@ bool hasPixels(const QPainter& painter)
     }
 }
 
+/// Has a painter count in what a zoom counts in: points on paper, whose dots would make a zoom of
+/// 1200 dpi else. A window and viewport of the painter's own become part of its transform.
+class ZoomUnits {
+public:
+    explicit ZoomUnits(QPainter& painter) : m_painter(painter)
+    {
+        painter.save();
+        const auto* const page = dynamic_cast<const QPagedPaintDevice*>(painter.device());
+        if (!page && !painter.viewTransformEnabled())
+            return;
+        const int dotsAnInch = page ? page->logicalDpiX() : kPointsAnInch;
+        const double unit =
+            dotsAnInch * painter.device()->devicePixelRatioF() / double(kPointsAnInch);
+        const QTransform toUnits =
+            painter.combinedTransform() * QTransform::fromScale(1 / unit, 1 / unit);
+        painter.setViewTransformEnabled(page);
+        if (page) {
+            painter.setWindow(0, 0, kPointsAnInch, kPointsAnInch);
+            painter.setViewport(0, 0, dotsAnInch, dotsAnInch);
+        }
+        painter.setWorldTransform(toUnits);
+    }
+    ~ZoomUnits() { m_painter.restore(); }
+    ZoomUnits(const ZoomUnits&) = delete;
+    ZoomUnits& operator=(const ZoomUnits&) = delete;
+
+private:
+    static constexpr int kPointsAnInch = 72;
+    QPainter& m_painter;
+};
+
 /// `whole` stands in for an empty target.
 void paint(ScenePrivate& scene, QPainter& painter, const Rect& target, const Rect& source,
            const QRectF& whole, bool isPixelDevice)
@@ -64,6 +96,7 @@ void paint(ScenePrivate& scene, QPainter& painter, const Rect& target, const Rec
     request.isPixelDevice = isPixelDevice;
     // What comes from a device without pixels of its own can be looked at from nearby.
     request.keepsAll = !hasPixels(painter);
+    const ZoomUnits units(painter);
     scene.backgroundPainter().paint(scene.settings.background, painter, to, request.view);
     renderScene(scene, painter, request);
 }

@@ -26,11 +26,11 @@ bool ViewReach::Strokes::include(const Stroke& stroke, double reachPerWidth, dou
 {
     if (stroke.isNoStroke() || stroke.scaleFunction() == LodScale::instance()) {
         if (!stroke.isNoStroke() && stroke.logicalWidth() == 0)
-            cosmetic = std::max(cosmetic, reachPerWidth);
+            cosmetic = std::max(cosmetic, reachPerWidth * std::max(sceneScale, 1.0));
         return true;
     }
     if (stroke.logicalWidth() == 0) {
-        cosmetic = std::max(cosmetic, reachPerWidth);
+        cosmetic = std::max(cosmetic, reachPerWidth * std::max(sceneScale, 1.0));
         return true;
     }
     const auto& functions = standardFunctions();

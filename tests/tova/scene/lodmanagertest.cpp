@@ -12,7 +12,10 @@
 
 #include <boost/make_shared.hpp>
 
+#include <QBuffer>
 #include <QImage>
+#include <QPainter>
+#include <QPdfWriter>
 
 #include <functional>
 #include <limits>
@@ -228,6 +231,7 @@ public:
                const PaintOptions& options) override
     {
         m_qualities.push_back(options.quality);
+        m_viewScale = options.viewScale;
         if (m_isThrowing)
             throw std::runtime_error("no");
         if (m_onPaint)
@@ -235,6 +239,7 @@ public:
     }
     std::vector<int> m_qualities;
     std::function<void()> m_onPaint;
+    double m_viewScale = 0;
     bool m_isThrowing = false;
 };
 
@@ -286,15 +291,28 @@ TEST_F(LODManagerTest, APaintThatThrowsEnds)
     EXPECT_THAT(m_a->log, ElementsAre("activate", "begin", "end"));
 }
 
-TEST_F(LODManagerTest, DensePixelsCountAsAZoom)
+TEST_F(LODManagerTest, DensePixelsDoNotCountAsAZoom)
 {
     const Vetra::Holder<Witness> witness(new Witness);
     m_scene->addNode(nodeOf(*witness));
     QImage image(100, 100, QImage::Format_RGB32);
     image.setDevicePixelRatio(2);
     m_scene->setLODStrategyKey({});
-    m_scene->render(image, {0, 0, 50, 50}, {0, 0, 125, 125}); // 0.4 of a unit, 0.8 of a pixel
-    EXPECT_EQ(witness->m_qualities.back(), 2);
+    m_scene->render(image, {0, 0, 50, 50}, {0, 0, 125, 125}); // at 0.4, with 0.8 of a pixel
+    EXPECT_EQ(witness->m_qualities.back(), 0);
+}
+
+TEST_F(LODManagerTest, DotsOnPaperDoNotCountAsAZoom)
+{
+    const Vetra::Holder<Witness> witness(new Witness);
+    m_scene->addNode(nodeOf(*witness));
+    QBuffer bytes;
+    bytes.open(QIODevice::WriteOnly);
+    QPdfWriter page(&bytes);
+    page.setResolution(600);
+    QPainter painter(&page);
+    m_scene->render(painter, {0, 0, 2500, 2500}, {0, 0, 100, 100}); // three inches
+    EXPECT_NEAR(witness->m_viewScale, 3, 1e-9);
 }
 
 } // namespace

@@ -1,6 +1,7 @@
 #include "nodes/effects/effectlayer.h"
 
 #include "nodes/effects/wave.h"
+#include "nodes/pen.h"
 #include "nodes/simplification.h"
 
 #include "tova/nodes/style/effect.h"
@@ -103,7 +104,7 @@ void addTraceReach(EffectReach& reach, const Effect::Trace& trace, double viewSc
     if (trace.insetType == StrokeInsetType::Inner)
         return;
     const double share = trace.insetType == StrokeInsetType::Outer ? 1 : 0.5;
-    reach.around = share * trace.stroke.width(viewScale);
+    reach.around = share * drawnWidth(trace.stroke, viewScale);
     reach.aroundCorners = reach.around * (isMitred(trace.stroke) ? TraceReach::kOfMitre : 1);
 }
 

@@ -1,6 +1,7 @@
 #include "nodes/effects/silhouettebox.h"
 
 #include "nodes/effects/silhouettestyle.h"
+#include "nodes/pen.h"
 
 #include <algorithm>
 
@@ -26,7 +27,7 @@ SilhouetteBox SilhouetteBox::around(const QRectF& rect, double radius, const Dra
     const Stroke& stroke = style.stroke();
     if (!isStroked(stroke))
         return {rect, radius};
-    const double half = stroke.width(viewScale) / 2;
+    const double half = drawnWidth(stroke, viewScale) / 2;
     const bool isRound = radius > 0 || stroke.joinStyle() == StrokeJoinStyle::RoundJoin;
     return {rect.adjusted(-half, -half, half, half), isRound ? radius + half : 0};
 }

@@ -11,14 +11,14 @@ namespace Tova2 {
 
 bool keepsItsWidth(const Stroke& stroke, double viewScale)
 {
-    return stroke.isNoStroke() || stroke.width(viewScale) == stroke.width(1.0);
+    return stroke.isNoStroke() || drawnWidth(stroke, viewScale) == drawnWidth(stroke, 1);
 }
 
 QPainterPath strokedArea(const QPainterPath& path, const Stroke& stroke, double viewScale)
 {
     QPainterPathStroker stroker(penOf(stroke, viewScale));
     stroker.setDashPattern(Qt::SolidLine);
-    stroker.setWidth(stroke.width(viewScale));
+    stroker.setWidth(drawnWidth(stroke, viewScale));
     return stroker.createStroke(path);
 }
 

@@ -5,6 +5,7 @@
 #include "nodes/paintcontext.h"
 #include "nodes/pathclip.h"
 #include "nodes/pen.h"
+#include "nodes/polylines.h"
 
 #include "tova/nodes/geometry/limits.h"
 
@@ -27,8 +28,8 @@ double widthOf(const Stroke& stroke, const PaintContext& context)
 {
     const double pixels = scaleOf(context.nodeToPixels());
     if (stroke.logicalWidth() == 0)
-        return 1 / pixels;
-    return std::min(stroke.width(context.options().viewScale), Limits::penWidth / pixels);
+        return context.hairline() / pixels;
+    return std::min(drawnWidth(stroke, context.options().viewScale), Limits::penWidth / pixels);
 }
 
 /// Where a box's line runs, so that nothing has to be cut off.
@@ -44,17 +45,15 @@ SilhouetteBox lineOf(const SilhouetteBox& box, StrokeInsetType inset, double wid
     }
 }
 
-/// Twice as wide, for a line of which one side is cut off.
-void widen(QPen& pen)
+/// As what a solid line is drawn along: the toolkit's own dashes depend on what is seen of them,
+/// and are too many for a very long line.
+QPainterPath dashedPath(const QPainterPath& outline, StrokeStyle style, double width,
+                        const PaintContext& context)
 {
-    if (pen.style() != Qt::SolidLine) {
-        // Dashes count in widths.
-        auto pattern = pen.dashPattern();
-        for (qreal& length : pattern)
-            length /= 2;
-        pen.setDashPattern(pattern);
-    }
-    pen.setWidthF(2 * pen.widthF());
+    Polylines dashes;
+    context.cutDashes(outline, style, std::max(width, 1 / scaleOf(context.nodeToPixels())), width,
+                      dashes);
+    return dashes.path();
 }
 
 /// Cuts off what lies on the wrong side, of a line that is drawn twice as wide for it.
@@ -80,25 +79,27 @@ QPainterPath outsideOf(const QPainterPath& area, const QRectF& rect)
 
 void paintTrace(const NodeImpl& node, const EffectLayer& layer, PaintContext& context)
 {
-    QPainter& painter = context.localPainter();
     const double viewScale = context.options().viewScale, width = widthOf(*layer.stroke, context);
     // A host's function may answer 0.
     if (!(width > 0))
         return;
     QPen pen = penOf(*layer.stroke, viewScale);
     pen.setWidthF(width);
+    pen.setStyle(Qt::SolidLine);
+    pen.setMiterLimit(TraceReach::kMitreLimit);
+    const StrokeStyle style = layer.stroke->style();
+    QPainter& painter = context.localPainter();
     painter.save();
     painter.setRenderHint(QPainter::Antialiasing);
-    if (const auto box = node.silhouetteBox(viewScale)) {
-        painter.strokePath(lineOf(*box, layer.inset, width).path(), pen);
-    } else {
-        const QPainterPath outline = node.silhouetteOutline(viewScale);
-        pen.setMiterLimit(TraceReach::kMitreLimit);
-        if (layer.inset != StrokeInsetType::Center)
-            widen(pen);
-        clipTo(painter, outline, layer.inset, TraceReach::kOfMitre * width);
-        painter.strokePath(outline, pen);
+    const auto box = node.silhouetteBox(viewScale);
+    const QPainterPath line =
+        box ? lineOf(*box, layer.inset, width).path() : node.silhouetteOutline(viewScale);
+    if (!box && layer.inset != StrokeInsetType::Center) {
+        clipTo(painter, line, layer.inset, TraceReach::kOfMitre * width);
+        pen.setWidthF(2 * width); // one side is cut off
     }
+    painter.strokePath(
+        style > StrokeStyle::SolidLine ? dashedPath(line, style, width, context) : line, pen);
     painter.restore();
     context.forgetPainterState();
 }
