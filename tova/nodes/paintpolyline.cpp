@@ -75,7 +75,8 @@ void PaintContext::drawPolylines(const Polylines& lines)
         return drawHairlines(lines);
     if (isLong(lines.pointCount()) && strokesAsArea())
         return fillInStrips(lines, false);
-    if (lines.lineCount() == 1)
+    // How many dashes there are depends on what is exposed, how each is drawn must not.
+    if (lines.lineCount() == 1 && !m_isCut)
         return drawPoints(lines.line(0), false);
     const QPointF shift = m_isMovedOnly ? m_offset : QPointF();
     const bool isMoved = m_isPixelAligned || !shift.isNull();
