@@ -35,12 +35,14 @@ double PaintContext::dashUnit() const
     return std::max(m_penWidth, 1.0) / pixelsAUnit();
 }
 
-/// On pixels always, since where the toolkit's dashes lie depends on what it leaves out unseen.
-/// Elsewhere a dashed stroke is to stay one, unless it would have too many dashes.
+/// On pixels, since where the toolkit's dashes lie depends on what it leaves out unseen; but what
+/// it fills without antialiasing it rounds by all that is filled at once. Elsewhere a dashed stroke
+/// is to stay one. Whatever would have too many dashes is cut.
 bool PaintContext::cutsDashes(double extent) const
 {
     constexpr double kMost = 10'000;
-    return m_fillsStrokes || !(extent < kMost * dashUnit());
+    const bool isFilledSharp = !m_isAntialiased && m_penWidth > 1;
+    return (m_fillsStrokes && !isFilledSharp) || !(extent < kMost * dashUnit());
 }
 
 /// What is to be painted, in local units and with room for a stroke.
