@@ -188,6 +188,86 @@ private:
 };
 
 // A painter tells before its bounds change; whoever asks in between must not fix the old ones.
+/// What the picture of a part may depend on nothing but the scene for.
+struct PartCase : NamedRow {
+    Node (*make)();
+    StrokeStyle dashes;
+    double width;
+};
+class PartTest : public testing::TestWithParam<PartCase> {};
+
+constexpr double kEndless = 1e18;
+
+Node makeWave()
+{
+    OpenCurvedPathNode wave;
+    for (int i = 0; i < 6; ++i)
+        wave.append({{4.0 + 10 * i, i % 2 ? 38.0 : 2.0}, {-14, 0}, {14, 0}});
+    return wave;
+}
+
+Node makeEndlessShape()
+{
+    Vetra::Shape shape;
+    shape.moveTo({-kEndless, 9});
+    shape.lineTo({kEndless, 12});
+    shape.lineTo({kEndless, 31});
+    return ShapeNode(shape);
+}
+
+TEST_P(PartTest, HasThePixelsOfTheWhole)
+{
+    const auto scene = Scene::createScene();
+    Node node = GetParam().make();
+    DrawStyle style(Stroke(Vetra::Color(0, 0, 0.4), GetParam().width, GetParam().dashes,
+                           StrokeCapStyle::FlatCap, StrokeJoinStyle::MiterJoin, nullptr),
+                    Fill::NoFill());
+    style.setIsAntiAliased(true);
+    node.setDrawStyle(style);
+    scene->addNode(node);
+    const QImage whole = render(*scene, 1);
+    for (const QRect& part : {QRect(0, 0, 30, 20), QRect(13, 7, 21, 9), QRect(29, 18, 31, 22)}) {
+        QImage image(part.size(), whole.format());
+        image.fill(Qt::white);
+        scene->render(
+            image, {},
+            {double(part.x()), double(part.y()), double(part.width()), double(part.height())});
+        EXPECT_EQ(largestDifference(image, whole.copy(part)), 0) << part.x() << ' ' << part.y();
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Pixels, PartTest,
+    testing::Values(
+        PartCase{{"CurveThatLeavesAndComesBack"}, makeWave, StrokeStyle::SolidLine, 1.5},
+        PartCase{{"DashedCurve"}, makeWave, StrokeStyle::DashDotLine, 1.5},
+        PartCase{{"ThinDashes"},
+                 [] {
+                     return Node(EllipseNode(Ellipse({-20, -15, 75, 50})));
+                 },
+                 StrokeStyle::DashLine,
+                 0.7},
+        PartCase{{"EndlessDashedRect"},
+                 [] {
+                     return Node(RectNode({10, 10, kEndless, kEndless}));
+                 },
+                 StrokeStyle::DotLine,
+                 2},
+        PartCase{{"EndlessDashedEllipse"},
+                 [] {
+                     return Node(EllipseNode(Ellipse({10, -kEndless / 2, kEndless, kEndless})));
+                 },
+                 StrokeStyle::DashLine,
+                 2},
+        PartCase{{"EndlessDashedLine"},
+                 [] {
+                     return Node(LineNode({-kEndless, 20}, {kEndless, 20}));
+                 },
+                 StrokeStyle::DashLine,
+                 2},
+        PartCase{{"EndlessDashedShape"}, makeEndlessShape, StrokeStyle::DashLine, 2}),
+    rowName);
+
 TEST(AnnouncedBoundsTest, TakesEffectWithoutATurnOfTheEventLoop)
 {
     const auto scene = Scene::createScene();
